@@ -1,0 +1,36 @@
+# The ways into this project. Every target sets up what it needs first.
+.PHONY: setup build demo test lint sanitize bench clean
+
+CATALOGUES := build/catalogues
+SECTIONDB := build/bin/sectiondb
+# The demonstration's catalogues are protected, as those of an installation are.
+demo bench: export SECTIONDB_PASSWORD := demonstration
+demo: export SECTIONDB_FOLDER := $(CATALOGUES)
+
+setup:
+	@scripts/setup
+
+build: setup
+	@scripts/build release
+
+demo: build
+	@$(SECTIONDB) build data/* --output $(CATALOGUES)
+	@echo && $(SECTIONDB) list American
+	@echo && $(SECTIONDB) show American W12X26
+	@echo && $(SECTIONDB) show American W12X26 --length mm --force kN
+
+test: build
+	@ctest --preset release
+
+lint: setup
+	@scripts/lint
+
+sanitize: setup
+	@scripts/build sanitize
+	@ctest --preset sanitize
+
+bench: build
+	@build/bin/sectiondb_bench
+
+clean:
+	@rm -rf build build-sanitize

@@ -1,0 +1,5 @@
+# Warnings are errors in this project's own code.
+add_library(dbsection_warnings INTERFACE)
+target_compile_options(dbsection_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Werror)

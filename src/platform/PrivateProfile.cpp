@@ -1,0 +1,197 @@
+#include "platform/PrivateProfile.h"
+
+#include "platform/FileDescriptor.h"
+#include "platform/FileSystem.h"
+#include "platform/ProfileText.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <cstring>
+#include <fcntl.h>
+#include <new>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+namespace {
+
+using dbsection::ProfileIndex;
+using std::chrono::nanoseconds;
+
+constexpr std::size_t MaxFileSize = std::size_t{16} << 20;
+constexpr std::size_t MaxKeptFiles = 16;
+
+/// Two changes within this time may carry the same time stamp.
+constexpr nanoseconds ClockGrain = std::chrono::milliseconds(20);
+
+int lastError = 0;
+
+/// Tells one state of a file from another.
+struct FileVersion {
+    explicit FileVersion(const struct stat& status)
+        : device(status.st_dev),
+          inode(status.st_ino),
+          size(status.st_size),
+          modified(std::chrono::seconds(status.st_mtim.tv_sec) +
+                   nanoseconds(status.st_mtim.tv_nsec)) {}
+
+    bool operator==(const FileVersion&) const = default;
+
+    dev_t device;
+    ino_t inode;
+    off_t size;
+    nanoseconds modified;
+};
+
+struct KeptFile {
+    KeptFile(const FileVersion& fileVersion, bool isTrusted, std::string text)
+        : version(fileVersion),
+          trusted(isTrusted),
+          index(std::move(text)) {}
+
+    FileVersion version;
+    bool trusted; ///< whether any later change shows in the version
+    ProfileIndex index;
+};
+
+/// Reads a whole file of modest size. Returns an error number; only regular files are opened, for
+/// others may block.
+int ReadText(const std::string& path, std::string& text, struct stat& status) {
+    const dbsection::FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0)
+        return errno;
+    if (!S_ISREG(status.st_mode))
+        return S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    std::array<char, 1 << 16> block;
+    for (;;) {
+        const ssize_t count = ::read(file.Get(), block.data(), block.size());
+        if (count == 0)
+            return 0;
+        if (count < 0 && errno != EINTR)
+            return errno;
+        text.append(block.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        if (text.size() > MaxFileSize)
+            return EFBIG;
+    }
+}
+
+/// The entries of a file, read again only when the file has changed. Null on error.
+const ProfileIndex* Load(const char* file) {
+    static std::unordered_map<std::string, KeptFile> keptFiles;
+    const std::string path = dbsection::NativePath(file == nullptr ? "" : file);
+    const auto place = keptFiles.find(path);
+    struct stat status {};
+    lastError = ::stat(path.c_str(), &status) == 0 ? 0 : errno;
+    if (place != keptFiles.end()) {
+        const KeptFile& kept = place->second;
+        if (lastError == 0 && kept.trusted && kept.version == FileVersion(status))
+            return &kept.index;
+        keptFiles.erase(place);
+    }
+    if (lastError != 0)
+        return nullptr;
+
+    const nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+    std::string text;
+    lastError = ReadText(path, text, status);
+    if (lastError != 0)
+        return nullptr;
+    if (keptFiles.size() == MaxKeptFiles)
+        keptFiles.clear();
+    const FileVersion version(status);
+    const bool trusted = std::chrono::abs(now - version.modified) > ClockGrain;
+    return &keptFiles.try_emplace(path, version, trusted, std::move(text)).first->second.index;
+}
+
+std::optional<std::string_view> Find(const char* section, const char* key, const char* file) {
+    try {
+        const ProfileIndex* index = Load(file);
+        if (index == nullptr || section == nullptr || key == nullptr)
+            return std::nullopt;
+        return index->Find(section, key);
+    } catch (const std::bad_alloc&) {
+        lastError = ENOMEM;
+        return std::nullopt;
+    }
+}
+
+/// Keeps other writers out of a folder's settings files. The lock is on the folder itself: a file
+/// may not exist yet and is another one after each write. File systems without locks go without.
+class WriteLock {
+public:
+    explicit WriteLock(const std::string& folder)
+        : m_folder(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+        while (m_folder.IsOpen() && ::flock(m_folder.Get(), LOCK_EX) != 0 && errno == EINTR)
+            continue;
+    }
+
+    bool IsUsable() const { return m_folder.IsOpen(); }
+
+private:
+    dbsection::FileDescriptor m_folder;
+};
+
+int Write(std::span<const ProfileEntry> entries, const char* file) {
+    if (!std::ranges::all_of(entries, dbsection::IsWritable))
+        return EINVAL;
+    const std::string path = dbsection::FollowLinks(dbsection::NativePath(file ? file : ""));
+    const WriteLock lock(dbsection::FolderOf(path));
+    if (!lock.IsUsable())
+        return errno;
+    std::string text;
+    struct stat status {};
+    if (const int error = ReadText(path, text, status); error != 0 && error != ENOENT)
+        return error;
+    const std::string changed = dbsection::ChangeProfileText(text, entries);
+    if (changed.size() > MaxFileSize)
+        return EFBIG;
+    return changed == text ? 0 : dbsection::ReplaceFile(path.c_str(), changed);
+}
+
+} // namespace
+
+#ifndef __AFX_H__
+
+unsigned GetPrivateProfileIntA(const char* section, const char* key, int defaultValue,
+                               const char* file) {
+    const std::optional<std::string_view> value = Find(section, key, file);
+    if (!value)
+        return static_cast<unsigned>(defaultValue);
+    const std::string_view digits = value->starts_with('+') ? value->substr(1) : *value;
+    std::int64_t number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return static_cast<unsigned>(number);
+}
+
+DWORD GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,
+                               char* buffer, DWORD size, const char* file) {
+    const std::string_view fallback = defaultValue == nullptr ? "" : defaultValue;
+    const std::string_view value = Find(section, key, file).value_or(fallback);
+    if (buffer == nullptr || size == 0)
+        return 0;
+    const std::size_t count = std::min<std::size_t>(value.size(), size - 1);
+    std::memcpy(buffer, value.data(), count);
+    buffer[count] = '\0';
+    return static_cast<DWORD>(count);
+}
+
+int WritePrivateProfileStringA(const char* section, const char* key, const char* value,
+                               const char* file) {
+    const ProfileEntry entry{section, key, value};
+    return WritePrivateProfileEntries({&entry, 1}, file);
+}
+
+#endif
+
+int WritePrivateProfileEntries(std::span<const ProfileEntry> entries, const char* file) {
+    try {
+        lastError = Write(entries, file);
+    } catch (const std::bad_alloc&) {
+        lastError = ENOMEM;
+    }
+    return lastError == 0;
+}
+
+int GetLastProfileError() { return lastError; }

@@ -1,0 +1,35 @@
+// Settings texts: what a line of a private-profile file means, for reading and for changing it.
+#pragma once
+
+#include "platform/PrivateProfile.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace dbsection {
+
+/// The entries of a settings text, found without regard to case.
+class ProfileIndex {
+public:
+    explicit ProfileIndex(std::string text);
+    ProfileIndex(const ProfileIndex&) = delete;
+    ProfileIndex& operator=(const ProfileIndex&) = delete;
+
+    /// The value of an entry, valid as long as the index.
+    std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
+
+private:
+    std::string m_text;
+    std::unordered_map<std::string, std::string_view> m_values;
+};
+
+/// Whether a change, once written, would be read back as meant.
+bool IsWritable(const ProfileEntry& entry);
+
+/// The text after the changes, which must be writable; all else in it stays byte for byte.
+std::string ChangeProfileText(std::string_view text, std::span<const ProfileEntry> entries);
+
+} // namespace dbsection

@@ -1,0 +1,34 @@
+// Text helpers that do not depend on the host's locale.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace dbsection {
+
+constexpr char ToUpper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+inline std::string UpperCase(std::string_view text) {
+    std::string upper(text);
+    std::ranges::transform(upper, upper.begin(), ToUpper);
+    return upper;
+}
+
+inline bool EqualNoCase(std::string_view left, std::string_view right) {
+    return std::ranges::equal(left, right, {}, ToUpper, ToUpper);
+}
+
+inline std::string_view Trim(std::string_view text) {
+    while (!text.empty() && IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+} // namespace dbsection

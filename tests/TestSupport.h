@@ -1,0 +1,96 @@
+// Helpers shared by the tests: temporary folders, whole files, and children that may be killed.
+#pragma once
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sched.h>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <sys/mount.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace testsupport {
+
+/// A new empty folder, removed with all it holds.
+class TempFolder {
+public:
+    TempFolder() : m_path(std::filesystem::temp_directory_path() / "sectiondb-test-XXXXXX") {
+        if (::mkdtemp(m_path.data()) == nullptr)
+            throw std::runtime_error("no temporary folder can be created at " + m_path);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_path, ignored);
+    }
+
+    const std::string& Path() const { return m_path; }
+    std::string File(const std::string& name) const { return m_path + "/" + name; }
+
+    /// Number of files in the folder.
+    std::ptrdiff_t Count() const {
+        return std::distance(std::filesystem::directory_iterator(m_path), {});
+    }
+
+private:
+    std::string m_path;
+};
+
+inline std::string ReadFile(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline void WriteFile(const std::string& path, std::string_view content) {
+    std::ofstream(path, std::ios::binary) << content;
+}
+
+/// Starts a child that runs `body` and exits with the int it returns (99 on an exception).
+template <class Body>
+pid_t StartChild(Body body) {
+    const pid_t child = ::fork();
+    if (child != 0)
+        return child;
+    try {
+        ::_exit(body());
+    } catch (...) {
+        ::_exit(99);
+    }
+}
+
+/// The exit code of a child, or 128 plus the signal that ended it.
+inline int WaitForChild(pid_t child) {
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+template <class Body>
+int RunInChild(Body body) {
+    return WaitForChild(StartChild(body));
+}
+
+/// In a child: gives up the rights that let root write everywhere.
+inline bool BecomeOrdinaryUser() { return ::geteuid() != 0 || ::seteuid(65534) == 0; }
+
+/// In a child: leaves no more than `bytes` for new data in `folder`, which then is an empty disk of
+/// its own where the system allows it; elsewhere no file can grow beyond `bytes`.
+inline void LimitDisk(const std::string& folder, std::size_t bytes) {
+    const std::string size = "size=" + std::to_string(bytes);
+    if (::unshare(CLONE_NEWNS) == 0 &&
+        ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+        ::mount("tmpfs", folder.c_str(), "tmpfs", 0, size.c_str()) == 0)
+        return;
+    const rlimit limit{bytes, bytes};
+    std::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+} // namespace testsupport
