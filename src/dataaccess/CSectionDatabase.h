@@ -1,0 +1,83 @@
+// A database file: opening, creating, and the list of its tables.
+//
+//     CSectionDatabase database;
+//     database.Open("AISCSections.db3", /*exclusive=*/0, /*readOnly=*/1, ";PWD=secret");
+//
+// Failures throw CSectionException*. A copy refers to the same open file.
+#pragma once
+
+#include "dataaccess/CSectionTableDef.h"
+#include "platform/CString.h"
+#include "platform/Export.h"
+
+#include <memory>
+#include <vector>
+
+namespace dbsection {
+class Connection;
+}
+
+/// Groups databases for transactions: what is written between BeginTrans and CommitTrans to the
+/// databases that were open in the workspace at BeginTrans appears at once, file by file, or not at
+/// all.
+class DBSECTION_API CSectionWorkspace {
+public:
+    void BeginTrans();
+    void CommitTrans();
+    void Rollback();
+
+private:
+    friend class CSectionDatabase;
+
+    std::vector<std::weak_ptr<dbsection::Connection>> m_connections;
+    std::vector<std::shared_ptr<dbsection::Connection>> m_inTransaction;
+};
+
+class DBSECTION_API CSectionDatabase {
+public:
+    explicit CSectionDatabase(CSectionWorkspace* workspace = nullptr) : m_workspace(workspace) {}
+
+    /// Creates a database file; an existing one is left alone and is an error. `descriptor` may
+    /// carry the password of the new file (";PWD=secret"). `options` is accepted and not used.
+    void Create(const char* path, const char* descriptor = nullptr, int options = 0);
+
+    /// Opens a file. `connect` carries the password as ";PWD=secret", or is the password itself. An
+    /// empty one on a protected file means the password in the environment variable
+    /// SECTIONDB_PASSWORD. A file without password opens whatever is given.
+    void Open(const char* path, int exclusive = 0, int readOnly = 0, const char* connect = "");
+
+    bool IsOpen() const;
+    void Close();
+
+    /// The file name as it was given, or empty when nothing was opened.
+    CString GetName() const { return m_name; }
+
+    /// Releases what the engine holds for this object.
+    void DestroyDB();
+
+    /// The number of tables, system and hidden ones included.
+    short GetTableDefCount() const;
+    void GetTableDefInfo(int index, CSectionTableDefInfo& info,
+                         unsigned long level = PrimaryInformation) const;
+    void GetTableDefInfo(const char* name, CSectionTableDefInfo& info,
+                         unsigned long level = PrimaryInformation) const;
+    void DeleteTableDef(const char* name);
+
+private:
+    friend class CSectionTableDef;
+    friend class CSectionRecordset;
+
+    dbsection::Connection& OpenConnection() const;
+    void Join();
+
+    CSectionWorkspace* m_workspace;
+    std::shared_ptr<dbsection::Connection> m_connection;
+    CString m_name;
+};
+
+/// A stored query, named in a database.
+struct DBSECTION_API CSectionQueryDef {
+    CSectionDatabase* m_pDatabase = nullptr;
+    CString m_strName;
+    CString m_strSQL;
+};

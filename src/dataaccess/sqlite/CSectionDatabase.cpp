@@ -1,0 +1,177 @@
+#include "dataaccess/CSectionDatabase.h"
+
+#include "dataaccess/sqlite/Connection.h"
+#include "dataaccess/sqlite/FileKey.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <limits>
+
+using dbsection::Activity;
+using dbsection::Connection;
+using dbsection::Fail;
+using dbsection::WithMemoryErrors;
+
+namespace {
+
+/// The password in a connect text: the value behind PWD among `key=value` parts, or the whole text
+/// where it has no `=`.
+std::string PasswordIn(std::string_view connect) {
+    if (connect.find('=') == std::string_view::npos)
+        return std::string(connect);
+    while (!connect.empty()) {
+        const std::string_view part = connect.substr(0, connect.find(';'));
+        connect.remove_prefix(std::min(connect.size(), part.size() + 1));
+        const std::size_t equals = part.find('=');
+        if (equals != std::string_view::npos &&
+            dbsection::EqualNoCase(dbsection::Trim(part.substr(0, equals)), "PWD"))
+            return std::string(part.substr(equals + 1));
+    }
+    return {};
+}
+
+std::int32_t AttributesOf(std::string_view table) {
+    if (dbsection::EqualNoCase(table.substr(0, 7), "sqlite_") ||
+        dbsection::EqualNoCase(table.substr(0, 4), "MSys"))
+        return SystemTableBits;
+    return table.starts_with('~') ? HiddenTableBit : 0;
+}
+
+std::int32_t CountRows(Connection& connection, const std::string& table) {
+    const auto lease = connection.Own("SELECT count(*) FROM " + dbsection::Quoted(table));
+    connection.Step(lease.Get(), table, Activity::Reading);
+    return sqlite3_column_int(lease.Get(), 0);
+}
+
+void Describe(Connection& connection, const std::string& table, CSectionTableDefInfo& info,
+              unsigned long level) {
+    info = {};
+    info.m_strName = CString(table);
+    info.m_lAttributes = AttributesOf(table);
+    info.m_bUpdatable = connection.IsReadOnly() || !info.IsUserTable() ? 0 : 1;
+    if (level >= AllInformation)
+        info.m_lRecordCount = CountRows(connection, table);
+}
+
+} // namespace
+
+void CSectionWorkspace::BeginTrans() {
+    WithMemoryErrors([&] {
+        std::vector<std::shared_ptr<Connection>> begun;
+        begun.reserve(m_connections.size());
+        try {
+            for (const auto& weak : m_connections)
+                if (auto connection = weak.lock(); connection && connection->IsOpen()) {
+                    connection->Execute("BEGIN IMMEDIATE", Activity::Writing);
+                    begun.push_back(connection);
+                }
+            m_inTransaction.insert(m_inTransaction.end(), begun.begin(), begun.end());
+        } catch (...) {
+            for (const auto& connection : begun)
+                connection->ForgetChanges();
+            throw;
+        }
+    });
+}
+
+void CSectionWorkspace::CommitTrans() {
+    for (const auto& connection : m_inTransaction)
+        connection->Execute("COMMIT", Activity::Writing);
+    m_inTransaction.clear();
+}
+
+void CSectionWorkspace::Rollback() {
+    for (const auto& connection : m_inTransaction)
+        connection->ForgetChanges();
+    m_inTransaction.clear();
+}
+
+void CSectionDatabase::Create(const char* path, const char* descriptor, int /*options*/) {
+    WithMemoryErrors([&] {
+        std::string password = PasswordIn(descriptor == nullptr ? "" : descriptor);
+        m_connection = Connection::Create(path, password);
+        dbsection::WipeText(password);
+        m_name = path;
+        Join();
+    });
+}
+
+void CSectionDatabase::Open(const char* path, int exclusive, int readOnly, const char* connect) {
+    WithMemoryErrors([&] {
+        std::string password = PasswordIn(connect == nullptr ? "" : connect);
+        m_connection = Connection::Open(path, password,
+                                        {.exclusive = exclusive != 0, .readOnly = readOnly != 0});
+        dbsection::WipeText(password);
+        m_name = path;
+        Join();
+    });
+}
+
+void CSectionDatabase::Join() {
+    if (m_workspace == nullptr)
+        return;
+    std::erase_if(m_workspace->m_connections, [](const auto& weak) { return weak.expired(); });
+    m_workspace->m_connections.push_back(m_connection);
+}
+
+bool CSectionDatabase::IsOpen() const { return m_connection && m_connection->IsOpen(); }
+
+void CSectionDatabase::Close() {
+    if (m_connection)
+        m_connection->Close();
+}
+
+void CSectionDatabase::DestroyDB() {
+    Close();
+    m_connection.reset();
+}
+
+Connection& CSectionDatabase::OpenConnection() const {
+    if (!m_connection)
+        Fail(SectionError::ObjectClosed, "The database was not opened; open it first.");
+    m_connection->RequireOpen();
+    return *m_connection;
+}
+
+short CSectionDatabase::GetTableDefCount() const {
+    return WithMemoryErrors([&] {
+        constexpr std::size_t Most = std::numeric_limits<short>::max();
+        return static_cast<short>(std::min(OpenConnection().Tables().size(), Most));
+    });
+}
+
+void CSectionDatabase::GetTableDefInfo(int index, CSectionTableDefInfo& info,
+                                       unsigned long level) const {
+    WithMemoryErrors([&] {
+        Connection& connection = OpenConnection();
+        const auto& tables = connection.Tables();
+        if (index < 0 || static_cast<std::size_t>(index) >= tables.size())
+            Fail(SectionError::NoSuchItem,
+                 connection.Path() + ": there is no table number " + std::to_string(index) + ".");
+        Describe(connection, tables[static_cast<std::size_t>(index)], info, level);
+    });
+}
+
+void CSectionDatabase::GetTableDefInfo(const char* name, CSectionTableDefInfo& info,
+                                       unsigned long level) const {
+    WithMemoryErrors([&] {
+        Connection& connection = OpenConnection();
+        const auto table = connection.FindTable(name);
+        if (!table)
+            Fail(SectionError::NoSuchItem,
+                 connection.Path() + ": there is no table \"" + name + "\".");
+        Describe(connection, *table, info, level);
+    });
+}
+
+void CSectionDatabase::DeleteTableDef(const char* name) {
+    WithMemoryErrors([&] {
+        Connection& connection = OpenConnection();
+        connection.RequireWritable();
+        const auto table = connection.FindTable(name);
+        if (!table)
+            Fail(SectionError::NoSuchItem,
+                 connection.Path() + ": there is no table \"" + name + "\" to delete.");
+        connection.ChangeSchema("DROP TABLE " + dbsection::Quoted(*table));
+    });
+}

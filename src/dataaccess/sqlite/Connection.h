@@ -1,0 +1,129 @@
+// An open database file of the engine: keys, safety settings, statements, and the list of tables.
+#pragma once
+
+#include "dataaccess/CSectionException.h"
+#include "dataaccess/sqlite/EngineError.h"
+#include "dataaccess/sqlite/SqlText.h"
+#include "dataaccess/sqlite/Statement.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dbsection {
+
+/// Whether the rows of a query are to be written to.
+enum class Editing { No, IfPossible };
+
+/// A reading statement ready to run, and the texts lifted from it, which are bound to it and must
+/// outlive the run.
+struct ReadyQuery {
+    StatementLease lease;
+    std::vector<std::string> parameters;
+};
+
+/// The state of the data that a query saw: equal stamps mean unchanged data.
+struct DataStamp {
+    std::int64_t ownChanges = 0;
+    std::int64_t othersChanges = 0;
+    bool operator==(const DataStamp&) const = default;
+};
+
+class Connection {
+public:
+    struct Access {
+        bool exclusive = false;
+        bool readOnly = false;
+    };
+
+    static std::shared_ptr<Connection> Open(const std::string& path, const std::string& password,
+                                            Access access);
+
+    /// Creates the file; one that exists is an error.
+    static std::shared_ptr<Connection> Create(const std::string& path, const std::string& password);
+
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    bool IsOpen() const { return m_database != nullptr; }
+    void Close();
+    bool IsReadOnly() const;
+    const std::string& Path() const { return m_path; }
+
+    /// A statement of the library's own, kept ready.
+    StatementLease Own(const std::string& sql);
+
+    /// Runs statements of the library's own.
+    void Execute(const std::string& sql, Activity activity);
+
+    /// Steps a statement: true at a row, false at the end.
+    bool Step(sqlite3_stmt* statement, const std::string& subject, Activity activity);
+
+    /// A statement of a caller: it must read, and nothing may follow it. Its first
+    /// `ownParameters` parameters are left to be bound.
+    ReadyQuery Query(std::string_view sql, Editing editing, SectionError::Number unknownName,
+                     int ownParameters = 0);
+
+    /// Makes every statement ready anew when it is used next.
+    void ForgetStatements() { m_kept.Clear(); }
+
+    /// The rows changed by a written statement; the data stamp changes with it.
+    int Write(sqlite3_stmt* statement, const std::string& subject);
+
+    /// Runs a change of the tables as one transaction and forgets what was known of them.
+    void ChangeSchema(const std::string& sql);
+
+    /// Costs little while a reading statement is under way, else a lock of the file.
+    DataStamp Stamp();
+
+    /// Tables in the order of their creation. The list is read again when another program changed
+    /// it.
+    const std::vector<std::string>& Tables();
+
+    /// The table's name as it was created, or nothing; letter case is ignored.
+    std::optional<std::string> FindTable(std::string_view name);
+
+    std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
+    void RequireOpen() const;
+    void RequireWritable() const;
+
+    /// Undoes a transaction.
+    void ForgetChanges();
+
+private:
+    explicit Connection(std::string path) : m_path(std::move(path)) {}
+
+    static int Authorize(void* self, int action, const char* first, const char* second,
+                         const char* database, const char* viewOrTrigger);
+
+    void OpenFile();
+    void LimitTrust();
+    void Key(const std::string& password);
+    void KeyProtectedFile(const unsigned char* firstBytes, const std::string& password);
+    void CheckReadable(bool isProtected);
+    void LockExclusively();
+
+    StatementPtr Prepare(const std::string& sql);
+    std::optional<KeptStatement> PrepareQuery(const std::string& sql, Editing editing);
+    KeptStatement& KeptQuery(const std::string& sql, Editing editing,
+                             SectionError::Number unknownName);
+    std::shared_ptr<const QueryShape> ShapeOf(sqlite3_stmt* statement, bool hasRowId) const;
+    std::int64_t PragmaValue(const std::string& sql);
+
+    std::string m_path;
+    sqlite3* m_database = nullptr;
+    bool m_readOnly = false;
+    bool m_callersStatement = false; ///< the authorizer then allows reading only
+    std::string m_lastPrepareError;
+    int m_lastPrepareCode = SQLITE_OK;
+    StatementStore m_kept;
+    std::int64_t m_ownChanges = 0;
+    std::vector<std::string> m_tables;
+    std::int64_t m_tablesVersion = -1;
+};
+
+} // namespace dbsection

@@ -1,0 +1,25 @@
+// Field types, the declared column types that stand for them, and their values.
+#pragma once
+
+#include "dataaccess/CSectionFieldInfo.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace dbsection {
+
+/// The field type of a declared column type such as "VARCHAR(40)", or 0.
+std::int16_t FieldTypeOf(std::string_view declaredType);
+
+/// The size that a declared type carries, or the size of its values in bytes.
+std::int32_t FieldSizeOf(std::string_view declaredType);
+
+/// The column definition of a CREATE TABLE or ALTER TABLE statement. A field of unknown type is
+/// refused.
+std::string ColumnDefinition(const CSectionFieldInfo& field);
+
+/// The type name of a CAST that gives a value the field type's affinity, or empty.
+std::string_view CastOf(std::int16_t type);
+
+} // namespace dbsection

@@ -1,0 +1,63 @@
+// The rows of a query, held in memory as the engine stored them.
+#pragma once
+
+#include <cstdint>
+#include <sqlcipher/sqlite3.h>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dbsection {
+
+/// One value. Texts and bytes lie in the store.
+struct Cell {
+    enum class Storage : std::uint8_t { Null, Integer, Real, Text, Bytes };
+
+    struct Extent {
+        std::uint32_t begin;
+        std::uint32_t length;
+    };
+
+    Storage storage = Storage::Null;
+    union {
+        std::int64_t integer;
+        double real;
+        Extent extent;
+    };
+};
+
+/// Rows of equal width, each with the identifier that it has in its table (0 where none is known).
+class RowStore {
+public:
+    explicit RowStore(int columns = 0) : m_columns(static_cast<std::size_t>(columns)) {}
+
+    int Count() const { return static_cast<int>(m_ids.size()); }
+
+    /// Appends the row that a statement is at; the identifier is the column behind the last one.
+    void Append(sqlite3_stmt* row, bool hasId);
+
+    /// Replaces the values of a row.
+    void Replace(int index, sqlite3_stmt* row);
+
+    void Remove(int index);
+
+    std::int64_t Id(int index) const { return m_ids[static_cast<std::size_t>(index)]; }
+    void SetId(int index, std::int64_t id) { m_ids[static_cast<std::size_t>(index)] = id; }
+    const Cell& At(int index, int column) const {
+        return m_cells[static_cast<std::size_t>(index) * m_columns +
+                       static_cast<std::size_t>(column)];
+    }
+    std::string_view TextOf(const Cell& cell) const {
+        return std::string_view(m_texts).substr(cell.extent.begin, cell.extent.length);
+    }
+
+private:
+    Cell Read(sqlite3_stmt* row, int column);
+
+    std::size_t m_columns;
+    std::vector<Cell> m_cells;
+    std::vector<std::int64_t> m_ids;
+    std::string m_texts;
+};
+
+} // namespace dbsection

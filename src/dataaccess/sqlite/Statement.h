@@ -1,0 +1,83 @@
+// Prepared statements of the database engine.
+#pragma once
+
+#include "dataaccess/CSectionFieldInfo.h"
+
+#include <cstdint>
+#include <list>
+#include <memory>
+#include <sqlcipher/sqlite3.h>
+#include <string>
+#include <vector>
+
+namespace dbsection {
+
+struct StatementDeleter {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using StatementPtr = std::unique_ptr<sqlite3_stmt, StatementDeleter>;
+
+/// A result column of a reading statement.
+struct ResultColumn {
+    std::string name;
+    std::int16_t type = 0; ///< field type code, 0 for an expression
+    std::int32_t size = 0;
+    std::string table; ///< table and column that it comes from, empty for an expression
+    std::string origin;
+    bool required = false;
+    bool isRecordId = false;
+};
+
+/// What a reading statement delivers.
+struct QueryShape {
+    std::vector<ResultColumn> columns;
+    std::string editableTable; ///< the one table that rows can be written to, or empty
+    bool hasRowId = false;     ///< one more column follows: the row's identifier
+};
+
+/// A statement kept ready for the next use of the same text.
+struct KeptStatement {
+    std::string key;
+    StatementPtr statement;
+    std::shared_ptr<const QueryShape> shape;
+    bool inUse = false;
+};
+
+/// The use of a kept statement; it is ready for the next use when the lease ends.
+class StatementLease {
+public:
+    explicit StatementLease(KeptStatement& kept) : m_kept(&kept) { kept.inUse = true; }
+    StatementLease(StatementLease&& other) noexcept : m_kept(other.m_kept) {
+        other.m_kept = nullptr;
+    }
+    StatementLease(const StatementLease&) = delete;
+    StatementLease& operator=(const StatementLease&) = delete;
+    StatementLease& operator=(StatementLease&&) = delete;
+    ~StatementLease() {
+        if (m_kept == nullptr)
+            return;
+        sqlite3_reset(Get());
+        sqlite3_clear_bindings(Get());
+        m_kept->inUse = false;
+    }
+
+    sqlite3_stmt* Get() const { return m_kept->statement.get(); }
+    const std::shared_ptr<const QueryShape>& Shape() const { return m_kept->shape; }
+
+private:
+    KeptStatement* m_kept;
+};
+
+/// The statements that a connection keeps ready, the last used first.
+class StatementStore {
+public:
+    /// The free statement of that key, or null.
+    KeptStatement* Find(const std::string& key);
+    KeptStatement& Keep(KeptStatement statement);
+    void Clear() { m_statements.clear(); }
+
+private:
+    std::list<KeptStatement> m_statements;
+};
+
+} // namespace dbsection
