@@ -1,0 +1,259 @@
+#include "catalogues/SectionDBBase.h"
+
+#include "dataaccess/CCrack.h"
+#include "dataaccess/Guard.h"
+#include "records/LayoutRecords.h"
+#include "units/UNIT.h"
+
+namespace {
+
+constexpr int IdentifierColumn = 0;
+constexpr int NameColumn = 1;
+constexpr int VessaNameColumn = 2;
+
+using dbsection::Guarded;
+
+/// Calls `visit` with the name of each section table in the database's table order, until it
+/// returns true.
+template <class Visit>
+void ForEachSectionTable(CSectionDatabase* database, Visit visit) {
+    if (database == nullptr)
+        return;
+    Guarded({"getTableInfo()", "Failed to get information on table."}, [&] {
+        CSectionTableDefInfo info;
+        const int count = database->GetTableDefCount();
+        for (int index = 0; index < count; ++index) {
+            database->GetTableDefInfo(index, info, PrimaryInformation);
+            const CString& table = info.m_strName;
+            if (info.IsUserTable() && table != "Field Units" && table != "DBInfo" && visit(table))
+                break;
+        }
+        return 1;
+    });
+}
+
+/// Whether a table has a row satisfying the condition. A table without the columns of the condition
+/// has none.
+bool HasRow(CSectionDatabase* database, const CString& table, const CString& condition) {
+    return Guarded({"openRecordset()",
+                    "Failed to open Recordset.",
+                    0,
+                    {SectionError::UnknownNameInStatement}},
+                   [&] {
+                       CSectionRecordset rows(database);
+                       rows.Open(CSectionRecordset::Snapshot,
+                                 "Select * From [" + table + "] WHERE " + condition);
+                       return rows.IsEOF() ? 0 : 1;
+                   }) == 1;
+}
+
+CString OrderClause(const CStringArray& columns) {
+    CString clause;
+    for (int i = 0; i < columns.GetSize(); ++i)
+        clause += " [" + columns[i] + "] ASC" + (i + 1 < columns.GetSize() ? "," : "");
+    return " ORDER BY" + clause;
+}
+
+} // namespace
+
+SectionDBBase::~SectionDBBase() {
+    closeRecordset(&m_pRecordset);
+    ReleaseOwnDatabase();
+}
+
+int SectionDBBase::FindTableWith(const CString& condition, CString& table) {
+    table = {};
+    ForEachSectionTable(m_pDatabase, [&](const CString& candidate) {
+        if (!HasRow(m_pDatabase, candidate, condition))
+            return false;
+        table = candidate;
+        return true;
+    });
+    return table.IsEmpty() ? 0 : 1;
+}
+
+int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
+    return FindTableWith(CString("[VessaName] = '") + name + "'", table);
+}
+
+int SectionDBBase::GetTableNameFromSection(const char* name, CString& table) {
+    return FindTableWith(CString("UPPER([VessaName]) = '") + name + "'", table);
+}
+
+int SectionDBBase::FindSectionTable(const char* name, CString& table) {
+    return FindTableWith(CString("UPPER([VessaName]) = UPPER('") + name + "')", table);
+}
+
+void SectionDBBase::GetAllSectionDataForGUI(int, CStringArray*, float (*)[16], unsigned int,
+                                            unsigned int) {}
+
+int SectionDBBase::GetSectionDataForGUI(int, int, int, CString*, float*, const char*, unsigned int,
+                                        unsigned int) {
+    return 0;
+}
+
+int SectionDBBase::GetSectionDataForGUI(int, const char*, int*, int*, float*, unsigned int,
+                                        unsigned int) {
+    return 0;
+}
+
+int SectionDBBase::GetSectionDataForGUIAllValues(int, const char*, int*, int*, float*) { return 0; }
+
+SectionRecord* SectionDBBase::GetSectionData(const char*, int*) { return nullptr; }
+
+SECTIONINFO* SectionDBBase::GetSectionStructProperty(const char*, unsigned int, unsigned int,
+                                                     int*) {
+    return nullptr;
+}
+
+int SectionDBBase::AddSectionData(WORD, SECTIONINFO*) { return 0; }
+
+int SectionDBBase::UpdateSectionData(WORD, SECTIONINFO*) { return 0; }
+
+int SectionDBBase::GetSectionTypeList(CStringList* list) {
+    ForEachSectionTable(m_pDatabase, [&](const CString& table) {
+        for (const auto& [type, known] : m_mapTableNames)
+            if (known == table) {
+                list->AddTail(known);
+                break;
+            }
+        return false;
+    });
+    return 1;
+}
+
+int SectionDBBase::OpenSql(const CString& sql, int openType) {
+    m_szSQL = sql;
+    return openRecordset(&m_pDatabase, &m_pRecordset, m_szSQL, openType, 1);
+}
+
+int SectionDBBase::OpenTable(int sectionType, const CString& orderBy) {
+    return OpenSql("SELECT * FROM [" + GetTableName(sectionType) + "]" + orderBy,
+                   CSectionRecordset::Snapshot);
+}
+
+/// Lists a column of the open recordset and closes it.
+int SectionDBBase::ListNames(CStringList* list, CUIntArray* ids, int nameColumn) {
+    const int count = getRecordCount(&m_pRecordset);
+    const int result = Guarded({"GetSectionNameList()", "Failed to list the sections."}, [&] {
+        if (count == 0)
+            return 1;
+        if (ids != nullptr)
+            ids->SetSize(count);
+        m_pRecordset->MoveFirst();
+        for (int i = 0; i < count; ++i, m_pRecordset->MoveNext()) {
+            if (ids != nullptr)
+                ids->SetAt(i, static_cast<unsigned int>(dbsection::NumberIn(
+                                  m_pRecordset->GetFieldValue(IdentifierColumn))));
+            list->AddTail(CCrack::strVARIANT(m_pRecordset->GetFieldValue(nameColumn)));
+        }
+        return 1;
+    });
+    closeRecordset(&m_pRecordset);
+    return result;
+}
+
+int SectionDBBase::GetSectionNameList(int sectionType, CStringList* list, CUIntArray* ids,
+                                      int sorted, int publicName) {
+    CString orderBy;
+    CStringArray columns;
+    if (sorted != 0 && GetSectionFieldNameArray(sectionType, &columns) == 1)
+        orderBy = " ORDER BY [" + columns.GetAt(IdentifierColumn) + "] ASC";
+    if (OpenTable(sectionType, orderBy) == -1)
+        return 0;
+    return ListNames(list, ids, publicName != 0 ? NameColumn : VessaNameColumn);
+}
+
+int SectionDBBase::GetSortedSectionNameList(int sectionType, CStringList* list, CUIntArray* ids,
+                                            const CStringArray* sortFields, int /*flag*/) {
+    const CString orderBy =
+        sortFields == nullptr || sortFields->IsEmpty() ? CString() : OrderClause(*sortFields);
+    if (OpenTable(sectionType, orderBy) == -1)
+        return 0;
+    return ListNames(list, ids, VessaNameColumn);
+}
+
+int SectionDBBase::GetSectionFieldNameArray(int sectionType, CStringArray* names) {
+    if (OpenTable(sectionType) == -1)
+        return 0;
+    const int result = Guarded({"getFieldInfo()", "Couldn't get information on field"}, [&] {
+        names->RemoveAll();
+        names->SetSize(m_pRecordset->GetFieldCount());
+        for (int i = 0; i < names->GetSize(); ++i) {
+            CSectionFieldInfo field;
+            m_pRecordset->GetFieldInfo(i, field);
+            names->SetAt(i, field.m_strName);
+        }
+        return 1;
+    });
+    closeRecordset(&m_pRecordset);
+    return result;
+}
+
+int SectionDBBase::GetSectionFieldUnitsArray(int sectionType, CStringArray* units) {
+    UNIT::GetFieldUnitArray(m_pDatabase, GetTableName(sectionType), units);
+    return 1;
+}
+
+int SectionDBBase::GetSectionCount(int sectionType) {
+    if (OpenTable(sectionType) == -1)
+        return 0;
+    const int count = getRecordCount(&m_pRecordset);
+    closeRecordset(&m_pRecordset);
+    return count;
+}
+
+int SectionDBBase::GetSectionFieldCount(int sectionType) {
+    if (OpenTable(sectionType) == -1)
+        return 0;
+    const int count = getFieldCount(&m_pRecordset);
+    closeRecordset(&m_pRecordset);
+    return count > 0 ? count - BookkeepingColumns : count;
+}
+
+void SectionDBBase::SetDatabase(CSectionDatabase* database) {
+    closeRecordset(&m_pRecordset);
+    ReleaseOwnDatabase();
+    m_pDatabase = database;
+    m_szFileName = database == nullptr ? CString() : database->GetName();
+    m_szTableName = {};
+    m_szSQL = {};
+    m_bShared = 1;
+}
+
+int SectionDBBase::OpenSectionDatabase() {
+    if (m_pDatabase != nullptr && m_pDatabase->IsOpen())
+        return 1;
+    if (m_szFileName.IsEmpty()) {
+        HandleFileException(new CFileException, "Database filename not provided.",
+                            "OpenSectionDatabase()");
+        return 0;
+    }
+    if (m_bShared != 0)
+        m_pDatabase = nullptr;
+    m_bShared = 0;
+    return openDatabase(&m_pDatabase, m_szFileName, 1, 0, 0, "", nullptr) == 1 ? 1 : 0;
+}
+
+void SectionDBBase::CloseDB() {
+    FreeSectionRecords();
+    closeRecordset(&m_pRecordset);
+    ReleaseOwnDatabase();
+}
+
+void SectionDBBase::ReleaseOwnDatabase() {
+    if (m_bShared == 0)
+        closeDatabase(&m_pDatabase, 1);
+}
+
+CString SectionDBBase::GetTableName(int sectionType) const {
+    CString table;
+    m_mapTableNames.Lookup(sectionType, table);
+    return table;
+}
+
+int SectionDBBase::GetShapeType(int sectionType) const {
+    int shapeType = 0;
+    m_mapShapeTypes.Lookup(sectionType, shapeType);
+    return shapeType;
+}

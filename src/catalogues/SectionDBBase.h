@@ -1,0 +1,131 @@
+// The abstract catalogue: what is known of one catalogue's tables, and how they are read.
+//
+//     SectionDBBase* catalogue = SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(1);
+//     catalogue->SetDatabase(SectionDBInterface::GetDatabasePtr(1));
+//     CStringList names;
+//     catalogue->GetSectionNameList(1, &names, nullptr, 1, 0);
+//
+// One object serves one catalogue; the driver owns it. Section types are the catalogue's own
+// numbers for its tables. Operations return 1 for success and 0 for failure; failures of the
+// database are reported by the data-access functions, and nothing is thrown.
+#pragma once
+
+#include "dataaccess/DataAccess.h"
+#include "platform/CString.h"
+#include "platform/Collections.h"
+#include "platform/Export.h"
+#include "records/SectionInfo.h"
+
+class DBSECTION_API SectionDBBase {
+public:
+    SectionDBBase() = default;
+    SectionDBBase(const SectionDBBase&) = delete;
+    SectionDBBase& operator=(const SectionDBBase&) = delete;
+    virtual ~SectionDBBase();
+
+    /// Deletes the section records that the object read and keeps; forgets all of them.
+    virtual void FreeSectionRecords() = 0;
+
+    /// Empties the slots of the section records. A record that the object read itself goes with
+    /// its slot; one that a caller handed in stays the caller's.
+    virtual void InitSectionRecords() = 0;
+
+    // The table that holds a section, by its VessaName: exactly; against the upper-cased column;
+    // without regard to letter case. `table` is emptied when there is none.
+    virtual int FindSectionTableExact(const char* name, CString& table);
+    virtual int GetTableNameFromSection(const char* name, CString& table);
+    virtual int FindSectionTable(const char* name, CString& table);
+
+    // Display values and records: the defaults do nothing and return 0 or null.
+    virtual void GetAllSectionDataForGUI(int sectionType, CStringArray* names, float (*values)[16],
+                                         unsigned int unit1, unsigned int unit2);
+    virtual int GetSectionDataForGUI(int index, int sectionType, int recordNo, CString* name,
+                                     float* values, const char* unitText, unsigned int unit1,
+                                     unsigned int unit2);
+    virtual int GetSectionDataForGUI(int index, const char* name, int* sectionType, int* recordNo,
+                                     float* values, unsigned int unit1, unsigned int unit2);
+    virtual int GetSectionDataForGUIAllValues(int index, const char* name, int* sectionType,
+                                              int* recordNo, float* values);
+
+    /// The row of a section as a new record, which the caller owns, and its section type.
+    virtual SectionRecord* GetSectionData(const char* name, int* sectionType);
+
+    /// The property summary of a section as a new record, which the caller owns: lengths in the
+    /// length unit `unit1` (1001 to 1008), forces in the force unit `unit2` (2001 to 2008).
+    virtual SECTIONINFO* GetSectionStructProperty(const char* name, unsigned int unit1,
+                                                  unsigned int unit2, int* sectionType);
+
+    virtual int AddSectionData(WORD id, SECTIONINFO* record);
+    virtual int UpdateSectionData(WORD id, SECTIONINFO* record);
+
+    /// Appends the names of the section tables, in the database's table order.
+    virtual int GetSectionTypeList(CStringList* list);
+
+    /// Appends the sections' VessaNames, or their public names, sorted by record identifier on
+    /// request. `ids`, where given, receives the identifiers in list order.
+    virtual int GetSectionNameList(int sectionType, CStringList* list, CUIntArray* ids, int sorted,
+                                   int publicName);
+
+    /// The same, sorted by the given columns in ascending order.
+    virtual int GetSortedSectionNameList(int sectionType, CStringList* list, CUIntArray* ids,
+                                         const CStringArray* sortFields, int flag);
+
+    /// The names of all columns, bookkeeping columns included.
+    virtual int GetSectionFieldNameArray(int sectionType, CStringArray* names);
+
+    /// The units of all columns, bookkeeping columns included.
+    virtual int GetSectionFieldUnitsArray(int sectionType, CStringArray* units);
+
+    virtual int GetSectionCount(int sectionType);
+
+    /// The number of property columns.
+    virtual int GetSectionFieldCount(int sectionType);
+
+    /// Fills the map from section type to table name anew.
+    virtual void InitTableNameMap() = 0;
+
+    /// Attaches a database, which stays the caller's and must outlive its use here.
+    void SetDatabase(CSectionDatabase* database);
+
+    /// 1 when the database is usable. One that was closed is opened again by its file name.
+    int OpenSectionDatabase();
+
+    void CloseDB();
+
+    /// The table of a section type, or empty.
+    CString GetTableName(int sectionType) const;
+
+    /// The shape type of a section type: 1 I shape, 2 channel, 3 angle, 4 double angle, 5 tee,
+    /// 6 round, 7 rectangular tube, 8 general, 9 I section of the user tables, 10 rectangle; 0 when
+    /// the catalogue does not know the type.
+    int GetShapeType(int sectionType) const;
+
+    /// The table that AddSectionData, UpdateSectionData and the display functions work on.
+    void SetWorkingTable(const CString& table) { m_szTableName = table; }
+
+    const CMap<int, int, CString, CString>& TableNames() const { return m_mapTableNames; }
+
+protected:
+    /// Finds the first section table with a row satisfying `column = text`, as written.
+    int FindTableWith(const CString& condition, CString& table);
+
+    /// Opens a statement into the object's recordset and keeps its text.
+    int OpenSql(const CString& sql, int openType);
+
+    /// Opens "SELECT * FROM" the table of a section type.
+    int OpenTable(int sectionType, const CString& orderBy = {});
+
+    CSectionDatabase* m_pDatabase = nullptr;
+    CSectionRecordset* m_pRecordset = nullptr;
+    CString m_szFileName;
+    CString m_szTableName;
+    CString m_szSQL;
+    CString m_szWork;
+    int m_bShared = 0; ///< the database was attached and must not be closed here
+    CMap<int, int, CString, CString> m_mapTableNames;
+    CMap<int, int, int, int> m_mapShapeTypes;
+
+private:
+    int ListNames(CStringList* list, CUIntArray* ids, int nameColumn);
+    void ReleaseOwnDatabase();
+};

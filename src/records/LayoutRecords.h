@@ -1,0 +1,108 @@
+// The records of the shared layouts. Their fields are the property columns in table order, in the
+// units that the catalogue keeps for them; SectionLayout.h tells what each means.
+#pragma once
+
+#include "records/SectionRecord.h"
+
+#include <array>
+#include <cstddef>
+
+namespace dbsection {
+
+/// The number that a column value means; 0 for a text.
+DBSECTION_API double NumberIn(const COleVariant& value);
+
+/// A field of a record: a number or a text.
+template <class Record>
+struct Field {
+    constexpr Field(double Record::*member) : number(member) {}
+    constexpr Field(CString Record::*member) : text(member) {}
+
+    double Record::*number = nullptr;
+    CString Record::*text = nullptr;
+};
+
+/// Column access for a record that lists its fields in column order in `Fields`.
+template <class Record>
+class LayoutRecord : public SectionRecord {
+public:
+    int ColumnCount() const override { return static_cast<int>(Record::Fields().size()); }
+
+    double Number(int column) const override {
+        const auto* field = FieldAt(column);
+        return field == nullptr || field->number == nullptr ? 0 : Self().*(field->number);
+    }
+
+    void SetColumn(int column, const COleVariant& value) override {
+        const auto* field = FieldAt(column);
+        if (field == nullptr || value.vt == VT_NULL)
+            return;
+        auto& self = static_cast<Record&>(*this);
+        if (field->number != nullptr)
+            self.*(field->number) = NumberIn(value);
+        else
+            self.*(field->text) = value.strVal;
+    }
+
+private:
+    const Record& Self() const { return static_cast<const Record&>(*this); }
+
+    static const Field<Record>* FieldAt(int column) {
+        const int index = column - BookkeepingColumns;
+        const auto& fields = Record::Fields();
+        return index < 0 || index >= static_cast<int>(fields.size())
+                   ? nullptr
+                   : &fields[static_cast<std::size_t>(index)];
+    }
+};
+
+} // namespace dbsection
+
+struct DBSECTION_API IShapeRecord : dbsection::LayoutRecord<IShapeRecord> {
+    double AX{}, D{}, BF{}, TF{}, TW{}, IZ{}, IX{}, CW{}, IY{}, ZZ{}, ZY{};
+
+    static const std::array<dbsection::Field<IShapeRecord>, 11>& Fields();
+};
+
+struct DBSECTION_API ChannelRecord : dbsection::LayoutRecord<ChannelRecord> {
+    double AX{}, D{}, BF{}, TF{}, TW{}, IZ{}, IX{}, CW{}, IY{}, ZZ{}, ZY{}, CZ{};
+
+    static const std::array<dbsection::Field<ChannelRecord>, 12>& Fields();
+};
+
+struct DBSECTION_API AngleRecord : dbsection::LayoutRecord<AngleRecord> {
+    double D{}, B{}, T{}, AX{}, IZ{}, IY{}, IX{}, CY{}, CZ{}, RV{}, ALPHA{};
+
+    static const std::array<dbsection::Field<AngleRecord>, 11>& Fields();
+};
+
+struct DBSECTION_API RectangularTubeRecord : dbsection::LayoutRecord<RectangularTubeRecord> {
+    double AX{}, D{}, B{}, T{}, IZ{}, IX{}, IY{}, ZZ{}, ZY{};
+
+    static const std::array<dbsection::Field<RectangularTubeRecord>, 9>& Fields();
+};
+
+struct DBSECTION_API RoundTubeRecord : dbsection::LayoutRecord<RoundTubeRecord> {
+    double OD{}, T{}, AX{}, I{}, Z{};
+
+    static const std::array<dbsection::Field<RoundTubeRecord>, 5>& Fields();
+};
+
+struct DBSECTION_API RoundBarRecord : dbsection::LayoutRecord<RoundBarRecord> {
+    double D{}, AX{}, I{};
+
+    static const std::array<dbsection::Field<RoundBarRecord>, 3>& Fields();
+};
+
+struct DBSECTION_API CableRecord : dbsection::LayoutRecord<CableRecord> {
+    double D{}, AX{}, W{};
+
+    static const std::array<dbsection::Field<CableRecord>, 3>& Fields();
+};
+
+struct DBSECTION_API CastellatedRecord : dbsection::LayoutRecord<CastellatedRecord> {
+    CString RootBeam;
+    double D{}, AX{}, BF{}, TF{}, TW{}, IZ{}, IY{}, HO{}, S{}, E{}, DT{}, THETA{};
+
+    static const std::array<dbsection::Field<CastellatedRecord>, 13>& Fields();
+};

@@ -1,0 +1,186 @@
+#include "records/SectionLayout.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+namespace {
+
+using enum Quantity;
+
+constexpr LayoutColumn Area_{"AX", Area, "cross-sectional area"};
+constexpr LayoutColumn Torsion{"IX", Inertia, "torsion constant"};
+constexpr LayoutColumn Major{"IZ", Inertia, "moment of inertia about the major axis"};
+constexpr LayoutColumn Minor{"IY", Inertia, "moment of inertia about the minor axis"};
+constexpr LayoutColumn WarpingConstant{"CW", Warping, "warping constant"};
+constexpr LayoutColumn PlasticMajor{"ZZ", Modulus, "plastic modulus about the major axis"};
+constexpr LayoutColumn PlasticMinor{"ZY", Modulus, "plastic modulus about the minor axis"};
+constexpr LayoutColumn Depth{"D", Length, "depth"};
+constexpr LayoutColumn Width{"B", Length, "width"};
+constexpr LayoutColumn FlangeWidth{"BF", Length, "flange width"};
+constexpr LayoutColumn FlangeThickness{"TF", Length, "flange thickness"};
+constexpr LayoutColumn WebThickness{"TW", Length, "web thickness"};
+constexpr LayoutColumn WallThickness{"T", Length, "wall thickness"};
+constexpr LayoutColumn Diameter{"D", Length, "diameter"};
+
+constexpr std::array IShapeColumns{Area_,        Depth,        FlangeWidth, FlangeThickness,
+                                   WebThickness, Major,        Torsion,     WarpingConstant,
+                                   Minor,        PlasticMajor, PlasticMinor};
+
+constexpr std::array ChannelColumns{
+    Area_,        Depth,
+    FlangeWidth,  FlangeThickness,
+    WebThickness, Major,
+    Torsion,      WarpingConstant,
+    Minor,        PlasticMajor,
+    PlasticMinor, LayoutColumn{"CZ", Length, "centroid from the back of the web"}};
+
+constexpr std::array TeeColumns{
+    Area_,           Depth,           FlangeWidth,
+    FlangeThickness, WebThickness,    Major,
+    Torsion,         WarpingConstant, Minor,
+    PlasticMajor,    PlasticMinor,    LayoutColumn{"CY", Length, "centroid from the flange face"}};
+
+constexpr std::array AngleColumns{
+    LayoutColumn{"D", Length, "longer leg"},
+    LayoutColumn{"B", Length, "shorter leg"},
+    LayoutColumn{"T", Length, "leg thickness"},
+    Area_,
+    LayoutColumn{"IZ", Inertia, "moment of inertia about the axis along the shorter leg"},
+    LayoutColumn{"IY", Inertia, "moment of inertia about the axis along the longer leg"},
+    Torsion,
+    LayoutColumn{"CY", Length, "centroid from the heel along the longer leg"},
+    LayoutColumn{"CZ", Length, "centroid from the heel along the shorter leg"},
+    LayoutColumn{"RV", Length, "least radius of gyration"},
+    LayoutColumn{"ALPHA", Angle, "angle of the principal axes"}};
+
+constexpr std::array RectangularTubeColumns{Area_,   Depth, Width,        WallThickness, Major,
+                                            Torsion, Minor, PlasticMajor, PlasticMinor};
+
+constexpr std::array RoundTubeColumns{LayoutColumn{"OD", Length, "outside diameter"}, WallThickness,
+                                      Area_, LayoutColumn{"I", Inertia, "moment of inertia"},
+                                      LayoutColumn{"Z", Modulus, "plastic modulus"}};
+
+constexpr std::array RoundBarColumns{Diameter, Area_,
+                                     LayoutColumn{"I", Inertia, "moment of inertia"}};
+
+constexpr std::array CableColumns{Diameter, Area_,
+                                  LayoutColumn{"W", WeightPerLength, "weight per length"}};
+
+constexpr std::array RectangleColumns{Depth, Width, Area_, Major, Minor, Torsion};
+
+constexpr std::array TimberColumns{
+    Depth,
+    Width,
+    Area_,
+    Major,
+    Minor,
+    Torsion,
+    LayoutColumn{"FB", Stress, "bending strength"},
+    LayoutColumn{"FT", Stress, "tension strength along the grain"},
+    LayoutColumn{"FV", Stress, "shear strength along the grain"},
+    LayoutColumn{"FCP", Stress, "compression strength across the grain"},
+    LayoutColumn{"FC", Stress, "compression strength along the grain"},
+    LayoutColumn{"E", Stress, "modulus of elasticity"}};
+
+constexpr std::array BulbFlatColumns{
+    Depth,
+    LayoutColumn{"T", Length, "web thickness"},
+    LayoutColumn{"C", Length, "bulb width beyond the web"},
+    LayoutColumn{"R", Length, "bulb radius"},
+    Area_,
+    Major,
+    LayoutColumn{"CY", Length, "centroid from the edge without bulb"}};
+
+constexpr LayoutColumn BendRadius{"R", Length, "inside bend radius"};
+constexpr LayoutColumn ColdFormedCentroid{"CZ", Length, "centroid from the back of the web"};
+
+constexpr std::array ColdFormedColumns{Area_, Depth,   Width, WallThickness,   BendRadius,
+                                       Major, Torsion, Minor, WarpingConstant, ColdFormedCentroid};
+
+constexpr std::array ColdFormedLippedColumns{Area_,
+                                             Depth,
+                                             Width,
+                                             LayoutColumn{"L", Length, "depth of lip"},
+                                             WallThickness,
+                                             BendRadius,
+                                             Major,
+                                             Torsion,
+                                             Minor,
+                                             WarpingConstant,
+                                             ColdFormedCentroid};
+
+constexpr std::array CastellatedColumns{
+    LayoutColumn{"RootBeam", Text, "beam that it is cut from"},
+    Depth,
+    LayoutColumn{"AX", Area, "cross-sectional area through the openings"},
+    FlangeWidth,
+    FlangeThickness,
+    WebThickness,
+    Major,
+    Minor,
+    LayoutColumn{"HO", Length, "height of the openings"},
+    LayoutColumn{"S", Length, "spacing of the openings"},
+    LayoutColumn{"E", Length, "length of the web post at its narrowest"},
+    LayoutColumn{"DT", Length, "depth of the tee over the openings"},
+    LayoutColumn{"THETA", Angle, "angle of the cut"}};
+
+constexpr std::array AluminiumAlloyColumns{
+    LayoutColumn{"Product", Text, "product form"},
+    LayoutColumn{"ThLower", Length, "least thickness"},
+    LayoutColumn{"ThHigher", Length, "greatest thickness"},
+    LayoutColumn{"Welded", Number, "welded (1) or not (0)"},
+    LayoutColumn{"Alclad", Number, "alclad (1) or not (0)"},
+    LayoutColumn{"FTU", Stress, "tensile ultimate strength"},
+    LayoutColumn{"FTY", Stress, "tensile yield strength"},
+    LayoutColumn{"FCY", Stress, "compressive yield strength"},
+    LayoutColumn{"FSU", Stress, "shear ultimate strength"},
+    LayoutColumn{"E", Stress, "modulus of elasticity"}};
+
+constexpr std::array GeneralColumns{
+    Area_,
+    Depth,
+    Width,
+    Major,
+    Torsion,
+    Minor,
+    LayoutColumn{"SZ", Modulus, "elastic modulus about the major axis"},
+    LayoutColumn{"SY", Modulus, "elastic modulus about the minor axis"},
+    PlasticMajor,
+    PlasticMinor,
+    LayoutColumn{"AZ", Area, "shear area for the major axis"},
+    LayoutColumn{"AY", Area, "shear area for the minor axis"}};
+
+constexpr std::array JoistColumns{LayoutColumn{"SeriesID", Number, "joist series"}, Depth,
+                                  LayoutColumn{"Weight", WeightPerLength, "weight per length"}};
+
+constexpr std::array Layouts{
+    SectionLayout{LayoutId::IShape, "I shape", IShapeColumns},
+    SectionLayout{LayoutId::Channel, "channel", ChannelColumns},
+    SectionLayout{LayoutId::Tee, "tee", TeeColumns},
+    SectionLayout{LayoutId::Angle, "angle", AngleColumns},
+    SectionLayout{LayoutId::RectangularTube, "rectangular tube", RectangularTubeColumns},
+    SectionLayout{LayoutId::RoundTube, "round tube", RoundTubeColumns},
+    SectionLayout{LayoutId::RoundBar, "round bar", RoundBarColumns},
+    SectionLayout{LayoutId::Cable, "cable", CableColumns},
+    SectionLayout{LayoutId::Rectangle, "rectangle", RectangleColumns},
+    SectionLayout{LayoutId::Timber, "timber", TimberColumns},
+    SectionLayout{LayoutId::BulbFlat, "bulb flat", BulbFlatColumns},
+    SectionLayout{LayoutId::ColdFormed, "cold-formed", ColdFormedColumns},
+    SectionLayout{LayoutId::ColdFormedLipped, "cold-formed with lips", ColdFormedLippedColumns},
+    SectionLayout{LayoutId::Castellated, "castellated", CastellatedColumns},
+    SectionLayout{LayoutId::AluminiumAlloy, "aluminium alloy", AluminiumAlloyColumns},
+    SectionLayout{LayoutId::General, "general", GeneralColumns},
+    SectionLayout{LayoutId::Joist, "joist", JoistColumns},
+};
+
+} // namespace
+
+std::span<const SectionLayout> GetSectionLayouts() { return Layouts; }
+
+const SectionLayout& GetSectionLayout(LayoutId id) { return Layouts[static_cast<std::size_t>(id)]; }
+
+const SectionLayout* FindSectionLayout(const char* name) {
+    const auto place = std::ranges::find(Layouts, std::string_view(name), &SectionLayout::name);
+    return place == Layouts.end() ? nullptr : &*place;
+}

@@ -1,0 +1,74 @@
+// Layouts of section tables: which property columns a shape family has, in which order, and what
+// each of them means.
+//
+//     const SectionLayout& layout = GetSectionLayout(LayoutId::IShape);
+//     for (const LayoutColumn& column : layout.columns) ...
+//
+// Every section table begins with three bookkeeping columns, RECNO, Name and VessaName; the
+// columns of its layout follow. Axes: Z is the major axis, Y the minor axis, X the member's own.
+#pragma once
+
+#include "platform/Export.h"
+
+#include <cstdint>
+#include <span>
+
+/// Version of the layout of catalogue files, kept in their "DBInfo" table.
+inline constexpr int CatalogueLayoutVersion = 1;
+
+/// Number of bookkeeping columns before the first property column.
+inline constexpr int BookkeepingColumns = 3;
+
+/// What kind of quantity a column holds.
+enum class Quantity : std::uint8_t {
+    Text,
+    Number,
+    Angle,
+    Length,
+    Area,            ///< length^2
+    Modulus,         ///< length^3
+    Inertia,         ///< length^4
+    Warping,         ///< length^6
+    Stress,          ///< force / length^2
+    WeightPerLength, ///< force / length
+};
+
+struct LayoutColumn {
+    const char* name;
+    Quantity quantity;
+    const char* meaning;
+};
+
+enum class LayoutId : std::uint8_t {
+    IShape,
+    Channel,
+    Tee,
+    Angle,
+    RectangularTube,
+    RoundTube,
+    RoundBar,
+    Cable,
+    Rectangle,
+    Timber,
+    BulbFlat,
+    ColdFormed,
+    ColdFormedLipped,
+    Castellated,
+    AluminiumAlloy,
+    General,
+    Joist,
+};
+
+struct SectionLayout {
+    LayoutId id;
+    const char* name; ///< as the text sources write it, e.g. "I shape"
+    std::span<const LayoutColumn> columns;
+};
+
+/// All layouts, in the order of LayoutId.
+DBSECTION_API std::span<const SectionLayout> GetSectionLayouts();
+
+DBSECTION_API const SectionLayout& GetSectionLayout(LayoutId id);
+
+/// The layout of that name, or null.
+DBSECTION_API const SectionLayout* FindSectionLayout(const char* name);
