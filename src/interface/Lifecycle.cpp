@@ -1,0 +1,130 @@
+// Initialisation, the library-wide database, and counting.
+#include "interface/SectionDBInterface.h"
+
+#include "dataaccess/CCrack.h"
+#include "dataaccess/Guard.h"
+#include "dataaccess/Handles.h"
+#include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
+#include "platform/PrivateProfile.h"
+
+#include <array>
+#include <vector>
+
+CSectionDatabase* gblSectionDatabase = nullptr;
+
+int SectionDBInterface::m_bInit = 0;
+int SectionDBInterface::m_nCountry = 0;
+int SectionDBInterface::m_nBaseUnitNo = 1;
+int SectionDBInterface::m_bClearToWriteIniFile = 1;
+int SectionDBInterface::m_bAllowDeleteSection = 1;
+int SectionDBInterface::m_bStartTransaction = 0;
+SectionDBDriverImpl SectionDBInterface::m_SectionDBDrv;
+
+void SectionDBInterface::InitSectionDBInterface() {
+    if (m_bInit == 0) {
+        InitialiseCountryEnumMap();
+        InitialiseSectionTypeEnumMap();
+        m_SectionDBDrv.CreateSectionDBObjects();
+    }
+    m_bInit = 1;
+}
+
+void SectionDBInterface::UnInitSectionDBInterface() {
+    if (m_bInit != 0)
+        m_SectionDBDrv.DeleteSectionDBObjects();
+    m_bInit = 0;
+}
+
+void SectionDBInterface::ExitSectionDBInterface() {
+    UnInitSectionDBInterface();
+    CloseSectionDatabase(&gblSectionDatabase);
+    m_nCountry = 0;
+    terminateDAOEngine();
+}
+
+void SectionDBInterface::CloseGblSectionDBObject(int flag) {
+    closeDatabase(&gblSectionDatabase, flag);
+    m_nCountry = 0;
+}
+
+int SectionDBInterface::OpenSectionDatabase(int index, CSectionDatabase** ppDb) {
+    const CString path = GetDatabaseFileName(index);
+    if (path.IsEmpty())
+        return 0;
+    int result = 1;
+    if (index != m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen()) {
+        CloseSectionDatabase(ppDb);
+        result = openDatabase(ppDb, path, 1, 0, 0, m_szPassword, nullptr);
+    }
+    m_nCountry = index;
+    InitSectionDBInterface();
+    return result == 1 ? 1 : 0;
+}
+
+void SectionDBInterface::CloseSectionDatabase(CSectionDatabase** ppDb) { closeDatabase(ppDb, 1); }
+
+CSectionDatabase* SectionDBInterface::GetDatabasePtr(int index) {
+    return OpenSectionDatabase(index, &gblSectionDatabase) == 1 ? gblSectionDatabase : nullptr;
+}
+
+/// The catalogue object of an index, with the database attached; null when either is missing.
+SectionDBBase* SectionDBInterface::AttachedCatalogue(int index, CSectionDatabase* db) {
+    SectionDBBase* catalogue = m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index));
+    if (db == nullptr || catalogue == nullptr)
+        return nullptr;
+    catalogue->SetDatabase(db);
+    return catalogue;
+}
+
+namespace {
+
+bool RequireOpen(CSectionDatabase** ppDb) {
+    if (*ppDb != nullptr && (*ppDb)->IsOpen())
+        return true;
+    dbsection::ShowMessageBox("Error: Database not open", "");
+    return false;
+}
+
+} // namespace
+
+int SectionDBInterface::GetSectionCount(int index, int sectionType) {
+    SectionDBBase* catalogue = AttachedCatalogue(index, GetDatabasePtr(index));
+    return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
+}
+
+int SectionDBInterface::GetSectionFieldCount(int index, int sectionType) {
+    SectionDBBase* catalogue = AttachedCatalogue(index, GetDatabasePtr(index));
+    return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
+}
+
+int SectionDBInterface::GetSectionCount(int index, int sectionType, CSectionDatabase** ppDb) {
+    SectionDBBase* catalogue = RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+    return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
+}
+
+int SectionDBInterface::GetSectionFieldCount(int index, int sectionType, CSectionDatabase** ppDb) {
+    SectionDBBase* catalogue = RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+    return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
+}
+
+int SectionDBInterface::GetDBInfo(CString fileName, CString& info2, CString& info0, CString& info3,
+                                  CString& info1, CString& info4) {
+    DatabaseHandle db;
+    RecordsetHandle rows;
+    if (openDatabase(db.Address(), fileName, 1, 0, 1, m_szPassword, nullptr) != 1 ||
+        openRecordset(db.Address(), rows.Address(), "Select * From [DBInfo]",
+                      CSectionRecordset::Snapshot, 1) != 1)
+        return 0;
+    const std::array targets{&info0, &info1, &info2, &info3, &info4};
+    return dbsection::Guarded({"GetDBInfo()", "Failed to read the catalogue information."}, [&] {
+        for (std::size_t i = 0; i < targets.size(); ++i)
+            *targets[i] = CCrack::strVARIANT(rows->GetFieldValue(static_cast<int>(i)));
+        return 1;
+    });
+}
+
+CString SectionDBInterface::GetTableFromSectionType(int index, int sectionType) {
+    SectionDBBase* catalogue = AttachedCatalogue(index, GetDatabasePtr(index));
+    return catalogue == nullptr ? CString() : catalogue->GetTableName(sectionType);
+}
