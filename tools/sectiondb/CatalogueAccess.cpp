@@ -1,0 +1,99 @@
+#include "sectiondb/CatalogueAccess.h"
+
+#include "dataaccess/CSectionException.h"
+#include "interface/SectionDBInterface.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+#include "sectiondb/Commands.h"
+
+#include <charconv>
+#include <fmt/format.h>
+
+namespace dbsection {
+namespace {
+
+bool IsNamed(int index, const std::string& name) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
+    const bool isNumber = error == std::errc() && end == name.data() + name.size();
+    return (isNumber && number == index) ||
+           EqualNoCase(SectionDBInterface::m_saSectionFile[index], name) ||
+           EqualNoCase(SectionDBInterface::m_saCountryName[index], name);
+}
+
+/// Why a file cannot be opened, in the words of the data-access layer.
+std::string ReasonNotToOpen(const CString& path) {
+    try {
+        CSectionDatabase database;
+        database.Open(path, 0, 1, SectionDBInterface::m_szPassword);
+        return "it can be opened now; try again";
+    } catch (CException* e) {
+        const CString message = e->GetMessage();
+        e->Delete();
+        return std::string(message.View());
+    }
+}
+
+void CheckLayoutVersion(const CString& path) {
+    CString title;
+    CString standard;
+    CString source;
+    CString version;
+    CString hash;
+    if (SectionDBInterface::GetDBInfo(path, source, title, version, standard, hash) != 1)
+        throw CommandError(fmt::format("{}: it has no catalogue information (table \"DBInfo\"); "
+                                       "build it again.",
+                                       NativePath(path.View())));
+    if (version.View() != std::to_string(CatalogueLayoutVersion))
+        throw CommandError(fmt::format("{}: its layout version is {}, expected {}; build it again.",
+                                       NativePath(path.View()), version.View(),
+                                       CatalogueLayoutVersion));
+}
+
+} // namespace
+
+int FindCatalogue(const std::string& name) {
+    for (int index = 1; index <= LastCatalogueIndex; ++index)
+        if (IsNamed(index, name))
+            return index;
+    throw CommandError(fmt::format("There is no catalogue \"{}\"; give its number (1 to {}), file "
+                                   "stem or name as \"sectiondb list\" prints them.",
+                                   name, LastCatalogueIndex));
+}
+
+bool HasFile(int index) { return !SectionDBInterface::GetDatabaseFileName(index).IsEmpty(); }
+
+OpenCatalogue Open(int index) {
+    const CString path = SectionDBInterface::GetDatabaseFileName(index);
+    if (path.IsEmpty())
+        throw CommandError(fmt::format(
+            "{}.db3 is not in the folder \"{}\"; build it there, or name its folder with --folder.",
+            SectionDBInterface::m_saSectionFile[index],
+            NativePath(SectionDBInterface::GetDatabaseDirectoryName().View())));
+    CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
+    if (database == nullptr)
+        throw CommandError(ReasonNotToOpen(path));
+    CheckLayoutVersion(path);
+    auto* catalogue = dynamic_cast<CatalogueSectionDB*>(
+        SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
+    if (catalogue == nullptr)
+        throw CommandError("Out of memory.");
+    catalogue->SetDatabase(database);
+    return {index, database, catalogue};
+}
+
+std::string ConnectText(const std::string& password) {
+    const bool hasEquals = password.find('=') != std::string::npos;
+    if (hasEquals && password.find(';') != std::string::npos)
+        throw CommandError("A password cannot hold both \"=\" and \";\"; choose another one.");
+    return hasEquals ? ";PWD=" + password : password;
+}
+
+std::string QuoteEscaped(const std::string& text) {
+    std::string escaped;
+    for (const char c : text)
+        escaped.append(c == '\'' ? 2 : 1, c);
+    return escaped;
+}
+
+} // namespace dbsection

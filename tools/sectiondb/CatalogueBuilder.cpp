@@ -1,0 +1,193 @@
+#include "sectiondb/CatalogueBuilder.h"
+
+#include "dataaccess/CSectionDatabase.h"
+#include "dataaccess/CSectionException.h"
+#include "dataaccess/CSectionRecordset.h"
+#include "sectiondb/CatalogueAccess.h"
+#include "sectiondb/Commands.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <span>
+#include <unistd.h>
+
+namespace dbsection {
+namespace {
+
+CSectionFieldInfo MakeField(const std::string& name, SectionField::Type type, bool required) {
+    CSectionFieldInfo field;
+    field.m_strName = CString(name);
+    field.m_nType = type;
+    field.m_bRequired = required ? 1 : 0;
+    return field;
+}
+
+/// A file under construction, which is removed unless it is kept.
+class TemporaryFile {
+public:
+    explicit TemporaryFile(const std::filesystem::path& target)
+        : m_target(target),
+          m_path(target.parent_path() /
+                 fmt::format(".{}.{}~", target.filename().string(), getpid())) {
+        Remove();
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() { Remove(); }
+
+    const std::filesystem::path& Path() const { return m_path; }
+
+    void Keep() {
+        std::error_code error;
+        std::filesystem::rename(m_path, m_target, error);
+        if (error)
+            throw CommandError(fmt::format("{}: the finished file cannot take this name: {}.",
+                                           m_target.string(), error.message()));
+    }
+
+private:
+    void Remove() const {
+        std::error_code ignored;
+        std::filesystem::remove(m_path, ignored);
+        std::filesystem::remove(m_path.string() + "-journal", ignored);
+    }
+
+    std::filesystem::path m_target;
+    std::filesystem::path m_path;
+};
+
+class CatalogueWriter {
+public:
+    CatalogueWriter(const CatalogueSource& source, const std::function<void()>& advance)
+        : m_source(source),
+          m_advance(advance) {}
+
+    void Write(const std::filesystem::path& path, const std::string& password) {
+        m_database.Create(path.c_str(), ConnectText(password).c_str());
+        m_workspace.BeginTrans();
+        for (const SourceTable& table : m_source.tables)
+            WriteSectionTable(table);
+        WriteFieldUnits();
+        WriteInformation();
+        m_workspace.CommitTrans();
+        m_database.Close();
+    }
+
+private:
+    void CreateTable(const std::string& name, std::span<const CSectionFieldInfo> fields,
+                     std::span<const std::string> indexes = {}) {
+        CSectionTableDef table(&m_database);
+        table.Create(name.c_str());
+        for (const CSectionFieldInfo& field : fields)
+            table.CreateField(field);
+        table.Append();
+        for (const std::string& columns : indexes)
+            table.CreateIndex(fmt::format("{} by {}", name, columns).c_str(), columns.c_str());
+    }
+
+    void WriteSectionTable(const SourceTable& table) {
+        std::vector<CSectionFieldInfo> fields{
+            MakeField("RECNO", SectionField::Long, true),
+            MakeField("Name", SectionField::Text, true),
+            MakeField("VessaName", SectionField::Text, true),
+        };
+        fields.front().m_lAttributes = SectionField::AutoIncrement;
+        // What the fixed statements search and sort by.
+        std::vector<std::string> indexes{"UPPER([VessaName])", "[Name]"};
+        for (const LayoutColumn& column : table.layout->columns) {
+            const bool isText = column.quantity == Quantity::Text;
+            fields.push_back(
+                MakeField(column.name, isText ? SectionField::Text : SectionField::Double, true));
+            if (std::string_view(column.name) == "AX")
+                indexes.emplace_back("[AX]");
+        }
+        CreateTable(table.name, fields, indexes);
+
+        CSectionRecordset rows(&m_database);
+        rows.Open(CSectionRecordset::Table, table.name.c_str());
+        for (const SourceRow& row : table.rows) {
+            WriteRow(rows, row);
+            m_advance();
+        }
+    }
+
+    static void WriteRow(CSectionRecordset& rows, const SourceRow& row) {
+        rows.AddNew();
+        rows.SetFieldValue(1, row.name.c_str());
+        rows.SetFieldValue(2, row.vessaName.c_str());
+        int column = BookkeepingColumns;
+        for (const SourceValue& value : row.values) {
+            if (const auto* number = std::get_if<double>(&value))
+                rows.SetFieldValue(column, COleVariant(*number));
+            else
+                rows.SetFieldValue(column, std::get<std::string>(value).c_str());
+            ++column;
+        }
+        rows.Update();
+    }
+
+    void WriteFieldUnits() {
+        std::size_t columns = 0;
+        for (const SourceTable& table : m_source.tables)
+            columns = std::max(columns, table.units.size());
+        std::vector<CSectionFieldInfo> fields{MakeField("TableName", SectionField::Text, true)};
+        for (std::size_t i = 0; i < columns; ++i)
+            fields.push_back(MakeField(fmt::format("Unit{}", i), SectionField::Text, false));
+        CreateTable("Field Units", fields);
+
+        CSectionRecordset rows(&m_database);
+        rows.Open(CSectionRecordset::Table, "Field Units");
+        for (const SourceTable& table : m_source.tables) {
+            rows.AddNew();
+            rows.SetFieldValue(0, table.name.c_str());
+            for (std::size_t i = 0; i < table.units.size(); ++i)
+                rows.SetFieldValue(static_cast<int>(i) + 1, table.units[i].c_str());
+            rows.Update();
+        }
+    }
+
+    void WriteInformation() {
+        struct Item {
+            const char* column;
+            std::string value;
+        };
+        const std::vector<Item> items{{"Title", m_source.title},
+                                      {"Standard", m_source.standard},
+                                      {"Source", m_source.sourceNote},
+                                      {"LayoutVersion", std::to_string(CatalogueLayoutVersion)},
+                                      {"SourceHash", m_source.sourceHash}};
+        std::vector<CSectionFieldInfo> fields;
+        for (const Item& item : items)
+            fields.push_back(MakeField(item.column, SectionField::Text, true));
+        CreateTable("DBInfo", fields);
+
+        CSectionRecordset rows(&m_database);
+        rows.Open(CSectionRecordset::Table, "DBInfo");
+        rows.AddNew();
+        for (std::size_t i = 0; i < items.size(); ++i)
+            rows.SetFieldValue(static_cast<int>(i), items[i].value.c_str());
+        rows.Update();
+    }
+
+    const CatalogueSource& m_source;
+    const std::function<void()>& m_advance;
+    CSectionWorkspace m_workspace;
+    CSectionDatabase m_database{&m_workspace};
+};
+
+} // namespace
+
+void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& path,
+                    const std::string& password, const std::function<void()>& advance) {
+    TemporaryFile file(path);
+    try {
+        CatalogueWriter(source, advance).Write(file.Path(), password);
+    } catch (CException* e) {
+        const CString message = e->GetMessage();
+        e->Delete();
+        throw CommandError(fmt::format("{}: not built: {}", path.string(), message.View()));
+    }
+    file.Keep();
+}
+
+} // namespace dbsection

@@ -1,0 +1,159 @@
+#include "sectiondb/CatalogueSource.h"
+
+#include "platform/Text.h"
+#include "sectiondb/SourceTableReader.h"
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <openssl/evp.h>
+#include <set>
+#include <sstream>
+#include <stdexcept>
+#include <utility>
+
+namespace dbsection {
+
+namespace {
+
+class Sha256 {
+public:
+    Sha256() {
+        if (m_context == nullptr || EVP_DigestInit_ex(m_context.get(), EVP_sha256(), nullptr) != 1)
+            Fail();
+    }
+
+    void Add(const std::string& text) {
+        if (EVP_DigestUpdate(m_context.get(), text.data(), text.size()) != 1)
+            Fail();
+    }
+
+    std::string Hex() {
+        std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
+        unsigned int size = 0;
+        if (EVP_DigestFinal_ex(m_context.get(), digest.data(), &size) != 1)
+            Fail();
+        std::string hex;
+        for (unsigned int i = 0; i < size; ++i) {
+            hex += "0123456789abcdef"[digest[i] >> 4];
+            hex += "0123456789abcdef"[digest[i] & 15];
+        }
+        return hex;
+    }
+
+private:
+    [[noreturn]] static void Fail() {
+        throw std::runtime_error("The SHA-256 of the sources cannot be computed by libcrypto.");
+    }
+
+    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> m_context{EVP_MD_CTX_new(),
+                                                                      &EVP_MD_CTX_free};
+};
+
+/// Reads the texts of a folder, each once; their hash follows the order of reading.
+class SourceFolder {
+public:
+    explicit SourceFolder(std::filesystem::path path) : m_path(std::move(path)) {}
+
+    CsvTable Read(const std::string& name) {
+        const std::string path = (m_path / name).string();
+        std::ifstream file(path, std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        if (!file)
+            throw SourceError({path, 0, "", ""}, "the file cannot be read");
+        m_names.insert(name);
+        m_hash.Add(name + "\n" + std::to_string(text.size()) + "\n" + text);
+        return {path, text};
+    }
+
+    void RequireAllRead() const {
+        for (const auto& entry : std::filesystem::directory_iterator(m_path))
+            if (entry.path().extension() == ".csv" &&
+                !m_names.contains(entry.path().filename().string()))
+                throw SourceError({entry.path().string(), 0, "", ""},
+                                  "_tables.csv does not name this table");
+    }
+
+    std::string Hash() { return m_hash.Hex(); }
+
+private:
+    std::filesystem::path m_path;
+    std::set<std::string> m_names;
+    Sha256 m_hash;
+};
+
+/// The value of each key, all of which must occur.
+void ReadTitles(const CsvTable& csv, CatalogueSource& source) {
+    std::map<std::string, std::string*> wanted{
+        {"Title", &source.title}, {"Standard", &source.standard}, {"Source", &source.sourceNote}};
+    for (const CsvTable::Record& record : csv.Records()) {
+        const auto place = wanted.find(csv.RequiredText(record, "Key"));
+        if (place == wanted.end())
+            throw csv.Error(record, "Key", "not a key of a catalogue, or given twice");
+        *place->second = csv.RequiredText(record, "Value");
+        wanted.erase(place);
+    }
+    if (!wanted.empty())
+        throw csv.LineError(0, "the key " + wanted.begin()->first + " is missing");
+}
+
+/// "slope=0 toe=0.4"
+Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
+                       const GeometryModel* model) {
+    Figures parameters;
+    std::istringstream words(csv.Text(record, "Parameters"));
+    for (std::string word; words >> word;) {
+        const std::size_t equals = std::min(word.find('='), word.size() - 1);
+        const std::string name = word.substr(0, equals);
+        const std::optional<double> value = ParseNumber(word.substr(equals + 1));
+        if (!value || model == nullptr ||
+            std::ranges::find(model->parameters, name) == model->parameters.end())
+            throw csv.Error(record, "Parameters",
+                            "\"" + word + "\" is not a parameter of the geometry and its value");
+        parameters[name] = *value;
+    }
+    return parameters;
+}
+
+TablePlan ReadPlan(const CsvTable& csv, const CsvTable::Record& record) {
+    TablePlan plan{csv.RequiredText(record, "Table"),
+                   FindSectionLayout(csv.Text(record, "Layout").c_str()),
+                   FindGeometryModel(csv.Text(record, "Geometry")),
+                   {}};
+    if (plan.layout == nullptr)
+        throw csv.Error(record, "Layout", "no layout has this name");
+    if (plan.model == nullptr && !csv.Text(record, "Geometry").empty())
+        throw csv.Error(record, "Geometry", "no geometry has this name");
+    if (plan.model != nullptr && plan.model->layout != plan.layout->id)
+        throw csv.Error(record, "Geometry", "not a geometry of this layout");
+    plan.parameters = ReadParameters(csv, record, plan.model);
+    return plan;
+}
+
+} // namespace
+
+CatalogueSource CatalogueSource::Load(const std::filesystem::path& folder) {
+    CatalogueSource source;
+    source.stem = (folder / "").parent_path().filename().string();
+    SourceFolder texts(folder);
+    ReadTitles(texts.Read("_catalogue.csv"), source);
+    const CsvTable plans = texts.Read("_tables.csv");
+    CsvTable tolerances = texts.Read("_tolerances.csv");
+    SourceRules rules(std::move(tolerances), texts.Read("_exceptions.csv"));
+    std::set<std::string> names;
+    for (const CsvTable::Record& record : plans.Records()) {
+        const TablePlan plan = ReadPlan(plans, record);
+        if (!names.insert(UpperCase(plan.name)).second)
+            throw plans.Error(record, "Table", "the table is named twice");
+        source.tables.push_back(ReadSourceTable(plan, texts.Read(plan.name + ".csv"), rules));
+    }
+    rules.RequireAllUsed();
+    texts.RequireAllRead();
+    source.sourceHash = texts.Hash();
+    return source;
+}
+
+} // namespace dbsection

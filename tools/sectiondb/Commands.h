@@ -1,0 +1,40 @@
+// The commands of the program. Each prints its result to stdout; a failure is thrown as
+// CommandError and printed by main.
+#pragma once
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace dbsection {
+
+/// What a person is told when a command fails: what failed, on what, and what to do.
+struct CommandError : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+struct BuildOptions {
+    std::vector<std::filesystem::path> sources; ///< one folder per catalogue
+    std::filesystem::path output;
+    std::string password;
+};
+
+struct ListOptions {
+    std::string catalogue; ///< empty: all catalogues
+    std::string family;    ///< empty: all families
+};
+
+struct ShowOptions {
+    std::string catalogue;
+    std::string name;
+    std::string length; ///< unit names, empty: as the catalogue keeps them
+    std::string force;
+    bool json = false;
+};
+
+void Build(const BuildOptions& options);
+void List(const ListOptions& options);
+void Show(const ShowOptions& options);
+
+} // namespace dbsection
