@@ -70,7 +70,7 @@ struct FlangedShape {
         Require(2 * (flange + taper) < depth, "the flanges (TF) fill the whole depth (D)");
     }
 
-    /// The fillet and the rounded toe share the outstand; published radii reach a third of it.
+    /// Fillet and toe share the outstand, and two fillets the height of the web.
     double LargestFillet() const { return std::min(outstand, depth / 2 - flange - taper) / 2; }
 
     /// From the web along the underside of the upper flange to its outer edge.
@@ -139,7 +139,7 @@ Figures IShape(const Figures& section, const Figures& parameters) {
 }
 
 /// Warping constant of a channel of thin plates along the middle lines (Galambos, Structural
-/// Members and Frames; used by the AISC manual).
+/// Members and Frames, 1968).
 double ChannelWarping(const FlangedShape& channel, double major) {
     const double width = channel.width - channel.web / 2;
     const double height = channel.depth - channel.flange;

@@ -22,6 +22,7 @@ SourceRules::List::List(CsvTable csv, const std::vector<std::string>& keys)
     : m_csv(std::move(csv)) {
     for (const CsvTable::Record& record : m_csv.Records()) {
         std::vector<std::string> key;
+        key.reserve(keys.size());
         for (const std::string& column : keys)
             key.push_back(m_csv.RequiredText(record, column));
         if (!m_records.try_emplace(std::move(key), &record).second)
