@@ -100,4 +100,4 @@ SectionDBBase* SectionDBDriverImpl::GetSectionDBObject(WORD nIndex) {
     return object;
 }
 
-SectionDBDriverImpl::~SectionDBDriverImpl() { DeleteSectionDBObjects(); }
+SectionDBDriverImpl::~SectionDBDriverImpl() { SectionDBDriverImpl::DeleteSectionDBObjects(); }

@@ -31,7 +31,7 @@ unsigned GetFileAttributesA(const char* path) {
     if (!ReadStatus(path, status))
         return INVALID_FILE_ATTRIBUTES;
     const unsigned attributes = (S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0) |
-                                (status.st_mode & S_IWUSR ? 0 : FILE_ATTRIBUTE_READONLY);
+                                ((status.st_mode & S_IWUSR) != 0 ? 0 : FILE_ATTRIBUTE_READONLY);
     return attributes == 0 ? FILE_ATTRIBUTE_NORMAL : attributes;
 }
 
@@ -41,9 +41,10 @@ int SetFileAttributesA(const char* path, unsigned attributes) {
         return 0;
     const mode_t mode = status.st_mode & AllPermissions;
     const mode_t wanted =
-        attributes & FILE_ATTRIBUTE_READONLY ? mode & ~AllWrite : mode | mode_t{S_IWUSR};
+        (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? mode & ~AllWrite : mode | mode_t{S_IWUSR};
     // Somebody else's file that already is as wanted must not be touched.
-    return wanted == mode || ::chmod(dbsection::NativePath(path).c_str(), wanted) == 0;
+    const bool done = wanted == mode || ::chmod(dbsection::NativePath(path).c_str(), wanted) == 0;
+    return done ? 1 : 0;
 }
 
 #endif

@@ -136,7 +136,8 @@ private:
 int Write(std::span<const ProfileEntry> entries, const char* file) {
     if (!std::ranges::all_of(entries, dbsection::IsWritable))
         return EINVAL;
-    const std::string path = dbsection::FollowLinks(dbsection::NativePath(file ? file : ""));
+    const std::string path =
+        dbsection::FollowLinks(dbsection::NativePath(file == nullptr ? "" : file));
     const WriteLock lock(dbsection::FolderOf(path));
     if (!lock.IsUsable())
         return errno;
@@ -191,7 +192,7 @@ int WritePrivateProfileEntries(std::span<const ProfileEntry> entries, const char
     } catch (const std::bad_alloc&) {
         lastError = ENOMEM;
     }
-    return lastError == 0;
+    return lastError == 0 ? 1 : 0;
 }
 
 int GetLastProfileError() { return lastError; }

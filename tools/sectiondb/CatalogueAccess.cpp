@@ -85,7 +85,7 @@ OpenCatalogue Open(int index) {
 std::string ConnectText(const std::string& password) {
     const bool hasEquals = password.find('=') != std::string::npos;
     if (hasEquals && password.find(';') != std::string::npos)
-        throw CommandError("A password cannot hold both \"=\" and \";\"; choose another one.");
+        throw CommandError(R"(A password cannot hold both "=" and ";"; choose another one.)");
     return hasEquals ? ";PWD=" + password : password;
 }
 

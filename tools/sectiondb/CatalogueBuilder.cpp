@@ -131,6 +131,7 @@ private:
         for (const SourceTable& table : m_source.tables)
             columns = std::max(columns, table.units.size());
         std::vector<CSectionFieldInfo> fields{MakeField("TableName", SectionField::Text, true)};
+        fields.reserve(columns + 1);
         for (std::size_t i = 0; i < columns; ++i)
             fields.push_back(MakeField(fmt::format("Unit{}", i), SectionField::Text, false));
         CreateTable("Field Units", fields);
@@ -157,6 +158,7 @@ private:
                                       {"LayoutVersion", std::to_string(CatalogueLayoutVersion)},
                                       {"SourceHash", m_source.sourceHash}};
         std::vector<CSectionFieldInfo> fields;
+        fields.reserve(items.size());
         for (const Item& item : items)
             fields.push_back(MakeField(item.column, SectionField::Text, true));
         CreateTable("DBInfo", fields);

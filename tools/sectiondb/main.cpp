@@ -88,14 +88,14 @@ int Run(CLI::App& app, int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    SetMessageBoxHandler(StaySilent);
-    CLI::App app("Catalogues of standard structural cross-sections", "sectiondb");
     int status = 1;
     try {
+        SetMessageBoxHandler(StaySilent);
+        CLI::App app("Catalogues of standard structural cross-sections", "sectiondb");
         status = Run(app, argc, argv);
+        SectionDBInterface::ExitSectionDBInterface();
     } catch (const std::exception& e) {
         std::fprintf(stderr, "sectiondb: %s\n", e.what());
     }
-    SectionDBInterface::ExitSectionDBInterface();
     return status;
 }
