@@ -70,8 +70,10 @@ SectionRecord* CatalogueSectionDB::GetSectionData(const char* name, int* section
     const SectionFamily* family = FindFamily(m_szTableName);
     if (family == nullptr)
         return nullptr;
-    *sectionType = family->sectionType;
-    return ReadCurrentRow(family->layout).release();
+    auto record = ReadCurrentRow(family->layout);
+    if (record)
+        *sectionType = family->sectionType;
+    return record.release();
 }
 
 SECTIONINFO* CatalogueSectionDB::GetSectionStructProperty(const char* name, unsigned int unit1,
