@@ -40,7 +40,7 @@ std::unique_ptr<SectionRecord> CatalogueSectionDB::ReadCurrentRow(LayoutId layou
         if (!record)
             return 0;
         record->RecordNumber =
-            static_cast<int>(dbsection::NumberIn(m_pRecordset->GetFieldValue(0)));
+            static_cast<int>(dbsection::NumberIn(m_pRecordset->GetFieldValue(0)).value_or(0));
         record->PublicName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(1));
         record->VessaName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(2));
         for (int column = BookkeepingColumns; column < m_pRecordset->GetFieldCount(); ++column)

@@ -2,8 +2,9 @@
 
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
-#include "records/LayoutRecords.h"
 #include "units/UNIT.h"
+
+#include <cstdint>
 
 namespace {
 
@@ -45,6 +46,11 @@ bool HasRow(CSectionDatabase* database, const CString& table, const CString& con
                                  "Select * From [" + table + "] WHERE " + condition);
                        return rows.IsEOF() ? 0 : 1;
                    }) == 1;
+}
+
+unsigned int IdentifierIn(const COleVariant& value) {
+    return static_cast<unsigned int>(
+        static_cast<std::int64_t>(dbsection::NumberIn(value).value_or(0)));
 }
 
 CString OrderClause(const CStringArray& columns) {
@@ -143,8 +149,7 @@ int SectionDBBase::ListNames(CStringList* list, CUIntArray* ids, int nameColumn)
         m_pRecordset->MoveFirst();
         for (int i = 0; i < count; ++i, m_pRecordset->MoveNext()) {
             if (ids != nullptr)
-                ids->SetAt(i, static_cast<unsigned int>(dbsection::NumberIn(
-                                  m_pRecordset->GetFieldValue(IdentifierColumn))));
+                ids->SetAt(i, IdentifierIn(m_pRecordset->GetFieldValue(IdentifierColumn)));
             list->AddTail(CCrack::strVARIANT(m_pRecordset->GetFieldValue(nameColumn)));
         }
         return 1;

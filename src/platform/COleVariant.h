@@ -10,6 +10,7 @@
 #include "platform/CString.h"
 
 #include <cstdint>
+#include <optional>
 #include <utility>
 
 #ifndef __AFX_H__
@@ -101,3 +102,34 @@ private:
 };
 
 #endif
+
+namespace dbsection {
+
+/// How many of a currency's units of storage make one.
+inline constexpr double CurrencyScale = 10000;
+
+/// The number that a variant holds; nothing for texts, bytes, references and nulls.
+inline std::optional<double> NumberIn(const COleVariant& value) {
+    switch (value.vt) {
+    case VT_I2:
+        return value.iVal;
+    case VT_I4:
+        return value.lVal;
+    case VT_R4:
+        return static_cast<double>(value.fltVal);
+    case VT_R8:
+        return value.dblVal;
+    case VT_CY:
+        return static_cast<double>(value.cyVal) / CurrencyScale;
+    case VT_DATE:
+        return value.date;
+    case VT_BOOL:
+        return value.boolVal;
+    case VT_UI1:
+        return value.bVal;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace dbsection

@@ -2,29 +2,6 @@
 
 namespace dbsection {
 
-double NumberIn(const COleVariant& value) {
-    switch (value.vt) {
-    case VT_R8:
-        return value.dblVal;
-    case VT_R4:
-        return static_cast<double>(value.fltVal);
-    case VT_I4:
-        return value.lVal;
-    case VT_I2:
-        return value.iVal;
-    case VT_UI1:
-        return value.bVal;
-    case VT_BOOL:
-        return value.boolVal;
-    case VT_CY:
-        return static_cast<double>(value.cyVal) / 10000.0;
-    case VT_DATE:
-        return value.date;
-    default:
-        return 0;
-    }
-}
-
 std::unique_ptr<SectionRecord> MakeSectionRecord(LayoutId layout) {
     switch (layout) {
     case LayoutId::IShape:

@@ -9,9 +9,6 @@
 
 namespace dbsection {
 
-/// The number that a column value means; 0 for a text.
-DBSECTION_API double NumberIn(const COleVariant& value);
-
 /// A field of a record: a number or a text.
 template <class Record>
 struct Field {
@@ -39,7 +36,7 @@ public:
             return;
         auto& self = static_cast<Record&>(*this);
         if (field->number != nullptr)
-            self.*(field->number) = NumberIn(value);
+            self.*(field->number) = NumberIn(value).value_or(0);
         else
             self.*(field->text) = value.strVal;
     }

@@ -6,7 +6,6 @@
 #include "dataaccess/Handles.h"
 #include "interface/SectionDBInterface.h"
 #include "platform/Text.h"
-#include "records/LayoutRecords.h"
 #include "units/UNIT.h"
 
 #include <algorithm>
@@ -58,7 +57,7 @@ Property ReadProperty(const CSectionRecordset& rows, int column, LayoutId layout
     }
     const std::string_view unit =
         column < units.GetSize() ? units[column].View() : std::string_view();
-    const double stored = NumberIn(value);
+    const double stored = NumberIn(value).value_or(0);
     const LabelledValue labelled = InChosenUnits(stored, unit, choice);
     property.value = NumberText(labelled.value, labelled.value != stored);
     property.unit = labelled.unit;

@@ -156,11 +156,8 @@ void CSectionDatabase::GetTableDefInfo(const char* name, CSectionTableDefInfo& i
                                        unsigned long level) const {
     WithMemoryErrors([&] {
         Connection& connection = OpenConnection();
-        const auto table = connection.FindTable(name);
-        if (!table)
-            Fail(SectionError::NoSuchItem,
-                 connection.Path() + ": there is no table \"" + name + "\".");
-        Describe(connection, *table, info, level);
+        const std::string table = connection.RequireTable(name);
+        Describe(connection, table, info, level);
     });
 }
 
@@ -168,10 +165,7 @@ void CSectionDatabase::DeleteTableDef(const char* name) {
     WithMemoryErrors([&] {
         Connection& connection = OpenConnection();
         connection.RequireWritable();
-        const auto table = connection.FindTable(name);
-        if (!table)
-            Fail(SectionError::NoSuchItem,
-                 connection.Path() + ": there is no table \"" + name + "\" to delete.");
-        connection.ChangeSchema("DROP TABLE " + dbsection::Quoted(*table));
+        const std::string table = connection.RequireTable(name);
+        connection.ChangeSchema("DROP TABLE " + dbsection::Quoted(table));
     });
 }

@@ -126,7 +126,7 @@ void CSectionRecordset::SetFieldValue(int index, const COleVariant& value) {
 }
 
 void CSectionRecordset::SetFieldValue(int index, const char* value) {
-    SetFieldValue(index, COleVariant(value));
+    WithMemoryErrors([&] { SetFieldValue(index, COleVariant(value)); });
 }
 
 int CSectionRecordset::GetFieldCount() const {

@@ -106,11 +106,8 @@ void CSectionTableDef::Append() {
 void CSectionTableDef::Open(const char* name) {
     WithMemoryErrors([&] {
         Connection& connection = OpenConnection();
-        const auto table = connection.FindTable(name);
-        if (!table)
-            Fail(SectionError::NoSuchItem,
-                 connection.Path() + ": there is no table \"" + name + "\".");
-        m_name = CString(*table);
+        const std::string table = connection.RequireTable(name);
+        m_name = CString(table);
         Reload();
     });
 }

@@ -248,6 +248,9 @@ void Connection::Execute(const std::string& sql, Activity activity) {
 
 bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activity activity) {
     const int code = sqlite3_step(statement);
+    if (code == SQLITE_ERROR) // as when another program has dropped the table
+        FailFromStatement(code, sqlite3_errmsg(m_database), sqlite3_sql(statement), subject,
+                          SectionError::UnknownNameInStatement);
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         FailFromEngine(code, m_database, subject, activity);
     return code == SQLITE_ROW;
@@ -300,6 +303,14 @@ std::optional<std::string> Connection::FindTable(std::string_view name) {
         if (EqualNoCase(table, name))
             return table;
     return std::nullopt;
+}
+
+std::string Connection::RequireTable(std::string_view name) {
+    const auto table = FindTable(name);
+    if (!table)
+        Fail(SectionError::NoSuchItem,
+             m_path + ": there is no table \"" + std::string(name) + "\"; check its name.");
+    return *table;
 }
 
 } // namespace dbsection

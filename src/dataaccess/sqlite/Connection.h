@@ -87,6 +87,9 @@ public:
     /// The table's name as it was created, or nothing; letter case is ignored.
     std::optional<std::string> FindTable(std::string_view name);
 
+    /// The same; a table that there is not is error 3265.
+    std::string RequireTable(std::string_view name);
+
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
     void RequireOpen() const;
     void RequireWritable() const;

@@ -14,8 +14,6 @@ namespace {
 
 using namespace SectionField;
 
-constexpr double CurrencyScale = 10000;
-
 template <class T>
 bool Holds(std::int64_t value) {
     return value >= std::numeric_limits<T>::min() && value <= std::numeric_limits<T>::max();
@@ -72,36 +70,16 @@ bool IsNumeric(std::int16_t type) {
     return type != Text && type != Memo && type != Guid && type != LongBinary && type != 0;
 }
 
-/// The number that a variant means, or nothing.
+/// The number that a variant or its text means, or nothing.
 std::optional<double> NumberOf(const COleVariant& value) {
-    switch (value.vt) {
-    case VT_I2:
-        return value.iVal;
-    case VT_I4:
-        return value.lVal;
-    case VT_R4:
-        return static_cast<double>(value.fltVal);
-    case VT_R8:
-        return value.dblVal;
-    case VT_CY:
-        return static_cast<double>(value.cyVal) / CurrencyScale;
-    case VT_DATE:
-        return value.date;
-    case VT_BOOL:
-        return value.boolVal;
-    case VT_UI1:
-        return value.bVal;
-    case VT_BSTR: {
-        const std::string_view text = Trim(value.strVal.View());
-        double number = 0;
-        const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-        if (error == std::errc() && end == text.data() + text.size())
-            return number;
-        return std::nullopt;
-    }
-    default:
-        return std::nullopt;
-    }
+    if (value.vt != VT_BSTR)
+        return NumberIn(value);
+    const std::string_view text = Trim(value.strVal.View());
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc() && end == text.data() + text.size())
+        return number;
+    return std::nullopt;
 }
 
 bool Fits(double number, std::int16_t type) {
