@@ -1,0 +1,38 @@
+// The catalogues that are measured: the American one, built for the run, protected and plain.
+#pragma once
+
+#include "TestSupport.h"
+
+#include <string>
+#include <vector>
+
+namespace sectionbench {
+
+class Catalogues {
+public:
+    static constexpr const char* Password = "measured";
+    static constexpr const char* FileName = "AISCSections.db3";
+
+    /// Builds both files in a temporary folder. Throws where the program fails.
+    Catalogues();
+
+    std::string ProtectedFolder() const { return m_folder.File("protected"); }
+    std::string Protected() const { return ProtectedFolder() + "/" + FileName; }
+    std::string Plain() const { return m_folder.File("plain") + "/" + FileName; }
+
+    /// The statement that keys a connection to the protected file with its derived key.
+    const std::string& KeyStatement() const { return m_keyStatement; }
+
+    /// The statement that finds a W shape by its name, for each of them.
+    const std::vector<std::string>& StatementsByName() const { return m_statementsByName; }
+
+private:
+    testsupport::TempFolder m_folder;
+    std::string m_keyStatement;
+    std::vector<std::string> m_statementsByName;
+};
+
+/// The statement that finds a W shape by its name.
+std::string StatementByName(const std::string& name);
+
+} // namespace sectionbench
