@@ -45,8 +45,7 @@ TEST_F(EngineTest, StatementsOnlyReadTables) {
           "Peek",
           "Select Name From Shape WHERE Name IN (Select Name From Peek)",
           "WITH RECURSIVE n(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM n) SELECT * FROM n",
-          "Select * From (WITH RECURSIVE n(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM n) "
-          "SELECT * FROM n)",
+          "Select * From (WITH RECURSIVE n(i) AS (SELECT 1 UNION SELECT i FROM n) SELECT i FROM n)",
           "Select randomblob(1000000000)",
           "Select writefile('x', 'y')",
           "Select fts3_tokenizer('simple')"})

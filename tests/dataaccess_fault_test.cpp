@@ -37,7 +37,7 @@ protected:
         EXPECT_EQ(::read(ready[0], &answer, 1), 1) << "the child failed";
         ::close(ready[0]);
     }
-    void StopHolder() {
+    void StopHolder() const {
         ::kill(m_holder, SIGKILL);
         WaitForChild(m_holder);
     }
@@ -370,7 +370,7 @@ TEST_F(FaultTest, DamageAnywhereIsMetWithoutACrash) {
     openDatabase(db.Address(), path.c_str(), 1, 0, 0, Secret, nullptr);
     openRecordset(db.Address(), rows.Address(), "Shape", 1, 0);
     for (int i = 0;; ++i) {
-        static_cast<void>(!::write(told, "x", 1));
+        static_cast<void>(::write(told, "x", 1) == 1);
         const std::string text(200, static_cast<char>('a' + i % 26));
         if (i % 3 == 0) {
             AddShape(*rows, text.c_str(), text.c_str(), i);
@@ -405,7 +405,7 @@ TEST_F(FaultTest, KilledWriterLeavesTheOldRowOrTheNewOne) {
             ::kill(writer, SIGKILL);
             WaitForChild(writer);
             ::close(told[0]);
-            halfWay += std::filesystem::exists(path + "-journal");
+            halfWay += std::filesystem::exists(path + "-journal") ? 1 : 0;
             DatabaseHandle db;
             RecordsetHandle rows;
             ASSERT_EQ(Open(db, path, connect, round % 2), 1);

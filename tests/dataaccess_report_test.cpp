@@ -24,12 +24,12 @@ long living = 0;
     if (failAt != 0 && (allocations == failAt || (failOnwards && allocations > failAt)))
         return nullptr;
     void* memory = std::malloc(size == 0 ? 1 : size);
-    living += memory != nullptr;
+    living += memory != nullptr ? 1 : 0;
     return memory;
 }
 
 [[gnu::noinline]] void Release(void* memory) {
-    living -= memory != nullptr;
+    living -= memory != nullptr ? 1 : 0;
     std::free(memory);
 }
 
@@ -352,7 +352,9 @@ TEST_F(ReportTest, FailingAllocationsLeaveNothingBehind) {
                                    "Select * From Shape WHERE Name >= 'a' OR ID = 3", 2, 0);
         if (result == 1)
             result = setRecordsetTo(rows.Address(), "Name = 'C'", 0x80000000L) == 1 &&
-                     getTableCount(db.Address()) == 1 && getRecordCount(rows.Address()) == 1;
+                             getTableCount(db.Address()) == 1 && getRecordCount(rows.Address()) == 1
+                         ? 1
+                         : 0;
     };
     for (const bool onwards : {false, true}) {
         SectionLibraryState::SetExceptionType(0);

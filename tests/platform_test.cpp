@@ -113,7 +113,7 @@ TEST(Exceptions, AMessageIsCutToItsBuffer) {
     EXPECT_EQ(e->GetErrorMessage(buffer, 0), 0);
     EXPECT_STREQ(buffer, "abcdefg");
     EXPECT_EQ(e->GetErrorMessage(buffer, 4), 1);
-    EXPECT_EQ(std::string(buffer, 8), std::string("nnn\0efg", 8));
+    EXPECT_EQ(std::string(buffer, 8), std::string("nnn\0efg\0", 8));
     e->Delete();
     CMemoryException::Instance()->Delete();
     EXPECT_FALSE(CMemoryException::Instance()->GetMessage().IsEmpty());

@@ -76,7 +76,7 @@ TEST(Profile, ReadsWhatALineMeans) {
     };
     for (const auto& [section, key, value] : cases)
         EXPECT_EQ(Value(file, section, key), value)
-            << (section ? section : "null") << "/" << (key ? key : "null");
+            << (section == nullptr ? "null" : section) << "/" << (key == nullptr ? "null" : key);
     const auto integer = [&](const char* key) {
         return GetPrivateProfileIntA("flags", key, -9, file.c_str());
     };

@@ -63,6 +63,7 @@ public:
     }
 
     friend bool operator==(const CString& left, const CString& right) = default;
+    // NOLINTNEXTLINE(modernize-use-nullptr): taken for a null pointer by mistake
     friend auto operator<=>(const CString& left, const CString& right) = default;
     friend bool operator==(const CString& left, const char* right) {
         return left.View() == OrEmpty(right);
