@@ -48,6 +48,20 @@ bool HasRow(CSectionDatabase* database, const CString& table, const CString& con
                    }) == 1;
 }
 
+/// Finds the first section table with a row satisfying the condition that `conditionFor` gives for
+/// the table.
+template <class ConditionFor>
+int FindTableWhere(CSectionDatabase* database, CString& table, ConditionFor conditionFor) {
+    table = {};
+    ForEachSectionTable(database, [&](const CString& candidate) {
+        if (!HasRow(database, candidate, conditionFor(candidate)))
+            return false;
+        table = candidate;
+        return true;
+    });
+    return table.IsEmpty() ? 0 : 1;
+}
+
 unsigned int IdentifierIn(const COleVariant& value) {
     return static_cast<unsigned int>(
         static_cast<std::int64_t>(dbsection::NumberIn(value).value_or(0)));
@@ -67,27 +81,22 @@ SectionDBBase::~SectionDBBase() {
     ReleaseOwnDatabase();
 }
 
-int SectionDBBase::FindTableWith(const CString& condition, CString& table) {
-    table = {};
-    ForEachSectionTable(m_pDatabase, [&](const CString& candidate) {
-        if (!HasRow(m_pDatabase, candidate, condition))
-            return false;
-        table = candidate;
-        return true;
-    });
-    return table.IsEmpty() ? 0 : 1;
-}
-
 int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
-    return FindTableWith(CString("[VessaName] = '") + name + "'", table);
+    const CString condition = CString("[VessaName] = '") + name + "'";
+    return FindTableWhere(m_pDatabase, table, [&](const CString&) { return condition; });
 }
 
 int SectionDBBase::GetTableNameFromSection(const char* name, CString& table) {
-    return FindTableWith(CString("UPPER([VessaName]) = '") + name + "'", table);
+    return FindTableWhere(m_pDatabase, table, [&](const CString& candidate) {
+        const bool isJoists = candidate == "OWJoistMaster"; // joists are known by designation
+        return CString(isJoists ? "UPPER([Designation]) = '" : "UPPER([VessaName]) = '") + name +
+               "'";
+    });
 }
 
 int SectionDBBase::FindSectionTable(const char* name, CString& table) {
-    return FindTableWith(CString("UPPER([VessaName]) = UPPER('") + name + "')", table);
+    const CString condition = CString("UPPER([VessaName]) = UPPER('") + name + "')";
+    return FindTableWhere(m_pDatabase, table, [&](const CString&) { return condition; });
 }
 
 void SectionDBBase::GetAllSectionDataForGUI(int, CStringArray*, float (*)[16], unsigned int,

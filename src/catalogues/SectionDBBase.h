@@ -106,9 +106,6 @@ public:
     const CMap<int, int, CString, CString>& TableNames() const { return m_mapTableNames; }
 
 protected:
-    /// Finds the first section table with a row satisfying `column = text`, as written.
-    int FindTableWith(const CString& condition, CString& table);
-
     /// Opens a statement into the object's recordset and keeps its text.
     int OpenSql(const CString& sql, int openType);
 

@@ -72,9 +72,10 @@ CString SectionDBInterface::GetDatabaseFileName(int index) {
     }
     if (path.IsEmpty() || IsRegularFile(path))
         return path;
-    if (customised)
-        path = BesideSettingsFile(path);
-    return customised && IsRegularFile(path) ? path : CString();
+    if (!customised)
+        return {};
+    path = BesideSettingsFile(path);
+    return IsRegularFile(path) ? path : CString();
 }
 
 int SectionDBInterface::IsCustomized(CString fileStem, CString& customName) {

@@ -39,6 +39,29 @@ void SetAll(CSectionRecordset& rows, const CStringArray& units) {
         rows.SetFieldValue(i, units[i]);
 }
 
+/// Stores the units of a table's columns at their places, leaving out nulls; false when the table
+/// has no row or more than one.
+bool ReadUnits(CSectionDatabase* db, const CString& table, CStringArray& units) {
+    if (db == nullptr || !db->IsOpen())
+        return false;
+    const CString sql =
+        "Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('" + table + "')";
+    RecordsetHandle rows;
+    if (openRecordset(&db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1 ||
+        getRecordCount(rows.Address()) != 1)
+        return false;
+    const int count = getFieldCount(rows.Address());
+    dbsection::Guarded({"GetFieldUnitList()", "Failed to read the field units."}, [&] {
+        for (int i = 0; i < count - 1; ++i) {
+            const CString text = CCrack::strVARIANT(rows->GetFieldValue(i + 1));
+            if (text != "NULL")
+                units.SetAtGrow(i, text);
+        }
+        return 1;
+    });
+    return count != 0;
+}
+
 } // namespace
 
 void UNIT::WriteFieldUnits(CSectionDatabase* db, const CStringArray* units) {
@@ -79,34 +102,10 @@ void UNIT::DeleteFieldUnits(CSectionDatabase* db, const CString& tableName) {
 }
 
 CStringArray* UNIT::GetFieldUnitList(CSectionDatabase* db, const CString& tableName) {
-    if (db == nullptr || !db->IsOpen())
-        return nullptr;
-    const CString sql =
-        "Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('" + tableName + "')";
-    RecordsetHandle rows;
-    if (openRecordset(&db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1 ||
-        getRecordCount(rows.Address()) != 1)
-        return nullptr;
-    const int count = getFieldCount(rows.Address());
-    if (count == 0)
-        return nullptr;
     auto units = std::make_unique<CStringArray>();
-    dbsection::Guarded({"GetFieldUnitList()", "Failed to read the field units."}, [&] {
-        for (int i = 0; i < count - 1; ++i) {
-            const CString text = CCrack::strVARIANT(rows->GetFieldValue(i + 1));
-            if (text != "NULL")
-                units->SetAtGrow(i, text);
-        }
-        return 1;
-    });
-    return units.release();
+    return ReadUnits(db, tableName, *units) ? units.release() : nullptr;
 }
 
 void UNIT::GetFieldUnitArray(CSectionDatabase* db, const CString& tableName, CStringArray* units) {
-    const std::unique_ptr<CStringArray> list(GetFieldUnitList(db, tableName));
-    if (!list)
-        return;
-    for (int i = 0; i < list->GetSize(); ++i)
-        if (!(*list)[i].IsEmpty())
-            units->SetAtGrow(i, (*list)[i]);
+    ReadUnits(db, tableName, *units);
 }
