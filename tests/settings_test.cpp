@@ -33,7 +33,7 @@ TEST_F(FacadeTest, EndsTheFolderWithABackslash) {
         {"", ""},
         {"C:\\Data", "C:\\Data\\"},
         {"C:\\Data\\", "C:\\Data\\"},
-        {R"(C:\Data\Sub)", "C:\\Data\\Sub\\"},
+        {R"(C:\Data\Sub)", R"(C:\Data\Sub\)"},
         {"/usr/share", "/usr/share\\"},
         {"/usr/share/", "/usr/share/\\"},
         {"\\", "\\"},

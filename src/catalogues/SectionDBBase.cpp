@@ -83,7 +83,8 @@ SectionDBBase::~SectionDBBase() {
 
 int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
     const CString condition = CString("[VessaName] = '") + name + "'";
-    return FindTableWhere(m_pDatabase, table, [&](const CString&) { return condition; });
+    return FindTableWhere(m_pDatabase, table,
+                          [&](const CString&) -> const CString& { return condition; });
 }
 
 int SectionDBBase::GetTableNameFromSection(const char* name, CString& table) {
@@ -96,7 +97,8 @@ int SectionDBBase::GetTableNameFromSection(const char* name, CString& table) {
 
 int SectionDBBase::FindSectionTable(const char* name, CString& table) {
     const CString condition = CString("UPPER([VessaName]) = UPPER('") + name + "')";
-    return FindTableWhere(m_pDatabase, table, [&](const CString&) { return condition; });
+    return FindTableWhere(m_pDatabase, table,
+                          [&](const CString&) -> const CString& { return condition; });
 }
 
 void SectionDBBase::GetAllSectionDataForGUI(int, CStringArray*, float (*)[16], unsigned int,

@@ -66,6 +66,7 @@ void CString::Format(const char* format, ...) {
     va_start(arguments, format);
     va_list again;
     va_copy(again, arguments);
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start is above
     const int length = std::vsnprintf(nullptr, 0, format, arguments);
     va_end(arguments);
     std::string text(static_cast<std::size_t>(std::max(length, 0)), '\0');
