@@ -46,6 +46,7 @@ TEST_F(EngineTest, StatementsOnlyReadTables) {
           "Select Name From Shape WHERE Name IN (Select Name From Peek)",
           "WITH RECURSIVE n(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM n) SELECT * FROM n",
           "Select * From (WITH RECURSIVE n(i) AS (SELECT 1 UNION SELECT i FROM n) SELECT i FROM n)",
+          "Select Name From Shape WHERE Name = 'A'1",
           "Select randomblob(1000000000)",
           "Select writefile('x', 'y')",
           "Select fts3_tokenizer('simple')"})

@@ -106,7 +106,8 @@ LiftedSql LiftLiterals(std::string_view sql) {
             behindWhere = true;
         if (!behindWhere || token.kind != TokenKind::Literal || !IsClosedLiteral(text))
             return;
-        lifted.text.append(sql, copied, token.begin - copied).append("?");
+        // The blank keeps a digit behind the literal from naming a parameter.
+        lifted.text.append(sql, copied, token.begin - copied).append("? ");
         lifted.parameters.push_back(LiteralText(text));
         copied = token.end;
     });
