@@ -9,5 +9,5 @@
 #include "interface/SectionDBInterface.h"
 #include "platform/MessageBox.h"
 #include "platform/PrivateProfile.h"
-#include "records/AISCSection.h"
+#include "records/CatalogueRecords.h"
 #include "units/UNIT.h"

@@ -2,7 +2,7 @@
 #include "CatalogueFixture.h"
 
 #include "catalogues/Catalogues.h"
-#include "records/AISCSection.h"
+#include "records/CatalogueRecords.h"
 #include "units/UNIT.h"
 
 #include <cmath>

@@ -1,17 +1,157 @@
-#include "catalogues/Catalogues.h"
+#include "catalogues/AISCSteelJoistSectionDB.h"
+
+#include "dataaccess/Guard.h"
+#include "records/GirderDesignation.h"
 
 #include <array>
+#include <cmath>
+#include <string>
 
 namespace {
 
+constexpr int FirstSeries = 1;
+constexpr int GirderSeries = 5;
+
 constexpr std::array Tables{
-    SectionFamily{"OWJoistMaster", 1, LayoutId::Joist, ShapeType::General},
-    SectionFamily{"OWJoistMaster", 2, LayoutId::Joist, ShapeType::General},
-    SectionFamily{"OWJoistMaster", 3, LayoutId::Joist, ShapeType::General},
-    SectionFamily{"OWJoistMaster", 4, LayoutId::Joist, ShapeType::General},
-    SectionFamily{"JoistGirderMaster", 5, LayoutId::Joist, ShapeType::General},
+    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", FirstSeries, ShapeType::General),
+    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", 2, ShapeType::General),
+    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", 3, ShapeType::General),
+    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", 4, ShapeType::General),
+    FamilyOf<AISCSTEELJOISTSECTION::JoistGirder>("JoistGirderMaster", GirderSeries,
+                                                 ShapeType::General),
 };
+
+constexpr std::array SeriesNames{"K Series", "KCS Series", "LH Series", "DLH Series",
+                                 "Joist Girders"};
+
+// Both select the three columns that every section table begins with, then the record's.
+
+constexpr const char* SelectJoists = "SELECT [JoistID], [Designation], [Designation], "
+                                     "[SeriesID], [Depth], [Weight] FROM [OWJoistMaster] WHERE ";
+
+constexpr const char* SelectGirders =
+    "SELECT [JoistGirderMaster].[JoistID], [JoistGirderMaster].[JoistID], "
+    "[JoistGirderMaster].[JoistID], [JoistGirderMaster].[Span], "
+    "[JoistGirderMaster].[NumberOfJoist], [JoistGirderMaster].[Space], "
+    "[JoistGirderLoad].[PanelPtLoad], [JoistGirderMaster].[Depth], [JoistGirderLoad].[Weight] "
+    "FROM [JoistGirderMaster], [JoistGirderLoad] "
+    "WHERE [JoistGirderMaster].[JoistID] = [JoistGirderLoad].[JoistID]";
+
+GirderDesignation DesignationOf(const JoistGirderRecord& girder) {
+    return {static_cast<int>(girder.Span), static_cast<int>(girder.Depth),
+            static_cast<int>(girder.NumberOfJoist), girder.PanelPtLoad};
+}
+
+/// The girders of a designation, which tells the load to one decimal.
+CString SelectGirder(const GirderDesignation& girder) {
+    const std::string load = std::to_string(std::llround(girder.panelLoad * 10));
+    return SelectGirders + CString(" AND [Span] = " + std::to_string(girder.span) +
+                                   " AND [Depth] = " + std::to_string(girder.depth) +
+                                   " AND [NumberOfJoist] = " + std::to_string(girder.joists) +
+                                   " AND ROUND([PanelPtLoad] * 10) = " + load);
+}
+
+int Numbers(const SectionRecord& record, float* values) {
+    for (int i = 0; i < record.ColumnCount(); ++i)
+        values[i] = static_cast<float>(record.Number(BookkeepingColumns + i));
+    return 1;
+}
 
 } // namespace
 
 AISCSteelJoistSectionDB::AISCSteelJoistSectionDB() : CatalogueSectionDB(Tables) {}
+
+int AISCSteelJoistSectionDB::GetSectionTypeList(CStringList* list) {
+    for (const char* series : SeriesNames)
+        list->AddTail(series);
+    return 1;
+}
+
+/// All joists, or girders, that a statement selects.
+AISCSteelJoistSectionDB::Records AISCSteelJoistSectionDB::Read(const CString& sql,
+                                                               LayoutId layout) {
+    Records records;
+    if (OpenSectionDatabase() != 1 || OpenSql(sql, CSectionRecordset::Snapshot) != 1)
+        return records;
+    dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
+        for (; !m_pRecordset->IsEOF(); m_pRecordset->MoveNext())
+            if (auto record = ReadCurrentRow(layout))
+                records.push_back(std::move(record));
+        return 1;
+    });
+    closeRecordset(&m_pRecordset);
+    for (const auto& record : records)
+        if (auto* girder = dynamic_cast<JoistGirderRecord*>(record.get()))
+            girder->PublicName = girder->VessaName = DesignationOf(*girder).Text();
+    return records;
+}
+
+int AISCSteelJoistSectionDB::GetSectionNameList(int sectionType, CStringList* list, CUIntArray* ids,
+                                                int sorted, int /*publicName*/) {
+    if (GetTableName(sectionType).IsEmpty())
+        return 0;
+    const bool isGirder = sectionType == GirderSeries;
+    CString sql = isGirder ? CString(SelectGirders)
+                           : SelectJoists + CString("[SeriesID] = " + std::to_string(sectionType));
+    if (sorted != 0)
+        sql += isGirder ? " ORDER BY [JoistGirderMaster].[JoistID] ASC" : " ORDER BY [JoistID] ASC";
+    if (ids != nullptr)
+        ids->RemoveAll();
+    for (const auto& record : Read(sql, isGirder ? LayoutId::JoistGirder : LayoutId::Joist)) {
+        list->AddTail(record->VessaName);
+        if (ids != nullptr)
+            ids->Add(static_cast<unsigned int>(record->RecordNumber));
+    }
+    return 1;
+}
+
+SectionRecord* AISCSteelJoistSectionDB::GetSectionData(const char* name, int* sectionType) {
+    Records found = Read(SelectJoists + CString("UPPER([Designation]) = UPPER('") + name + "')",
+                         LayoutId::Joist);
+    const auto girder = GirderDesignation::Parse(name);
+    if (found.empty() && girder)
+        found = Read(SelectGirder(*girder), LayoutId::JoistGirder);
+    if (found.size() != 1)
+        return nullptr;
+    const auto* joist = dynamic_cast<const JoistRecord*>(found[0].get());
+    *sectionType = joist == nullptr ? GirderSeries : static_cast<int>(joist->SeriesID);
+    return found[0].release();
+}
+
+int AISCSteelJoistSectionDB::GetSectionDataForGUI(int /*index*/, int sectionType, int recordNo,
+                                                  CString* name, float* values,
+                                                  const char* /*unitText*/, unsigned int /*unit1*/,
+                                                  unsigned int /*unit2*/) {
+    const CString number(std::to_string(recordNo));
+    const Records found =
+        sectionType == GirderSeries
+            ? Read(SelectGirders + (" AND [JoistGirderMaster].[JoistID] =" + number),
+                   LayoutId::JoistGirder)
+            : Read(SelectJoists + ("[JoistID] =" + number), LayoutId::Joist);
+    if (found.empty())
+        return 0;
+    *name = found[0]->VessaName;
+    return Numbers(*found[0], values);
+}
+
+int AISCSteelJoistSectionDB::GetSectionDataForGUI(int /*index*/, const char* name, int* sectionType,
+                                                  int* recordNo, float* values,
+                                                  unsigned int /*unit1*/, unsigned int /*unit2*/) {
+    const std::unique_ptr<SectionRecord> record(GetSectionData(name, sectionType));
+    if (!record)
+        return 0;
+    *recordNo = record->RecordNumber;
+    return Numbers(*record, values);
+}
+
+void AISCSteelJoistSectionDB::GetAllSectionDataForGUI(int, CStringArray*, float (*)[16],
+                                                      unsigned int, unsigned int) {}
+
+SECTIONINFO* AISCSteelJoistSectionDB::GetSectionStructProperty(const char*, unsigned int,
+                                                               unsigned int, int*) {
+    return nullptr;
+}
+
+int AISCSteelJoistSectionDB::AddSectionData(WORD, SECTIONINFO*) { return 0; }
+
+int AISCSteelJoistSectionDB::UpdateSectionData(WORD, SECTIONINFO*) { return 0; }

@@ -5,17 +5,17 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"UB Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"UC Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"WB Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"WC Shape", 4, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 5, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 6, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 10, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 11, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"RHS", 7, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"SHS", 8, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"CHS", 9, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<AUSTRALIANSECTION::UBShape>("UB Shape", 1, ShapeType::WideFlange),
+    FamilyOf<AUSTRALIANSECTION::UCShape>("UC Shape", 2, ShapeType::WideFlange),
+    FamilyOf<AUSTRALIANSECTION::WBShape>("WB Shape", 3, ShapeType::WideFlange),
+    FamilyOf<AUSTRALIANSECTION::WCShape>("WC Shape", 4, ShapeType::WideFlange),
+    FamilyOf<AUSTRALIANSECTION::Channel>("Channel", 5, ShapeType::Channel),
+    FamilyOf<AUSTRALIANSECTION::Angle>("Angle", 6, ShapeType::Angle),
+    FamilyOf<AUSTRALIANSECTION::Tube>("Tube", 10, ShapeType::Tube),
+    FamilyOf<AUSTRALIANSECTION::Pipe>("Pipe", 11, ShapeType::Pipe),
+    FamilyOf<AUSTRALIANSECTION::RHS>("RHS", 7, ShapeType::Tube),
+    FamilyOf<AUSTRALIANSECTION::SHS>("SHS", 8, ShapeType::Tube),
+    FamilyOf<AUSTRALIANSECTION::CHS>("CHS", 9, ShapeType::Pipe),
 };
 
 } // namespace

@@ -5,20 +5,20 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"I", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"W_H", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"W_I", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"T", 4, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"Channel", 5, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 6, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"TRE", 7, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"TQE", 8, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"TCE", 9, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"Pipe", 10, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"CS", 11, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"CVS", 12, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"VS", 13, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"S Shape", 14, LayoutId::IShape, ShapeType::WideFlange},
+    FamilyOf<BRAZILIANSECTION::I>("I", 1, ShapeType::WideFlange),
+    FamilyOf<BRAZILIANSECTION::WH>("W_H", 2, ShapeType::WideFlange),
+    FamilyOf<BRAZILIANSECTION::WI>("W_I", 3, ShapeType::WideFlange),
+    FamilyOf<BRAZILIANSECTION::T>("T", 4, ShapeType::Tee),
+    FamilyOf<BRAZILIANSECTION::Channel>("Channel", 5, ShapeType::Channel),
+    FamilyOf<BRAZILIANSECTION::Angle>("Angle", 6, ShapeType::Angle),
+    FamilyOf<BRAZILIANSECTION::TRE>("TRE", 7, ShapeType::Tube),
+    FamilyOf<BRAZILIANSECTION::TQE>("TQE", 8, ShapeType::Tube),
+    FamilyOf<BRAZILIANSECTION::TCE>("TCE", 9, ShapeType::Pipe),
+    FamilyOf<BRAZILIANSECTION::Pipe>("Pipe", 10, ShapeType::Pipe),
+    FamilyOf<BRAZILIANSECTION::CS>("CS", 11, ShapeType::WideFlange),
+    FamilyOf<BRAZILIANSECTION::CVS>("CVS", 12, ShapeType::WideFlange),
+    FamilyOf<BRAZILIANSECTION::VS>("VS", 13, ShapeType::WideFlange),
+    FamilyOf<BRAZILIANSECTION::SShape>("S Shape", 14, ShapeType::WideFlange),
 };
 
 } // namespace

@@ -5,14 +5,14 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"UB Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"UC Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"UP Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"JO Shape", 4, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 5, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 6, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 7, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 8, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<BRITISHSECTION::UBShape>("UB Shape", 1, ShapeType::WideFlange),
+    FamilyOf<BRITISHSECTION::UCShape>("UC Shape", 2, ShapeType::WideFlange),
+    FamilyOf<BRITISHSECTION::UPShape>("UP Shape", 3, ShapeType::WideFlange),
+    FamilyOf<BRITISHSECTION::JOShape>("JO Shape", 4, ShapeType::WideFlange),
+    FamilyOf<BRITISHSECTION::Channel>("Channel", 5, ShapeType::Channel),
+    FamilyOf<BRITISHSECTION::Angle>("Angle", 6, ShapeType::Angle),
+    FamilyOf<BRITISHSECTION::Tube>("Tube", 7, ShapeType::Tube),
+    FamilyOf<BRITISHSECTION::Pipe>("Pipe", 8, ShapeType::Pipe),
 };
 
 } // namespace

@@ -5,14 +5,23 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"Zee Purlins", 6, LayoutId::ColdFormedLipped, ShapeType::General},
-    SectionFamily{"Eave Struts", 4, LayoutId::ColdFormedLipped, ShapeType::Channel},
-    SectionFamily{"Box Struts", 9, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Wide Flange", 10, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Tapered Wide Flange", 11, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"SolidRound", 12, LayoutId::RoundBar, ShapeType::Pipe},
+    FamilyOf<BUTLERSECTION::ZeePurlins>("Zee Purlins", 6, ShapeType::General),
+    FamilyOf<BUTLERSECTION::EaveStruts>("Eave Struts", 4, ShapeType::Channel),
+    FamilyOf<BUTLERSECTION::BoxStruts>("Box Struts", 9, ShapeType::Tube),
+    FamilyOf<BUTLERSECTION::WideFlange>("Wide Flange", 10, ShapeType::WideFlange),
+    FamilyOf<BUTLERSECTION::TaperedWideFlange>("Tapered Wide Flange", 11, ShapeType::WideFlange),
+    FamilyOf<BUTLERSECTION::SolidRound>("SolidRound", 12, ShapeType::Pipe),
 };
 
 } // namespace
 
 ButlerSectionDB::ButlerSectionDB() : CatalogueSectionDB(Tables) {}
+
+SECTIONINFO* ButlerSectionDB::GetSectionStructProperty(const char*, unsigned int, unsigned int,
+                                                       int*) {
+    return nullptr;
+}
+
+int ButlerSectionDB::AddSectionData(WORD, SECTIONINFO*) { return 0; }
+
+int ButlerSectionDB::UpdateSectionData(WORD, SECTIONINFO*) { return 0; }

@@ -5,18 +5,18 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"W Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"M Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"S Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"HP Shape", 4, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"WW Shape", 5, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 6, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"MC Channel", 7, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 8, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 9, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 10, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"HSS Rectangle", 11, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"HSS Round", 12, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<CANADIANSECTION::WShape>("W Shape", 1, ShapeType::WideFlange),
+    FamilyOf<CANADIANSECTION::MShape>("M Shape", 2, ShapeType::WideFlange),
+    FamilyOf<CANADIANSECTION::SShape>("S Shape", 3, ShapeType::WideFlange),
+    FamilyOf<CANADIANSECTION::HPShape>("HP Shape", 4, ShapeType::WideFlange),
+    FamilyOf<CANADIANSECTION::WWShape>("WW Shape", 5, ShapeType::WideFlange),
+    FamilyOf<CANADIANSECTION::Channel>("Channel", 6, ShapeType::Channel),
+    FamilyOf<CANADIANSECTION::MCChannel>("MC Channel", 7, ShapeType::Channel),
+    FamilyOf<CANADIANSECTION::Angle>("Angle", 8, ShapeType::Angle),
+    FamilyOf<CANADIANSECTION::Tube>("Tube", 9, ShapeType::Tube),
+    FamilyOf<CANADIANSECTION::Pipe>("Pipe", 10, ShapeType::Pipe),
+    FamilyOf<CANADIANSECTION::HSSRectangle>("HSS Rectangle", 11, ShapeType::Tube),
+    FamilyOf<CANADIANSECTION::HSSRound>("HSS Round", 12, ShapeType::Pipe),
 };
 
 } // namespace

@@ -5,13 +5,14 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"Glued Laminated Timber", 1, LayoutId::Timber, ShapeType::Prismatic},
-    SectionFamily{"Douglas Fir-Larch", 2, LayoutId::Timber, ShapeType::Prismatic},
-    SectionFamily{"Hem-Fir", 3, LayoutId::Timber, ShapeType::Prismatic},
-    SectionFamily{"Northern Species", 4, LayoutId::Timber, ShapeType::Prismatic},
-    SectionFamily{"Spruce-Pine-Fir", 5, LayoutId::Timber, ShapeType::Prismatic},
+    FamilyOf<CANADIANTIMBERSECTION::GluedLaminatedTimber>("Glued Laminated Timber", 1,
+                                                          ShapeType::Prismatic),
+    FamilyOf<CANADIANTIMBERSECTION::SawnLumber>("Douglas Fir-Larch", 2, ShapeType::Prismatic),
+    FamilyOf<CANADIANTIMBERSECTION::SawnLumber>("Hem-Fir", 3, ShapeType::Prismatic),
+    FamilyOf<CANADIANTIMBERSECTION::SawnLumber>("Northern Species", 4, ShapeType::Prismatic),
+    FamilyOf<CANADIANTIMBERSECTION::SawnLumber>("Spruce-Pine-Fir", 5, ShapeType::Prismatic),
 };
 
 } // namespace
 
-CanadianTimberSectionDB::CanadianTimberSectionDB() : CatalogueSectionDB(Tables) {}
+CanadianTimberSectionDB::CanadianTimberSectionDB() : TimberSectionDB(Tables) {}

@@ -50,7 +50,7 @@ std::unique_ptr<SectionRecord> CatalogueSectionDB::ReadCurrentRow(LayoutId layou
     return read == 1 ? std::move(record) : nullptr;
 }
 
-SectionRecord* CatalogueSectionDB::GetSectionData(const char* name, int* sectionType) {
+const SectionFamily* CatalogueSectionDB::OpenSection(const char* name) {
     if (OpenSectionDatabase() != 1)
         return nullptr;
     FindSectionTable(name, m_szTableName);
@@ -67,7 +67,11 @@ SectionRecord* CatalogueSectionDB::GetSectionData(const char* name, int* section
         closeRecordset(&m_pRecordset);
         return nullptr;
     }
-    const SectionFamily* family = FindFamily(m_szTableName);
+    return RecordFamily(m_szTableName);
+}
+
+SectionRecord* CatalogueSectionDB::GetSectionData(const char* name, int* sectionType) {
+    const SectionFamily* family = OpenSection(name);
     if (family == nullptr)
         return nullptr;
     auto record = ReadCurrentRow(family->layout);
@@ -85,8 +89,9 @@ SECTIONINFO* CatalogueSectionDB::GetSectionStructProperty(const char* name, unsi
     const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(m_pDatabase, m_szTableName));
     if (!units)
         return nullptr;
-    const SectionFamily& family = *FindFamily(m_szTableName);
-    auto info = dbsection::SummariseSection(*record, family.layout, *units, unit2, unit1);
+    const SectionFamily& family = *RecordFamily(m_szTableName);
+    auto info =
+        dbsection::SummariseSection(*record, family.layout, Density(), *units, unit2, unit1);
     m_records[static_cast<std::size_t>(&family - m_families.data())] = std::move(record);
     return info.release();
 }

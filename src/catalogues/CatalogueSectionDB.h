@@ -1,4 +1,8 @@
 // The mechanism that the catalogue classes share: a class is a table of shape families.
+//
+// What the operations do is told in SectionDBBase.h. Display values are a section's numbers in the
+// order area, dimensions, other properties (the order of the layout's columns, the area first), 16
+// at most; texts are left out.
 #pragma once
 
 #include "catalogues/SectionDBBase.h"
@@ -12,10 +16,21 @@ class DBSECTION_API CatalogueSectionDB : public SectionDBBase {
 public:
     void FreeSectionRecords() override { InitSectionRecords(); }
     void InitSectionRecords() override;
+    void InitTableNameMap() override;
+
     SectionRecord* GetSectionData(const char* name, int* sectionType) override;
     SECTIONINFO* GetSectionStructProperty(const char* name, unsigned int unit1, unsigned int unit2,
                                           int* sectionType) override;
-    void InitTableNameMap() override;
+
+    void GetAllSectionDataForGUI(int sectionType, CStringArray* names, float (*values)[16],
+                                 unsigned int unit1, unsigned int unit2) override;
+    int GetSectionDataForGUI(int index, int sectionType, int recordNo, CString* name, float* values,
+                             const char* unitText, unsigned int unit1, unsigned int unit2) override;
+    int GetSectionDataForGUI(int index, const char* name, int* sectionType, int* recordNo,
+                             float* values, unsigned int unit1, unsigned int unit2) override;
+
+    int AddSectionData(WORD id, SECTIONINFO* record) override;
+    int UpdateSectionData(WORD id, SECTIONINFO* record) override;
 
     /// The shape families in the order in which table names are compared.
     std::span<const SectionFamily> Families() const { return m_families; }
@@ -23,12 +38,53 @@ public:
     /// The family of a table, or null.
     const SectionFamily* FindFamily(const CString& table) const;
 
+    /// The name of the column of cross-sectional areas.
+    virtual const char* AreaColumn() const { return "AX"; }
+
 protected:
     /// The families must outlive the object.
     explicit CatalogueSectionDB(std::span<const SectionFamily> families);
 
-private:
+    /// The family as whose rows the rows of a table are read; null for an unknown table.
+    virtual const SectionFamily* RecordFamily(const CString& table) const {
+        return FindFamily(table);
+    }
+
+    /// The family as whose rows rows are added to a table and changed; null for none.
+    virtual const SectionFamily* EditedFamily(const CString& table) const {
+        return FindFamily(table);
+    }
+
+    /// Caption of the message that a section's name is taken.
+    virtual CString DuplicateCaption(const SectionFamily& family) const { return family.table; }
+
+    /// Density of the sections' material in kg/m^3, by default that of steel; 0 where the catalogue
+    /// tells none.
+    virtual double Density() const { return 7851.535; }
+
+    /// Opens the row of a section, the only one of its VessaName, and makes its table the working
+    /// table. Returns the row's family, or null.
+    const SectionFamily* OpenSection(const char* name);
+
+    /// The current row as a record of a layout; null when it cannot be read.
     std::unique_ptr<SectionRecord> ReadCurrentRow(LayoutId layout) const;
+
+    /// How display values are converted: to a length unit and a force unit.
+    struct DisplayUnits {
+        unsigned int length;
+        unsigned int force;
+    };
+
+    /// Fills in display values, record number and section type of a section; unconverted without
+    /// units. Returns 1, or 0 without such a section.
+    int DisplaySection(const char* name, int* sectionType, int* recordNo, float* values,
+                       const DisplayUnits* units);
+
+private:
+    bool ReadDisplayFactors(const SectionFamily& family, const DisplayUnits* units,
+                            std::vector<struct DisplayColumn>& columns) const;
+    int StoreSection(const char* label, const char* message, WORD id, const SECTIONINFO* record,
+                     bool isNew);
 
     std::span<const SectionFamily> m_families;
     std::vector<std::unique_ptr<SectionRecord>> m_records; ///< last read, one slot a family

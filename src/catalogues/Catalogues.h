@@ -1,12 +1,21 @@
 // The catalogue classes. Each is a table of shape families in a source of its own.
 #pragma once
 
+#include "catalogues/AISCSteelJoistSectionDB.h"
 #include "catalogues/CatalogueSectionDB.h"
+#include "catalogues/TimberSectionDB.h"
 
 /// 1: American hot-rolled.
 class DBSECTION_API AISCSectionDB : public CatalogueSectionDB {
 public:
     AISCSectionDB();
+
+    int GetSectionDataForGUIAllValues(int index, const char* name, int* sectionType, int* recordNo,
+                                      float* values) override;
+
+protected:
+    const SectionFamily* EditedFamily(const CString& table) const override;
+    CString DuplicateCaption(const SectionFamily& family) const override;
 };
 
 /// 2: Australian.
@@ -103,12 +112,20 @@ public:
 class DBSECTION_API AluminumSectionDB : public CatalogueSectionDB {
 public:
     AluminumSectionDB();
+
+protected:
+    double Density() const override { return 2712.6; } // 0.098 lb/in^3
 };
 
 /// 18: cold-formed (US).
 class DBSECTION_API USColdFormSectionDB : public CatalogueSectionDB {
 public:
     USColdFormSectionDB();
+
+    /// Does nothing.
+    void GetAllSectionDataForGUI(int sectionType, CStringArray* names, float (*values)[16],
+                                 unsigned int unit1, unsigned int unit2) override;
+    const char* AreaColumn() const override { return "Area"; }
 };
 
 /// 19: cold-formed (Indian).
@@ -123,14 +140,8 @@ public:
     MexicanSectionDB();
 };
 
-/// 21: steel joist (US).
-class DBSECTION_API AISCSteelJoistSectionDB : public CatalogueSectionDB {
-public:
-    AISCSteelJoistSectionDB();
-};
-
 /// 22: timber (US).
-class DBSECTION_API AITCTimberSectionDB : public CatalogueSectionDB {
+class DBSECTION_API AITCTimberSectionDB : public TimberSectionDB {
 public:
     AITCTimberSectionDB();
 };
@@ -148,7 +159,7 @@ public:
 };
 
 /// 25: timber (Canadian).
-class DBSECTION_API CanadianTimberSectionDB : public CatalogueSectionDB {
+class DBSECTION_API CanadianTimberSectionDB : public TimberSectionDB {
 public:
     CanadianTimberSectionDB();
 };
@@ -157,6 +168,12 @@ public:
 class DBSECTION_API ButlerSectionDB : public CatalogueSectionDB {
 public:
     ButlerSectionDB();
+
+    // None of these is supported.
+    SECTIONINFO* GetSectionStructProperty(const char* name, unsigned int unit1, unsigned int unit2,
+                                          int* sectionType) override;
+    int AddSectionData(WORD id, SECTIONINFO* record) override;
+    int UpdateSectionData(WORD id, SECTIONINFO* record) override;
 };
 
 /// 27: cold-formed (Kingspan).

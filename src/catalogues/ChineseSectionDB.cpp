@@ -5,13 +5,13 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"I Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 2, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 3, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 4, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 5, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"T Shape", 6, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"H Shape", 7, LayoutId::IShape, ShapeType::WideFlange},
+    FamilyOf<CHINESESECTION::IShape>("I Shape", 1, ShapeType::WideFlange),
+    FamilyOf<CHINESESECTION::Channel>("Channel", 2, ShapeType::Channel),
+    FamilyOf<CHINESESECTION::Angle>("Angle", 3, ShapeType::Angle),
+    FamilyOf<CHINESESECTION::Tube>("Tube", 4, ShapeType::Tube),
+    FamilyOf<CHINESESECTION::Pipe>("Pipe", 5, ShapeType::Pipe),
+    FamilyOf<CHINESESECTION::TShape>("T Shape", 6, ShapeType::Tee),
+    FamilyOf<CHINESESECTION::HShape>("H Shape", 7, ShapeType::WideFlange),
 };
 
 } // namespace

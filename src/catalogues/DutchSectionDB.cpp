@@ -5,16 +5,16 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"HE Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"IPE Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"IPN Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"UPN Channel", 4, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 5, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 6, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 7, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"PlateStrip", 8, LayoutId::Rectangle, ShapeType::Prismatic},
-    SectionFamily{"SolidRound", 9, LayoutId::RoundBar, ShapeType::Pipe},
-    SectionFamily{"SolidSquare", 10, LayoutId::Rectangle, ShapeType::Prismatic},
+    FamilyOf<DUTCHSECTION::HEShape>("HE Shape", 1, ShapeType::WideFlange),
+    FamilyOf<DUTCHSECTION::IPEShape>("IPE Shape", 2, ShapeType::WideFlange),
+    FamilyOf<DUTCHSECTION::IPNShape>("IPN Shape", 3, ShapeType::WideFlange),
+    FamilyOf<DUTCHSECTION::UPNChannel>("UPN Channel", 4, ShapeType::Channel),
+    FamilyOf<DUTCHSECTION::Angle>("Angle", 5, ShapeType::Angle),
+    FamilyOf<DUTCHSECTION::Tube>("Tube", 6, ShapeType::Tube),
+    FamilyOf<DUTCHSECTION::Pipe>("Pipe", 7, ShapeType::Pipe),
+    FamilyOf<DUTCHSECTION::PlateStrip>("PlateStrip", 8, ShapeType::Prismatic),
+    FamilyOf<DUTCHSECTION::SolidRound>("SolidRound", 9, ShapeType::Pipe),
+    FamilyOf<DUTCHSECTION::SolidSquare>("SolidSquare", 10, ShapeType::Prismatic),
 };
 
 } // namespace

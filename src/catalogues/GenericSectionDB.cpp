@@ -5,16 +5,16 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"W Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"T Shape", 2, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"Channel", 3, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 4, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 5, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 6, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"Rectangle", 7, LayoutId::Rectangle, ShapeType::Prismatic},
-    SectionFamily{"Round", 8, LayoutId::RoundBar, ShapeType::Pipe},
-    SectionFamily{"Zee", 9, LayoutId::ColdFormedLipped, ShapeType::General},
-    SectionFamily{"General", 20, LayoutId::General, ShapeType::General},
+    FamilyOf<GENERICSECTION::WShape>("W Shape", 1, ShapeType::WideFlange),
+    FamilyOf<GENERICSECTION::TShape>("T Shape", 2, ShapeType::Tee),
+    FamilyOf<GENERICSECTION::Channel>("Channel", 3, ShapeType::Channel),
+    FamilyOf<GENERICSECTION::Angle>("Angle", 4, ShapeType::Angle),
+    FamilyOf<GENERICSECTION::Tube>("Tube", 5, ShapeType::Tube),
+    FamilyOf<GENERICSECTION::Pipe>("Pipe", 6, ShapeType::Pipe),
+    FamilyOf<GENERICSECTION::Rectangle>("Rectangle", 7, ShapeType::Prismatic),
+    FamilyOf<GENERICSECTION::Round>("Round", 8, ShapeType::Pipe),
+    FamilyOf<GENERICSECTION::Zee>("Zee", 9, ShapeType::General),
+    FamilyOf<GENERICSECTION::General>("General", 20, ShapeType::General),
 };
 
 } // namespace

@@ -5,13 +5,13 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"IPE Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"HE Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"I Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"U Channel", 4, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 5, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 6, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 7, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<GERMANSECTION::IPEShape>("IPE Shape", 1, ShapeType::WideFlange),
+    FamilyOf<GERMANSECTION::HEShape>("HE Shape", 2, ShapeType::WideFlange),
+    FamilyOf<GERMANSECTION::IShape>("I Shape", 3, ShapeType::WideFlange),
+    FamilyOf<GERMANSECTION::UChannel>("U Channel", 4, ShapeType::Channel),
+    FamilyOf<GERMANSECTION::Angle>("Angle", 5, ShapeType::Angle),
+    FamilyOf<GERMANSECTION::Tube>("Tube", 6, ShapeType::Tube),
+    FamilyOf<GERMANSECTION::Pipe>("Pipe", 7, ShapeType::Pipe),
 };
 
 } // namespace

@@ -5,17 +5,17 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"S Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"I Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"M Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"W Shape", 4, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"T Shape", 5, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"Channel", 6, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 7, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 8, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 9, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"NPB Shape", 11, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"WPB Shape", 10, LayoutId::IShape, ShapeType::WideFlange},
+    FamilyOf<INDIANSECTION::SShape>("S Shape", 1, ShapeType::WideFlange),
+    FamilyOf<INDIANSECTION::IShape>("I Shape", 2, ShapeType::WideFlange),
+    FamilyOf<INDIANSECTION::MShape>("M Shape", 3, ShapeType::WideFlange),
+    FamilyOf<INDIANSECTION::WShape>("W Shape", 4, ShapeType::WideFlange),
+    FamilyOf<INDIANSECTION::TShape>("T Shape", 5, ShapeType::Tee),
+    FamilyOf<INDIANSECTION::Channel>("Channel", 6, ShapeType::Channel),
+    FamilyOf<INDIANSECTION::Angle>("Angle", 7, ShapeType::Angle),
+    FamilyOf<INDIANSECTION::Tube>("Tube", 8, ShapeType::Tube),
+    FamilyOf<INDIANSECTION::Pipe>("Pipe", 9, ShapeType::Pipe),
+    FamilyOf<INDIANSECTION::NPBShape>("NPB Shape", 11, ShapeType::WideFlange),
+    FamilyOf<INDIANSECTION::WPBShape>("WPB Shape", 10, ShapeType::WideFlange),
 };
 
 } // namespace

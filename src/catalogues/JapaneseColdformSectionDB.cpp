@@ -5,9 +5,9 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"BCP 235 325", 11, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"BCP 325T", 12, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"BCR 295", 13, LayoutId::RectangularTube, ShapeType::Tube},
+    FamilyOf<JAPANESECOLDFORMSECTION::BCP235325>("BCP 235 325", 11, ShapeType::Tube),
+    FamilyOf<JAPANESECOLDFORMSECTION::BCP325T>("BCP 325T", 12, ShapeType::Tube),
+    FamilyOf<JAPANESECOLDFORMSECTION::BCR295>("BCR 295", 13, ShapeType::Tube),
 };
 
 } // namespace

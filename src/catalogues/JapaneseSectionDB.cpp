@@ -5,19 +5,19 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"H Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"H Shape old", 51, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"I Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"T Shape", 3, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"CT Shape", 11, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"T Shape Old", 52, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"Channel", 4, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 5, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 6, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 7, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"RHS", 8, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"SHS", 9, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"CHS", 10, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<JAPANESESECTION::HShape>("H Shape", 1, ShapeType::WideFlange),
+    FamilyOf<JAPANESESECTION::HShapeOld>("H Shape old", 51, ShapeType::WideFlange),
+    FamilyOf<JAPANESESECTION::IShape>("I Shape", 2, ShapeType::WideFlange),
+    FamilyOf<JAPANESESECTION::TShape>("T Shape", 3, ShapeType::Tee),
+    FamilyOf<JAPANESESECTION::CTShape>("CT Shape", 11, ShapeType::Tee),
+    FamilyOf<JAPANESESECTION::TShapeOld>("T Shape Old", 52, ShapeType::Tee),
+    FamilyOf<JAPANESESECTION::Channel>("Channel", 4, ShapeType::Channel),
+    FamilyOf<JAPANESESECTION::Angle>("Angle", 5, ShapeType::Angle),
+    FamilyOf<JAPANESESECTION::Tube>("Tube", 6, ShapeType::Tube),
+    FamilyOf<JAPANESESECTION::Pipe>("Pipe", 7, ShapeType::Pipe),
+    FamilyOf<JAPANESESECTION::RHS>("RHS", 8, ShapeType::Tube),
+    FamilyOf<JAPANESESECTION::SHS>("SHS", 9, ShapeType::Tube),
+    FamilyOf<JAPANESESECTION::CHS>("CHS", 10, ShapeType::Pipe),
 };
 
 } // namespace

@@ -5,13 +5,13 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"IPE Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"HE Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"UB Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"UC Shape", 4, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"ISMC Shape", 5, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"NPB Shape", 7, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"WPB Shape", 6, LayoutId::IShape, ShapeType::WideFlange},
+    FamilyOf<JINDALSECTION::IPEShape>("IPE Shape", 1, ShapeType::WideFlange),
+    FamilyOf<JINDALSECTION::HEShape>("HE Shape", 2, ShapeType::WideFlange),
+    FamilyOf<JINDALSECTION::UBShape>("UB Shape", 3, ShapeType::WideFlange),
+    FamilyOf<JINDALSECTION::UCShape>("UC Shape", 4, ShapeType::WideFlange),
+    FamilyOf<JINDALSECTION::ISMCShape>("ISMC Shape", 5, ShapeType::Channel),
+    FamilyOf<JINDALSECTION::NPBShape>("NPB Shape", 7, ShapeType::WideFlange),
+    FamilyOf<JINDALSECTION::WPBShape>("WPB Shape", 6, ShapeType::WideFlange),
 };
 
 } // namespace

@@ -5,14 +5,14 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"W Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"H Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"I Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"WT Shape", 4, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"Channel", 5, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 6, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Pipe", 7, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"Tube", 8, LayoutId::RectangularTube, ShapeType::Tube},
+    FamilyOf<KOREANSECTION::WShape>("W Shape", 1, ShapeType::WideFlange),
+    FamilyOf<KOREANSECTION::HShape>("H Shape", 2, ShapeType::WideFlange),
+    FamilyOf<KOREANSECTION::IShape>("I Shape", 3, ShapeType::WideFlange),
+    FamilyOf<KOREANSECTION::WTShape>("WT Shape", 4, ShapeType::Tee),
+    FamilyOf<KOREANSECTION::Channel>("Channel", 5, ShapeType::Channel),
+    FamilyOf<KOREANSECTION::Angle>("Angle", 6, ShapeType::Angle),
+    FamilyOf<KOREANSECTION::Pipe>("Pipe", 7, ShapeType::Pipe),
+    FamilyOf<KOREANSECTION::Tube>("Tube", 8, ShapeType::Tube),
 };
 
 } // namespace

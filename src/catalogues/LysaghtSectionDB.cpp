@@ -5,8 +5,8 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"Channel with Lips", 4, LayoutId::ColdFormedLipped, ShapeType::Channel},
-    SectionFamily{"Zee with Lips", 6, LayoutId::ColdFormedLipped, ShapeType::General},
+    FamilyOf<LYSAGHTSECTION::ChannelWithLips>("Channel with Lips", 4, ShapeType::Channel),
+    FamilyOf<LYSAGHTSECTION::ZeeWithLips>("Zee with Lips", 6, ShapeType::General),
 };
 
 } // namespace

@@ -5,15 +5,15 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"IEshape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"IRshape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"ISshape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"CEchanel", 4, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"LDangle", 5, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"LIangle", 6, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"OCpipe", 7, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"ORtube", 8, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"ORtubeR", 9, LayoutId::RectangularTube, ShapeType::Tube},
+    FamilyOf<MEXICANSECTION::IEshape>("IEshape", 1, ShapeType::WideFlange),
+    FamilyOf<MEXICANSECTION::IRshape>("IRshape", 2, ShapeType::WideFlange),
+    FamilyOf<MEXICANSECTION::ISshape>("ISshape", 3, ShapeType::WideFlange),
+    FamilyOf<MEXICANSECTION::CEchanel>("CEchanel", 4, ShapeType::Channel),
+    FamilyOf<MEXICANSECTION::LDangle>("LDangle", 5, ShapeType::Angle),
+    FamilyOf<MEXICANSECTION::LIangle>("LIangle", 6, ShapeType::Angle),
+    FamilyOf<MEXICANSECTION::OCpipe>("OCpipe", 7, ShapeType::Pipe),
+    FamilyOf<MEXICANSECTION::ORtube>("ORtube", 8, ShapeType::Tube),
+    FamilyOf<MEXICANSECTION::ORtubeR>("ORtubeR", 9, ShapeType::Tube),
 };
 
 } // namespace

@@ -5,7 +5,7 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"Pipe", 8, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<RUSCOLDFORMEDSECTION::Pipe>("Pipe", 8, ShapeType::Pipe),
 };
 
 } // namespace

@@ -5,14 +5,14 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"B Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"SH Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"K Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"I Shape", 4, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 5, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 6, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 7, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 8, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<RUSSIANSECTION::BShape>("B Shape", 1, ShapeType::WideFlange),
+    FamilyOf<RUSSIANSECTION::SHShape>("SH Shape", 2, ShapeType::WideFlange),
+    FamilyOf<RUSSIANSECTION::KShape>("K Shape", 3, ShapeType::WideFlange),
+    FamilyOf<RUSSIANSECTION::IShape>("I Shape", 4, ShapeType::WideFlange),
+    FamilyOf<RUSSIANSECTION::Channel>("Channel", 5, ShapeType::Channel),
+    FamilyOf<RUSSIANSECTION::Angle>("Angle", 6, ShapeType::Angle),
+    FamilyOf<RUSSIANSECTION::Tube>("Tube", 7, ShapeType::Tube),
+    FamilyOf<RUSSIANSECTION::Pipe>("Pipe", 8, ShapeType::Pipe),
 };
 
 } // namespace

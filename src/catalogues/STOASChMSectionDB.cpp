@@ -5,9 +5,9 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"B Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"SH Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"K Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
+    FamilyOf<STOASCHMSECTION::BShape>("B Shape", 1, ShapeType::WideFlange),
+    FamilyOf<STOASCHMSECTION::SHShape>("SH Shape", 2, ShapeType::WideFlange),
+    FamilyOf<STOASCHMSECTION::KShape>("K Shape", 3, ShapeType::WideFlange),
 };
 
 } // namespace

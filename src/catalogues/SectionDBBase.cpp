@@ -8,10 +8,6 @@
 
 namespace {
 
-constexpr int IdentifierColumn = 0;
-constexpr int NameColumn = 1;
-constexpr int VessaNameColumn = 2;
-
 using dbsection::Guarded;
 
 /// Calls `visit` with the name of each section table in the database's table order, until it

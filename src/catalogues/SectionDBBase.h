@@ -36,7 +36,11 @@ public:
     virtual int GetTableNameFromSection(const char* name, CString& table);
     virtual int FindSectionTable(const char* name, CString& table);
 
-    // Display values and records: the defaults do nothing and return 0 or null.
+    // Display values of the working table's sections, and of a section by its VessaName. Lengths
+    // are converted to the length unit `unit1` (1001 to 1008), forces to the force unit `unit2`
+    // (2001 to 2008). The defaults of these and the following do nothing and return 0 or null.
+
+    /// The VessaNames of all sections, and a row of values for each.
     virtual void GetAllSectionDataForGUI(int sectionType, CStringArray* names, float (*values)[16],
                                          unsigned int unit1, unsigned int unit2);
     virtual int GetSectionDataForGUI(int index, int sectionType, int recordNo, CString* name,
@@ -44,6 +48,8 @@ public:
                                      unsigned int unit2);
     virtual int GetSectionDataForGUI(int index, const char* name, int* sectionType, int* recordNo,
                                      float* values, unsigned int unit1, unsigned int unit2);
+
+    /// The same in the units of the table.
     virtual int GetSectionDataForGUIAllValues(int index, const char* name, int* sectionType,
                                               int* recordNo, float* values);
 
@@ -55,6 +61,8 @@ public:
     virtual SECTIONINFO* GetSectionStructProperty(const char* name, unsigned int unit1,
                                                   unsigned int unit2, int* sectionType);
 
+    /// Adds a row to the working table, or changes the row of that identifier: the record's names
+    /// and `Values`. Refused with a message when another row has the record's public name.
     virtual int AddSectionData(WORD id, SECTIONINFO* record);
     virtual int UpdateSectionData(WORD id, SECTIONINFO* record);
 

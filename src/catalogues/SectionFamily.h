@@ -1,7 +1,7 @@
 // A shape family of a catalogue: one section table.
 #pragma once
 
-#include "records/SectionLayout.h"
+#include "records/CatalogueRecords.h"
 
 /// Shape types, the same for all catalogues.
 namespace ShapeType {
@@ -25,3 +25,9 @@ struct SectionFamily {
     LayoutId layout;
     ShapeType::Code shapeType;
 };
+
+/// The family of a table whose rows are read as `Record`.
+template <class Record>
+constexpr SectionFamily FamilyOf(const char* table, int sectionType, ShapeType::Code shapeType) {
+    return {table, sectionType, Record::Layout, shapeType};
+}

@@ -2,91 +2,93 @@
 
 #include "units/UNIT.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
+#include <initializer_list>
+#include <string_view>
 
 namespace dbsection {
 namespace {
 
-constexpr int None = 0; // a bookkeeping column: no property
+constexpr const char* DensityUnit = "KG/M^3";
 
-/// The distance of the extreme fibre from an axis: half of a dimension of a section that is
-/// symmetric about the axis, or a dimension less the centroid's distance from its far end.
-struct ExtremeFibre {
-    int dimension;
-    int centroid;
+/// A row's properties by column name, in the units of the caller. All layouts name alike what is
+/// alike, so that one rule summarises them all.
+class Properties {
+public:
+    Properties(const SectionRecord& row, LayoutId layout, const CStringArray& units,
+               unsigned int forceUnit, unsigned int lengthUnit)
+        : m_row(row),
+          m_columns(GetSectionLayout(layout).columns),
+          m_units(units),
+          m_forceUnit(forceUnit),
+          m_lengthUnit(lengthUnit) {}
+
+    bool Has(std::string_view name) const { return Column(name) >= 0; }
+
+    /// The value of the first of these columns that the layout has; 0 without any.
+    double Value(std::initializer_list<std::string_view> names) const {
+        for (const std::string_view name : names)
+            if (const int column = Column(name); column >= 0)
+                return UNIT::ConvertUnitTo(m_row.Number(column), m_units.GetAt(column), m_forceUnit,
+                                           m_lengthUnit);
+        return 0;
+    }
+
+private:
+    int Column(std::string_view name) const {
+        const auto place = std::ranges::find(m_columns, name, &LayoutColumn::name);
+        return place == m_columns.end()
+                   ? -1
+                   : BookkeepingColumns + static_cast<int>(place - m_columns.begin());
+    }
+
+    const SectionRecord& m_row;
+    std::span<const LayoutColumn> m_columns;
+    const CStringArray& m_units;
+    unsigned int m_forceUnit;
+    unsigned int m_lengthUnit;
 };
 
-/// Table columns from which the summary of a layout is made.
-struct SummaryColumns {
-    LayoutId layout;
-    int area;
-    int majorInertia;
-    ExtremeFibre majorFibre;
-    int minorInertia;
-    ExtremeFibre minorFibre;
-    std::array<int, 2> further;
-    int last;
-    double lastFactor;
-};
+/// Elastic modulus at the fibre that is furthest from the axis. The centroid lies amidst the
+/// dimension across the axis, or as far from one end as its column says.
+double ElasticModulus(double inertia, double dimension, double centroid) {
+    if (inertia == 0)
+        return 0;
+    return inertia / (centroid == 0 ? dimension / 2 : std::max(centroid, dimension - centroid));
+}
 
-constexpr std::array Summaries{
-    SummaryColumns{LayoutId::IShape, 3, 8, {4, None}, 11, {5, None}, {12, 13}, 9, 1},
-    SummaryColumns{LayoutId::Channel, 3, 8, {4, None}, 11, {5, 14}, {12, 13}, 9, 1},
-    SummaryColumns{LayoutId::Tee, 3, 8, {4, 14}, 11, {5, None}, {12, 13}, 9, 1},
-    SummaryColumns{LayoutId::Angle, 6, 7, {3, 10}, 8, {4, 11}, {12, 13}, 9, 1},
-    SummaryColumns{LayoutId::RectangularTube, 3, 7, {4, None}, 9, {5, None}, {10, 11}, 8, 1},
-    // The torsion constant of a round section is twice its moment of inertia.
-    SummaryColumns{LayoutId::RoundTube, 5, 6, {3, None}, 6, {3, None}, {7, 7}, 6, 2},
-    SummaryColumns{LayoutId::RoundBar, 4, 5, {3, None}, 5, {3, None}, {None, None}, 5, 2},
-    SummaryColumns{LayoutId::Cable, 4, None, {3, None}, None, {3, None}, {None, None}, None, 1},
-    SummaryColumns{LayoutId::Castellated, 5, 9, {4, None}, 10, {6, None}, {None, None}, None, 1},
-};
-
-/// Mass per volume of steel.
-constexpr double SteelDensity = 7851.535;
-constexpr const char* SteelDensityUnit = "KG/M^3";
+void SummariseAxes(const Properties& row, SECTIONINFO& info) {
+    info.MajorInertia = row.Value({"IZ", "I"});
+    info.MinorInertia = row.Value({"IY", "I"});
+    info.MajorModulus = row.Has("SZ") ? row.Value({"SZ"})
+                                      : ElasticModulus(info.MajorInertia, row.Value({"D", "OD"}),
+                                                       row.Value({"CY"}));
+    info.MinorModulus = row.Has("SY")
+                            ? row.Value({"SY"})
+                            : ElasticModulus(info.MinorInertia, row.Value({"BF", "B", "OD", "D"}),
+                                             row.Value({"CZ"}));
+    info.MajorRadius = std::sqrt(info.MajorInertia / info.Area);
+    info.MinorRadius = std::sqrt(info.MinorInertia / info.Area);
+}
 
 } // namespace
 
 std::unique_ptr<SECTIONINFO> SummariseSection(const SectionRecord& row, LayoutId layout,
-                                              const CStringArray& units, unsigned int forceUnit,
-                                              unsigned int lengthUnit) {
-    const SummaryColumns* columns = nullptr;
-    for (const SummaryColumns& candidate : Summaries)
-        if (candidate.layout == layout)
-            columns = &candidate;
-    if (columns == nullptr)
-        return nullptr;
-
-    const auto converted = [&](int column) {
-        return column == None ? 0
-                              : UNIT::ConvertUnitTo(row.Number(column), units.GetAt(column),
-                                                    forceUnit, lengthUnit);
-    };
-    const auto modulus = [&](double inertia, const ExtremeFibre& fibre) {
-        if (inertia == 0)
-            return 0.0;
-        const double dimension = converted(fibre.dimension);
-        return inertia /
-               (fibre.centroid == None ? dimension / 2 : dimension - converted(fibre.centroid));
-    };
-
+                                              double density, const CStringArray& units,
+                                              unsigned int forceUnit, unsigned int lengthUnit) {
+    const Properties properties(row, layout, units, forceUnit, lengthUnit);
     auto info = std::make_unique<SECTIONINFO>();
     info->RecordNumber = row.RecordNumber;
     info->PublicName = row.PublicName;
     info->VessaName = row.VessaName;
-    info->Area = converted(columns->area);
+    info->Area = properties.Value({"AX"});
     info->WeightPerLength =
-        UNIT::ConvertUnitTo(SteelDensity, SteelDensityUnit, forceUnit, lengthUnit) * info->Area;
-    info->MajorInertia = converted(columns->majorInertia);
-    info->MajorModulus = modulus(info->MajorInertia, columns->majorFibre);
-    info->MajorRadius = std::sqrt(info->MajorInertia / info->Area);
-    info->MinorInertia = converted(columns->minorInertia);
-    info->MinorModulus = modulus(info->MinorInertia, columns->minorFibre);
-    info->MinorRadius = std::sqrt(info->MinorInertia / info->Area);
-    info->Further = {converted(columns->further[0]), converted(columns->further[1])};
-    info->Last = converted(columns->last) * columns->lastFactor;
+        UNIT::ConvertUnitTo(density, DensityUnit, forceUnit, lengthUnit) * info->Area;
+    SummariseAxes(properties, *info);
+    info->Further = {properties.Value({"ZZ", "Z", "RV"}), properties.Value({"ZY", "Z", "ALPHA"})};
+    // The torsion constant of a round section is twice its moment of inertia.
+    info->Last = properties.Has("IX") ? properties.Value({"IX"}) : 2 * properties.Value({"I"});
     info->Values.reserve(static_cast<std::size_t>(row.ColumnCount()));
     for (int column = 0; column < row.ColumnCount(); ++column)
         info->Values.push_back(row.Number(BookkeepingColumns + column));

@@ -8,10 +8,10 @@
 
 namespace dbsection {
 
-/// Summarises a row of a layout. `units` are the table's column units; a row column beyond them
-/// throws the invalid-argument error.
+/// Summarises a row of a layout whose material has a density in kg/m^3. `units` are the table's
+/// column units; a row column beyond them throws the invalid-argument error.
 std::unique_ptr<SECTIONINFO> SummariseSection(const SectionRecord& row, LayoutId layout,
-                                              const CStringArray& units, unsigned int forceUnit,
-                                              unsigned int lengthUnit);
+                                              double density, const CStringArray& units,
+                                              unsigned int forceUnit, unsigned int lengthUnit);
 
 } // namespace dbsection

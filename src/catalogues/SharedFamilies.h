@@ -10,32 +10,32 @@ namespace dbsection {
 
 /// Cold-formed sections; only some catalogues have the tubes, and one the struts.
 inline constexpr std::array ColdFormedFamilies{
-    SectionFamily{"Angle without Lips", 1, LayoutId::ColdFormed, ShapeType::Angle},
-    SectionFamily{"Angle with Lips", 2, LayoutId::ColdFormedLipped, ShapeType::Angle},
-    SectionFamily{"Channel without Lips", 3, LayoutId::ColdFormed, ShapeType::Channel},
-    SectionFamily{"Channel with Lips", 4, LayoutId::ColdFormedLipped, ShapeType::Channel},
-    SectionFamily{"Zee without Lips", 5, LayoutId::ColdFormed, ShapeType::General},
-    SectionFamily{"Zee with Lips", 6, LayoutId::ColdFormedLipped, ShapeType::General},
-    SectionFamily{"Hat", 7, LayoutId::ColdFormed, ShapeType::General},
-    SectionFamily{"Pipe", 8, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"Tube", 9, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Eave Struts", 10, LayoutId::ColdFormedLipped, ShapeType::Channel},
+    FamilyOf<COLDFORMEDSECTION::AngleWithoutLips>("Angle without Lips", 1, ShapeType::Angle),
+    FamilyOf<COLDFORMEDSECTION::AngleWithLips>("Angle with Lips", 2, ShapeType::Angle),
+    FamilyOf<COLDFORMEDSECTION::ChannelWithoutLips>("Channel without Lips", 3, ShapeType::Channel),
+    FamilyOf<COLDFORMEDSECTION::ChannelWithLips>("Channel with Lips", 4, ShapeType::Channel),
+    FamilyOf<COLDFORMEDSECTION::ZeeWithoutLips>("Zee without Lips", 5, ShapeType::General),
+    FamilyOf<COLDFORMEDSECTION::ZeeWithLips>("Zee with Lips", 6, ShapeType::General),
+    FamilyOf<COLDFORMEDSECTION::Hat>("Hat", 7, ShapeType::General),
+    FamilyOf<COLDFORMEDSECTION::Pipe>("Pipe", 8, ShapeType::Pipe),
+    FamilyOf<COLDFORMEDSECTION::Tube>("Tube", 9, ShapeType::Tube),
+    FamilyOf<COLDFORMEDSECTION::EaveStruts>("Eave Struts", 10, ShapeType::Channel),
 };
 
 inline constexpr std::array HollowFamilies{
-    SectionFamily{"RHS", 1, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"SHS", 2, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"CHS", 3, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<HOLLOWSECTION::RHS>("RHS", 1, ShapeType::Tube),
+    FamilyOf<HOLLOWSECTION::SHS>("SHS", 2, ShapeType::Tube),
+    FamilyOf<HOLLOWSECTION::CHS>("CHS", 3, ShapeType::Pipe),
 };
 
 inline constexpr std::array HotRolledFamilies{
-    SectionFamily{"IPE Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"HE Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"IPN Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 4, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 5, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 6, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 7, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<HOTROLLEDSECTION::IPEShape>("IPE Shape", 1, ShapeType::WideFlange),
+    FamilyOf<HOTROLLEDSECTION::HEShape>("HE Shape", 2, ShapeType::WideFlange),
+    FamilyOf<HOTROLLEDSECTION::IPNShape>("IPN Shape", 3, ShapeType::WideFlange),
+    FamilyOf<HOTROLLEDSECTION::Channel>("Channel", 4, ShapeType::Channel),
+    FamilyOf<HOTROLLEDSECTION::Angle>("Angle", 5, ShapeType::Angle),
+    FamilyOf<HOTROLLEDSECTION::Tube>("Tube", 6, ShapeType::Tube),
+    FamilyOf<HOTROLLEDSECTION::Pipe>("Pipe", 7, ShapeType::Pipe),
 };
 
 } // namespace dbsection

@@ -5,13 +5,13 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"I Shape", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"H Shape", 2, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"PG Shape", 3, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"C Channel", 4, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 5, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 6, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 7, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<SOUTHAFRICANSECTION::IShape>("I Shape", 1, ShapeType::WideFlange),
+    FamilyOf<SOUTHAFRICANSECTION::HShape>("H Shape", 2, ShapeType::WideFlange),
+    FamilyOf<SOUTHAFRICANSECTION::PGShape>("PG Shape", 3, ShapeType::WideFlange),
+    FamilyOf<SOUTHAFRICANSECTION::CChannel>("C Channel", 4, ShapeType::Channel),
+    FamilyOf<SOUTHAFRICANSECTION::Angle>("Angle", 5, ShapeType::Angle),
+    FamilyOf<SOUTHAFRICANSECTION::Tube>("Tube", 6, ShapeType::Tube),
+    FamilyOf<SOUTHAFRICANSECTION::Pipe>("Pipe", 7, ShapeType::Pipe),
 };
 
 } // namespace

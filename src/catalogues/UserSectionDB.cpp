@@ -5,16 +5,16 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"Wide Flange", 2001, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 2002, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 2003, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Double Angle", 2004, LayoutId::Angle, ShapeType::DoubleAngle},
-    SectionFamily{"Tee", 2005, LayoutId::Tee, ShapeType::Tee},
-    SectionFamily{"Pipe", 2006, LayoutId::RoundTube, ShapeType::Pipe},
-    SectionFamily{"Tube", 2007, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"General", 2008, LayoutId::General, ShapeType::General},
-    SectionFamily{"ISection", 2009, LayoutId::IShape, ShapeType::UserISection},
-    SectionFamily{"Prismatic", 2010, LayoutId::Rectangle, ShapeType::Prismatic},
+    FamilyOf<USERSECTION::WideFlange>("Wide Flange", 2001, ShapeType::WideFlange),
+    FamilyOf<USERSECTION::Channel>("Channel", 2002, ShapeType::Channel),
+    FamilyOf<USERSECTION::Angle>("Angle", 2003, ShapeType::Angle),
+    FamilyOf<USERSECTION::DoubleAngle>("Double Angle", 2004, ShapeType::DoubleAngle),
+    FamilyOf<USERSECTION::Tee>("Tee", 2005, ShapeType::Tee),
+    FamilyOf<USERSECTION::Pipe>("Pipe", 2006, ShapeType::Pipe),
+    FamilyOf<USERSECTION::Tube>("Tube", 2007, ShapeType::Tube),
+    FamilyOf<USERSECTION::General>("General", 2008, ShapeType::General),
+    FamilyOf<USERSECTION::ISection>("ISection", 2009, ShapeType::UserISection),
+    FamilyOf<USERSECTION::Prismatic>("Prismatic", 2010, ShapeType::Prismatic),
 };
 
 } // namespace

@@ -5,11 +5,11 @@
 namespace {
 
 constexpr std::array Tables{
-    SectionFamily{"Beam", 1, LayoutId::IShape, ShapeType::WideFlange},
-    SectionFamily{"Channel", 2, LayoutId::Channel, ShapeType::Channel},
-    SectionFamily{"Angle", 3, LayoutId::Angle, ShapeType::Angle},
-    SectionFamily{"Tube", 4, LayoutId::RectangularTube, ShapeType::Tube},
-    SectionFamily{"Pipe", 5, LayoutId::RoundTube, ShapeType::Pipe},
+    FamilyOf<VENEZUELANSECTION::Beam>("Beam", 1, ShapeType::WideFlange),
+    FamilyOf<VENEZUELANSECTION::Channel>("Channel", 2, ShapeType::Channel),
+    FamilyOf<VENEZUELANSECTION::Angle>("Angle", 3, ShapeType::Angle),
+    FamilyOf<VENEZUELANSECTION::Tube>("Tube", 4, ShapeType::Tube),
+    FamilyOf<VENEZUELANSECTION::Pipe>("Pipe", 5, ShapeType::Pipe),
 };
 
 } // namespace

@@ -2,27 +2,36 @@
 
 namespace dbsection {
 
+namespace {
+
+template <class Record>
+std::unique_ptr<SectionRecord> Make() {
+    return std::make_unique<Record>();
+}
+
+struct Maker {
+    LayoutId layout;
+    std::unique_ptr<SectionRecord> (*make)();
+};
+
+template <class... Records>
+constexpr std::array<Maker, sizeof...(Records)> MakersOf() {
+    return {Maker{Records::Layout, Make<Records>}...};
+}
+
+constexpr auto Makers =
+    MakersOf<IShapeRecord, ChannelRecord, TeeRecord, AngleRecord, RectangularTubeRecord,
+             RoundTubeRecord, RoundBarRecord, CableRecord, RectangleRecord, TimberRecord,
+             BulbFlatRecord, ColdFormedRecord, ColdFormedLippedRecord, CastellatedRecord,
+             AluminiumAlloyRecord, GeneralRecord, JoistRecord, JoistGirderRecord>();
+
+} // namespace
+
 std::unique_ptr<SectionRecord> MakeSectionRecord(LayoutId layout) {
-    switch (layout) {
-    case LayoutId::IShape:
-        return std::make_unique<IShapeRecord>();
-    case LayoutId::Channel:
-        return std::make_unique<ChannelRecord>();
-    case LayoutId::Angle:
-        return std::make_unique<AngleRecord>();
-    case LayoutId::RectangularTube:
-        return std::make_unique<RectangularTubeRecord>();
-    case LayoutId::RoundTube:
-        return std::make_unique<RoundTubeRecord>();
-    case LayoutId::RoundBar:
-        return std::make_unique<RoundBarRecord>();
-    case LayoutId::Cable:
-        return std::make_unique<CableRecord>();
-    case LayoutId::Castellated:
-        return std::make_unique<CastellatedRecord>();
-    default:
-        return nullptr;
-    }
+    for (const Maker& maker : Makers)
+        if (maker.layout == layout)
+            return maker.make();
+    return nullptr;
 }
 
 } // namespace dbsection
@@ -43,6 +52,14 @@ const std::array<dbsection::Field<ChannelRecord>, 12>& ChannelRecord::Fields() {
     static constexpr std::array<dbsection::Field<R>, 12> fields{&R::AX, &R::D,  &R::BF, &R::TF,
                                                                 &R::TW, &R::IZ, &R::IX, &R::CW,
                                                                 &R::IY, &R::ZZ, &R::ZY, &R::CZ};
+    return fields;
+}
+
+const std::array<dbsection::Field<TeeRecord>, 12>& TeeRecord::Fields() {
+    using R = TeeRecord;
+    static constexpr std::array<dbsection::Field<R>, 12> fields{&R::AX, &R::D,  &R::BF, &R::TF,
+                                                                &R::TW, &R::IZ, &R::IX, &R::CW,
+                                                                &R::IY, &R::ZZ, &R::ZY, &R::CY};
     return fields;
 }
 
@@ -78,10 +95,75 @@ const std::array<dbsection::Field<CableRecord>, 3>& CableRecord::Fields() {
     return fields;
 }
 
+const std::array<dbsection::Field<RectangleRecord>, 6>& RectangleRecord::Fields() {
+    using R = RectangleRecord;
+    static constexpr std::array<dbsection::Field<R>, 6> fields{&R::D,  &R::B,  &R::AX,
+                                                               &R::IZ, &R::IY, &R::IX};
+    return fields;
+}
+
+const std::array<dbsection::Field<TimberRecord>, 12>& TimberRecord::Fields() {
+    using R = TimberRecord;
+    static constexpr std::array<dbsection::Field<R>, 12> fields{&R::D,  &R::B,   &R::AX, &R::IZ,
+                                                                &R::IY, &R::IX,  &R::FB, &R::FT,
+                                                                &R::FV, &R::FCP, &R::FC, &R::E};
+    return fields;
+}
+
+const std::array<dbsection::Field<BulbFlatRecord>, 7>& BulbFlatRecord::Fields() {
+    using R = BulbFlatRecord;
+    static constexpr std::array<dbsection::Field<R>, 7> fields{&R::D,  &R::T,  &R::C, &R::R,
+                                                               &R::AX, &R::IZ, &R::CY};
+    return fields;
+}
+
+const std::array<dbsection::Field<ColdFormedRecord>, 10>& ColdFormedRecord::Fields() {
+    using R = ColdFormedRecord;
+    static constexpr std::array<dbsection::Field<R>, 10> fields{
+        &R::AX, &R::D, &R::B, &R::T, &R::R, &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ};
+    return fields;
+}
+
+const std::array<dbsection::Field<ColdFormedLippedRecord>, 11>& ColdFormedLippedRecord::Fields() {
+    using R = ColdFormedLippedRecord;
+    static constexpr std::array<dbsection::Field<R>, 11> fields{
+        &R::AX, &R::D, &R::B, &R::L, &R::T, &R::R, &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ};
+    return fields;
+}
+
 const std::array<dbsection::Field<CastellatedRecord>, 13>& CastellatedRecord::Fields() {
     using R = CastellatedRecord;
     static constexpr std::array<dbsection::Field<R>, 13> fields{
         &R::RootBeam, &R::D,  &R::AX, &R::BF, &R::TF, &R::TW,   &R::IZ,
         &R::IY,       &R::HO, &R::S,  &R::E,  &R::DT, &R::THETA};
+    return fields;
+}
+
+const std::array<dbsection::Field<AluminiumAlloyRecord>, 10>& AluminiumAlloyRecord::Fields() {
+    using R = AluminiumAlloyRecord;
+    static constexpr std::array<dbsection::Field<R>, 10> fields{
+        &R::Product, &R::ThLower, &R::ThHigher, &R::Welded, &R::Alclad,
+        &R::FTU,     &R::FTY,     &R::FCY,      &R::FSU,    &R::E};
+    return fields;
+}
+
+const std::array<dbsection::Field<GeneralRecord>, 12>& GeneralRecord::Fields() {
+    using R = GeneralRecord;
+    static constexpr std::array<dbsection::Field<R>, 12> fields{&R::AX, &R::D,  &R::B,  &R::IZ,
+                                                                &R::IX, &R::IY, &R::SZ, &R::SY,
+                                                                &R::ZZ, &R::ZY, &R::AZ, &R::AY};
+    return fields;
+}
+
+const std::array<dbsection::Field<JoistRecord>, 3>& JoistRecord::Fields() {
+    using R = JoistRecord;
+    static constexpr std::array<dbsection::Field<R>, 3> fields{&R::SeriesID, &R::Depth, &R::Weight};
+    return fields;
+}
+
+const std::array<dbsection::Field<JoistGirderRecord>, 6>& JoistGirderRecord::Fields() {
+    using R = JoistGirderRecord;
+    static constexpr std::array<dbsection::Field<R>, 6> fields{
+        &R::Span, &R::NumberOfJoist, &R::Space, &R::PanelPtLoad, &R::Depth, &R::Weight};
     return fields;
 }

@@ -56,50 +56,147 @@ private:
 } // namespace dbsection
 
 struct DBSECTION_API IShapeRecord : dbsection::LayoutRecord<IShapeRecord> {
+    static constexpr LayoutId Layout = LayoutId::IShape;
+
     double AX{}, D{}, BF{}, TF{}, TW{}, IZ{}, IX{}, CW{}, IY{}, ZZ{}, ZY{};
 
     static const std::array<dbsection::Field<IShapeRecord>, 11>& Fields();
 };
 
 struct DBSECTION_API ChannelRecord : dbsection::LayoutRecord<ChannelRecord> {
+    static constexpr LayoutId Layout = LayoutId::Channel;
+
     double AX{}, D{}, BF{}, TF{}, TW{}, IZ{}, IX{}, CW{}, IY{}, ZZ{}, ZY{}, CZ{};
 
     static const std::array<dbsection::Field<ChannelRecord>, 12>& Fields();
 };
 
+struct DBSECTION_API TeeRecord : dbsection::LayoutRecord<TeeRecord> {
+    static constexpr LayoutId Layout = LayoutId::Tee;
+
+    double AX{}, D{}, BF{}, TF{}, TW{}, IZ{}, IX{}, CW{}, IY{}, ZZ{}, ZY{}, CY{};
+
+    static const std::array<dbsection::Field<TeeRecord>, 12>& Fields();
+};
+
 struct DBSECTION_API AngleRecord : dbsection::LayoutRecord<AngleRecord> {
+    static constexpr LayoutId Layout = LayoutId::Angle;
+
     double D{}, B{}, T{}, AX{}, IZ{}, IY{}, IX{}, CY{}, CZ{}, RV{}, ALPHA{};
 
     static const std::array<dbsection::Field<AngleRecord>, 11>& Fields();
 };
 
 struct DBSECTION_API RectangularTubeRecord : dbsection::LayoutRecord<RectangularTubeRecord> {
+    static constexpr LayoutId Layout = LayoutId::RectangularTube;
+
     double AX{}, D{}, B{}, T{}, IZ{}, IX{}, IY{}, ZZ{}, ZY{};
 
     static const std::array<dbsection::Field<RectangularTubeRecord>, 9>& Fields();
 };
 
 struct DBSECTION_API RoundTubeRecord : dbsection::LayoutRecord<RoundTubeRecord> {
+    static constexpr LayoutId Layout = LayoutId::RoundTube;
+
     double OD{}, T{}, AX{}, I{}, Z{};
 
     static const std::array<dbsection::Field<RoundTubeRecord>, 5>& Fields();
 };
 
 struct DBSECTION_API RoundBarRecord : dbsection::LayoutRecord<RoundBarRecord> {
+    static constexpr LayoutId Layout = LayoutId::RoundBar;
+
     double D{}, AX{}, I{};
 
     static const std::array<dbsection::Field<RoundBarRecord>, 3>& Fields();
 };
 
 struct DBSECTION_API CableRecord : dbsection::LayoutRecord<CableRecord> {
+    static constexpr LayoutId Layout = LayoutId::Cable;
+
     double D{}, AX{}, W{};
 
     static const std::array<dbsection::Field<CableRecord>, 3>& Fields();
 };
 
+struct DBSECTION_API RectangleRecord : dbsection::LayoutRecord<RectangleRecord> {
+    static constexpr LayoutId Layout = LayoutId::Rectangle;
+
+    double D{}, B{}, AX{}, IZ{}, IY{}, IX{};
+
+    static const std::array<dbsection::Field<RectangleRecord>, 6>& Fields();
+};
+
+struct DBSECTION_API TimberRecord : dbsection::LayoutRecord<TimberRecord> {
+    static constexpr LayoutId Layout = LayoutId::Timber;
+
+    double D{}, B{}, AX{}, IZ{}, IY{}, IX{}, FB{}, FT{}, FV{}, FCP{}, FC{}, E{};
+
+    static const std::array<dbsection::Field<TimberRecord>, 12>& Fields();
+};
+
+struct DBSECTION_API BulbFlatRecord : dbsection::LayoutRecord<BulbFlatRecord> {
+    static constexpr LayoutId Layout = LayoutId::BulbFlat;
+
+    double D{}, T{}, C{}, R{}, AX{}, IZ{}, CY{};
+
+    static const std::array<dbsection::Field<BulbFlatRecord>, 7>& Fields();
+};
+
+struct DBSECTION_API ColdFormedRecord : dbsection::LayoutRecord<ColdFormedRecord> {
+    static constexpr LayoutId Layout = LayoutId::ColdFormed;
+
+    double AX{}, D{}, B{}, T{}, R{}, IZ{}, IX{}, IY{}, CW{}, CZ{};
+
+    static const std::array<dbsection::Field<ColdFormedRecord>, 10>& Fields();
+};
+
+struct DBSECTION_API ColdFormedLippedRecord : dbsection::LayoutRecord<ColdFormedLippedRecord> {
+    static constexpr LayoutId Layout = LayoutId::ColdFormedLipped;
+
+    double AX{}, D{}, B{}, L{}, T{}, R{}, IZ{}, IX{}, IY{}, CW{}, CZ{};
+
+    static const std::array<dbsection::Field<ColdFormedLippedRecord>, 11>& Fields();
+};
+
 struct DBSECTION_API CastellatedRecord : dbsection::LayoutRecord<CastellatedRecord> {
+    static constexpr LayoutId Layout = LayoutId::Castellated;
+
     CString RootBeam;
     double D{}, AX{}, BF{}, TF{}, TW{}, IZ{}, IY{}, HO{}, S{}, E{}, DT{}, THETA{};
 
     static const std::array<dbsection::Field<CastellatedRecord>, 13>& Fields();
+};
+
+struct DBSECTION_API AluminiumAlloyRecord : dbsection::LayoutRecord<AluminiumAlloyRecord> {
+    static constexpr LayoutId Layout = LayoutId::AluminiumAlloy;
+
+    CString Product;
+    double ThLower{}, ThHigher{}, Welded{}, Alclad{}, FTU{}, FTY{}, FCY{}, FSU{}, E{};
+
+    static const std::array<dbsection::Field<AluminiumAlloyRecord>, 10>& Fields();
+};
+
+struct DBSECTION_API GeneralRecord : dbsection::LayoutRecord<GeneralRecord> {
+    static constexpr LayoutId Layout = LayoutId::General;
+
+    double AX{}, D{}, B{}, IZ{}, IX{}, IY{}, SZ{}, SY{}, ZZ{}, ZY{}, AZ{}, AY{};
+
+    static const std::array<dbsection::Field<GeneralRecord>, 12>& Fields();
+};
+
+struct DBSECTION_API JoistRecord : dbsection::LayoutRecord<JoistRecord> {
+    static constexpr LayoutId Layout = LayoutId::Joist;
+
+    double SeriesID{}, Depth{}, Weight{};
+
+    static const std::array<dbsection::Field<JoistRecord>, 3>& Fields();
+};
+
+struct DBSECTION_API JoistGirderRecord : dbsection::LayoutRecord<JoistGirderRecord> {
+    static constexpr LayoutId Layout = LayoutId::JoistGirder;
+
+    double Span{}, NumberOfJoist{}, Space{}, PanelPtLoad{}, Depth{}, Weight{};
+
+    static const std::array<dbsection::Field<JoistGirderRecord>, 6>& Fields();
 };

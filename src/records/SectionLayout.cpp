@@ -154,6 +154,14 @@ constexpr std::array GeneralColumns{
 constexpr std::array JoistColumns{LayoutColumn{"SeriesID", Number, "joist series"}, Depth,
                                   LayoutColumn{"Weight", WeightPerLength, "weight per length"}};
 
+constexpr std::array JoistGirderColumns{
+    LayoutColumn{"Span", Length, "span"},
+    LayoutColumn{"NumberOfJoist", Number, "number of joist spaces"},
+    LayoutColumn{"Space", Length, "joist spacing"},
+    LayoutColumn{"PanelPtLoad", Number, "load at each panel point"},
+    LayoutColumn{"Depth", Length, "depth"},
+    LayoutColumn{"Weight", WeightPerLength, "weight per length"}};
+
 constexpr std::array Layouts{
     SectionLayout{LayoutId::IShape, "I shape", IShapeColumns},
     SectionLayout{LayoutId::Channel, "channel", ChannelColumns},
@@ -172,6 +180,7 @@ constexpr std::array Layouts{
     SectionLayout{LayoutId::AluminiumAlloy, "aluminium alloy", AluminiumAlloyColumns},
     SectionLayout{LayoutId::General, "general", GeneralColumns},
     SectionLayout{LayoutId::Joist, "joist", JoistColumns},
+    SectionLayout{LayoutId::JoistGirder, "joist girder", JoistGirderColumns},
 };
 
 } // namespace

@@ -16,7 +16,10 @@
 /// Version of the layout of catalogue files, kept in their "DBInfo" table.
 inline constexpr int CatalogueLayoutVersion = 1;
 
-/// Number of bookkeeping columns before the first property column.
+/// The bookkeeping columns before the first property column.
+inline constexpr int IdentifierColumn = 0;
+inline constexpr int NameColumn = 1;
+inline constexpr int VessaNameColumn = 2;
 inline constexpr int BookkeepingColumns = 3;
 
 /// What kind of quantity a column holds.
@@ -57,6 +60,7 @@ enum class LayoutId : std::uint8_t {
     AluminiumAlloy,
     General,
     Joist,
+    JoistGirder,
 };
 
 struct SectionLayout {

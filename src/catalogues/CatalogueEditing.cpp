@@ -1,0 +1,89 @@
+// Adding and changing the sections of a table.
+#include "catalogues/CatalogueSectionDB.h"
+
+#include "dataaccess/CSectionException.h"
+#include "dataaccess/Guard.h"
+#include "platform/MessageBox.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace {
+
+/// Whether another row of the table has the section's public name.
+bool IsNameTaken(CSectionDatabase* database, const CString& table, const CString& name,
+                 const CString& otherThan) {
+    CSectionRecordset rows(database);
+    rows.Open(CSectionRecordset::Snapshot,
+              "Select * From [" + table + "] WHERE [Name] = '" + name + "'" + otherThan);
+    return !rows.IsEOF();
+}
+
+/// A section that lacks a property, or has one that is no number, would be read as another section.
+void RequireComplete(const SECTIONINFO& section, LayoutId layout, const CString& table) {
+    const auto& columns = GetSectionLayout(layout).columns;
+    const auto numbers = std::ranges::count_if(
+        columns, [](const LayoutColumn& column) { return column.quantity != Quantity::Text; });
+    const auto isFinite = [](double value) { return std::isfinite(value); };
+    if (std::ssize(section.Values) == numbers && std::ranges::all_of(section.Values, isFinite))
+        return;
+    const std::string count = std::to_string(numbers);
+    throw new CSectionException(SectionError::WrongValueType,
+                                "The section \"" + section.PublicName + "\" does not have the " +
+                                    count.c_str() + " numbers of table \"" + table + "\".");
+}
+
+void SetFields(CSectionRecordset& row, WORD id, const SECTIONINFO& section, LayoutId layout) {
+    row.SetFieldValue(IdentifierColumn, COleVariant(static_cast<std::int32_t>(id)));
+    row.SetFieldValue(NameColumn, section.PublicName);
+    row.SetFieldValue(VessaNameColumn, section.VessaName);
+    int field = BookkeepingColumns;
+    auto value = section.Values.begin();
+    for (const LayoutColumn& column : GetSectionLayout(layout).columns) {
+        if (column.quantity != Quantity::Text)
+            row.SetFieldValue(field, COleVariant(*value++));
+        ++field;
+    }
+}
+
+} // namespace
+
+int CatalogueSectionDB::AddSectionData(WORD id, SECTIONINFO* record) {
+    return StoreSection("AddSectionData()", "Failed to add record.", id, record, true);
+}
+
+int CatalogueSectionDB::UpdateSectionData(WORD id, SECTIONINFO* record) {
+    return StoreSection("UpdateSectionData()", "Failed to update record.", id, record, false);
+}
+
+int CatalogueSectionDB::StoreSection(const char* label, const char* message, WORD id,
+                                     const SECTIONINFO* record, bool isNew) {
+    InitSectionRecords();
+    if (OpenSectionDatabase() != 1 || m_szTableName.IsEmpty())
+        return 0;
+    const std::string row = std::to_string(id);
+    CString sql = "Select * From [" + m_szTableName + "]";
+    if (!isNew)
+        sql += (" WHERE [ID] =" + row).c_str();
+    if (OpenSql(sql, CSectionRecordset::Dynaset) != 1)
+        return 0;
+    const SectionFamily* family = EditedFamily(m_szTableName);
+    const int result = dbsection::Guarded({label, message}, [&] {
+        if (family == nullptr)
+            return 0;
+        RequireComplete(*record, family->layout, m_szTableName);
+        const CString others = isNew ? CString() : CString(" AND [ID] <> " + row);
+        if (IsNameTaken(m_pDatabase, m_szTableName, record->PublicName, others)) {
+            dbsection::ShowMessageBox("Duplicate section name!! Record not saved.",
+                                      DuplicateCaption(*family));
+            return 0;
+        }
+        isNew ? m_pRecordset->AddNew() : m_pRecordset->Edit();
+        SetFields(*m_pRecordset, id, *record, family->layout);
+        m_pRecordset->Update();
+        return 1;
+    });
+    closeRecordset(&m_pRecordset);
+    return result;
+}
