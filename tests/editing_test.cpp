@@ -123,7 +123,7 @@ TEST_F(EditingTest, LeavesTheTableAsItWasWhenTheDiskIsFull) {
     const int result = RunInChild([&] {
         TempFolder small;
         const std::string copy = small.File("user.db3");
-        LimitDisk(small.Path(), 128 * 1024);
+        LimitDisk(small.Path(), 131072);
         std::filesystem::copy_file(path, copy);
         CSectionDatabase database;
         database.Open(copy.c_str());

@@ -1,6 +1,7 @@
 #include "catalogues/Catalogues.h"
 
 #include <array>
+#include <string_view>
 
 namespace {
 
@@ -48,8 +49,8 @@ const SectionFamily* AISCSectionDB::EditedFamily(const CString& table) const {
 }
 
 CString AISCSectionDB::DuplicateCaption(const SectionFamily& family) const {
-    const CString table = family.table;
-    if (table.Left(3) == "HSS")
-        return table;
+    const std::string_view table = family.table;
+    if (table.starts_with("HSS"))
+        return family.table;
     return table == "Rod" || table == "Cable" ? "Rod" : "Wide Flange";
 }
