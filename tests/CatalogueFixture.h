@@ -26,6 +26,18 @@ inline const Section W12X26{
 /// The five fields of "DBInfo" in column order.
 inline constexpr std::array InfoFields{"title", "standard", "source", "1", "hash"};
 
+struct Column {
+    Column(const char* columnName, SectionField::Type columnType = SectionField::Text,
+           int columnAttributes = 0)
+        : name(columnName),
+          type(columnType),
+          attributes(columnAttributes) {}
+
+    CString name;
+    SectionField::Type type;
+    int attributes;
+};
+
 /// A new catalogue file with "Field Units" and "DBInfo", open until the end of its scope.
 class CatalogueFile {
 public:
@@ -58,15 +70,21 @@ public:
         AddUnits(table, units);
     }
 
-    /// Adds a table of text columns with its rows, and no units.
+    /// Adds a table of these columns alone with its rows, and no units.
+    void AddPlainTable(const char* table, const std::vector<Column>& columns,
+                       const std::vector<std::vector<COleVariant>>& rows = {}) {
+        CreateTable(table, columns);
+        for (const auto& row : rows)
+            AddRow(table, 0, row);
+    }
+
+    /// The same of text columns.
     void AddTextTable(const char* table, const std::vector<const char*>& columns,
                       const std::vector<std::vector<const char*>>& rows = {}) {
-        std::vector<Column> described;
-        for (const char* column : columns)
-            described.push_back({column});
-        CreateTable(table, described);
+        std::vector<std::vector<COleVariant>> values;
         for (const auto& row : rows)
-            AddRow(table, 0, Texts(row));
+            values.push_back(Texts(row));
+        AddPlainTable(table, {columns.begin(), columns.end()}, values);
     }
 
     void AddUnits(const char* table, const std::vector<const char*>& units) {
@@ -80,12 +98,6 @@ public:
 private:
     /// Bookkeeping columns and as many property columns as a layout may have.
     static constexpr std::size_t MostColumns = BookkeepingColumns + 16;
-
-    struct Column {
-        CString name;
-        SectionField::Type type = SectionField::Text;
-        int attributes = 0;
-    };
 
     static const char* UnitOf(Quantity quantity) {
         constexpr std::array units{"TEXT",          "NUMBER",   "DEGREE",   "INCHES",
