@@ -4,6 +4,7 @@
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
+#include "interface/RequireOpen.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/PrivateProfile.h"
@@ -83,16 +84,12 @@ SectionDBBase* SectionDBInterface::OpenCatalogue(int index, int workingType) {
     return catalogue;
 }
 
-namespace {
-
-bool RequireOpen(CSectionDatabase** ppDb) {
+bool dbsection::RequireOpen(CSectionDatabase** ppDb) {
     if (*ppDb != nullptr && (*ppDb)->IsOpen())
         return true;
-    dbsection::ShowMessageBox("Error: Database not open", "");
+    ShowMessageBox("Error: Database not open", "");
     return false;
 }
-
-} // namespace
 
 int SectionDBInterface::GetSectionCount(int index, int sectionType) {
     SectionDBBase* catalogue = OpenCatalogue(index);
@@ -105,12 +102,12 @@ int SectionDBInterface::GetSectionFieldCount(int index, int sectionType) {
 }
 
 int SectionDBInterface::GetSectionCount(int index, int sectionType, CSectionDatabase** ppDb) {
-    SectionDBBase* catalogue = RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+    SectionDBBase* catalogue = dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
     return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
 }
 
 int SectionDBInterface::GetSectionFieldCount(int index, int sectionType, CSectionDatabase** ppDb) {
-    SectionDBBase* catalogue = RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+    SectionDBBase* catalogue = dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
     return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
 }
 

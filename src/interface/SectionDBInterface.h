@@ -261,6 +261,75 @@ public:
     /// Deletes a record of GetSectionData or GetSectionStructProperty; null is allowed.
     static void FreeSectionData(void* record);
 
+    // Queries. Each opens a recordset into `*rs`, which the caller walks and closes; one that is open
+    // there is closed first. A closed database is told with a message. Where nothing can be asked
+    // (an unknown section type, a series that a function does not serve) `*rs` stays as it was.
+    // Names and patterns are inserted as they are: one with a quote is not supported.
+
+    /// The selected sections of a type. `keys` are pairs of a column number and a direction (0
+    /// ascending, 1 descending) and end with a pair whose column is -1.
+    static void GetSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
+                                        CSectionDatabase** db, CSectionRecordset** rs);
+
+    /// The same of those whose VessaName begins with `pattern`.
+    static void GetLikeSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
+                                            const char* pattern, CSectionDatabase** db,
+                                            CSectionRecordset** rs);
+
+    /// The same of those whose value in a column lies between two bounds, in the table's unit.
+    static void GetRangeSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
+                                             int column, float upper, float lower,
+                                             CSectionDatabase** db, CSectionRecordset** rs);
+
+    /// A selected section by its VessaName, whatever its case; a joist by its exact designation.
+    static void GetSectionRecord(int catalogue, int type, const char* name, CSectionDatabase** db,
+                                 CSectionRecordset** rs);
+
+    /// A selected section by its VessaName. Where the name is null, unknown or ambiguous: the
+    /// selected sections of at least the average area, the smallest first.
+    static void GetAssignSectionRecords(int catalogue, int type, const char* name,
+                                        CSectionDatabase** db, CSectionRecordset** rs);
+
+    // Queries of the steel joist catalogue. The series are 1 K, 2 KCS, 3 LH, 4 DLH, 5 joist
+    // girders; spans, depths, loads and weights are in the units of the catalogue. Column 2 of the
+    // result is the name, the numbers follow; a girder's name is its number.
+
+    /// The K joists that carry both loads over the tabulated span, or over any when `span` is not
+    /// above 0; the lightest first.
+    static void GetOWSteelJoistKSeries(int catalogue, int series, float span, float totalLoad,
+                                       float liveLoad, CSectionDatabase** db,
+                                       CSectionRecordset** rs);
+
+    /// The KCS joists that have the moment and the shear capacity; the lightest first.
+    static void GetOWSteelJoistKCSSeries(int catalogue, int series, float moment, float shear,
+                                         CSectionDatabase** db, CSectionRecordset** rs);
+
+    /// Which loads are tabulated for the long-span joists of a depth and span: 1 safe loads, 2 total
+    /// and live loads, 0 none.
+    static void FindLongSpanJoistLoadType(int catalogue, int series, float span, float depth,
+                                          int* loadType, CSectionDatabase** db);
+
+    /// The long-span joists that carry the load over the span; the shallowest first. With load type
+    /// 1 `load1` is the safe load and the depth must match, with 2 `load1` and `load2` are the total
+    /// and the live load and the depth is the least.
+    static void GetLongSpanJoistSeries(int catalogue, int series, int loadType, float span,
+                                       float depth, float load1, float load2,
+                                       CSectionDatabase** db, CSectionRecordset** rs);
+
+    /// The joist girders of the next tabulated span and panel load up, and of the next depth down;
+    /// any number of joists, or depth, when it is not above 0.
+    static void GetJoistGirders(int catalogue, int series, float span, int numberOfJoist,
+                                float panelLoad, float depth, CSectionDatabase** db,
+                                CSectionRecordset** rs);
+
+    /// A joist by its exact designation.
+    static void GetSteelJoist(int catalogue, int series, const char* designation,
+                              CSectionDatabase** db, CSectionRecordset** rs);
+
+    /// A girder by its designation, such as "40S48G8N12.0K".
+    static void GetJoistGirder(int catalogue, int series, const char* designation,
+                               CSectionDatabase** db, CSectionRecordset** rs);
+
     static int m_bInit;
     static int m_nCountry; ///< catalogue index of the database opened last
     static int m_nBaseUnitNo;

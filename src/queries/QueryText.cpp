@@ -1,0 +1,43 @@
+#include "queries/QueryText.h"
+
+#include <array>
+#include <charconv>
+#include <limits>
+#include <string>
+
+namespace dbsection {
+namespace {
+
+constexpr int NoSection = -1;
+
+/// Record number 0 never exists.
+CString NumberList(const CDWordArray& selection) {
+    if (static_cast<int>(selection.GetAt(0)) == NoSection)
+        return "0";
+    CString list;
+    for (const DWORD number : selection)
+        list += (list.IsEmpty() ? "" : ",") + CString(std::to_string(static_cast<int>(number)));
+    return list;
+}
+
+} // namespace
+
+CString Fixed(double number, int decimals) {
+    // The longest number has as many digits before the point as its largest exponent says.
+    std::array<char, std::numeric_limits<double>::max_exponent10 + 16> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                   std::chars_format::fixed, decimals);
+    return {text.data(), static_cast<int>(end.ptr - text.data())};
+}
+
+CString SelectionClause(const CDWordArray& selection, SelectionForm form) {
+    const int first = static_cast<int>(selection.GetAt(0));
+    if (first <= 0 && first != NoSection)
+        return {};
+    const char* join = form == SelectionForm::Where ? " WHERE "
+                       : form == SelectionForm::And ? " AND "
+                                                    : "";
+    return join + ("[RECNO] IN(" + NumberList(selection) + ")");
+}
+
+} // namespace dbsection

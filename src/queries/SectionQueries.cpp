@@ -1,0 +1,163 @@
+// Sorted and filtered queries over one section table. All honour the user's selection.
+#include "interface/SectionDBInterface.h"
+
+#include "dataaccess/CCrack.h"
+#include "dataaccess/Guard.h"
+#include "dataaccess/Handles.h"
+#include "interface/RequireOpen.h"
+#include "queries/QueryText.h"
+
+#include <charconv>
+
+using dbsection::Fixed;
+using dbsection::SelectionForm;
+
+namespace {
+
+/// A table to be queried, and the selection of its rows.
+struct Target {
+    Target(int catalogue, int type, CSectionDatabase** db) {
+        if (!dbsection::RequireOpen(db))
+            return;
+        table = SectionDBInterface::GetTableFromSectionType(catalogue, type);
+        if (!table.IsEmpty())
+            SectionDBInterface::GetUserSelectedSections(catalogue, type, selection);
+    }
+
+    explicit operator bool() const { return !table.IsEmpty(); }
+    CString Rows() const { return "Select * From [" + table + "]"; }
+    CString Selected(SelectionForm form) const {
+        return dbsection::SelectionClause(selection, form);
+    }
+
+    CString table;
+    CDWordArray selection;
+};
+
+/// The name of a column by its number; empty where the table has no such column.
+CString ColumnName(const TableDefHandle& table, int column) {
+    CString name;
+    dbsection::Guarded({"getFieldInfo()", "Couldn't get information on field"}, [&] {
+        CSectionFieldInfo field;
+        table->GetFieldInfo(column, field);
+        name = field.m_strName;
+        return 1;
+    });
+    return name;
+}
+
+/// The order of sort keys {column, direction}, which end at column -1. A direction other than 0 and
+/// 1 has no word and no comma.
+CString OrderBy(const TableDefHandle& table, int const (*keys)[2]) {
+    if (keys[0][0] == -1)
+        return {};
+    CString clause = " ORDER BY";
+    for (; (*keys)[0] != -1; ++keys) {
+        clause += " [" + ColumnName(table, (*keys)[0]) + "] ";
+        clause += (*keys)[1] == 0 ? "ASC," : (*keys)[1] == 1 ? "DESC," : "";
+    }
+    return clause.Left(clause.GetLength() - 1);
+}
+
+/// Opens the rows of a table that satisfy `condition`, which is given the table's definition,
+/// sorted by the keys.
+template <class Condition>
+void OpenSorted(const Target& target, int const (*keys)[2], CSectionDatabase** db,
+                CSectionRecordset** rs, Condition condition) {
+    TableDefHandle table;
+    if (!target || openTableDef(*db, table.Address(), target.table) != 1)
+        return;
+    const CString sql = target.Rows() + condition(table) + OrderBy(table, keys);
+    openRecordset(db, rs, sql, CSectionRecordset::Snapshot, 1);
+}
+
+/// The column of areas by which a section is chosen in place of an unknown one.
+const char* AreaColumnOf(int catalogue) {
+    constexpr int AmericanColdFormed = 18;
+    return catalogue >= 1 && catalogue < AmericanColdFormed ? "AX"
+           : catalogue == AmericanColdFormed                ? "Area"
+                                                            : "";
+}
+
+/// The average of a column over the selected sections; 0 where it cannot be read.
+double Average(const Target& target, const CString& column, CSectionDatabase** db) {
+    RecordsetHandle rows;
+    const CString sql = "Select MAX(" + column + "), MIN(" + column + "), AVG(" + column +
+                        ") From [" + target.table + "] WHERE " +
+                        target.Selected(SelectionForm::Bare);
+    if (openRecordset(db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1)
+        return 0;
+    double average = 0;
+    dbsection::Guarded({"GetAssignSectionRecords()", "Failed to read the average."}, [&] {
+        const CString text = CCrack::strVARIANT(rows->GetFieldValue(2));
+        std::from_chars(text.View().begin(), text.View().end(), average);
+        return 1;
+    });
+    return average;
+}
+
+CString ByName(const Target& target, const char* name) {
+    return target.Rows() + " WHERE UPPER([VessaName]) = UPPER('" + name + "')";
+}
+
+} // namespace
+
+void SectionDBInterface::GetSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
+                                                 CSectionDatabase** db, CSectionRecordset** rs) {
+    const Target target(catalogue, type, db);
+    OpenSorted(target, keys, db, rs,
+               [&](const TableDefHandle&) { return target.Selected(SelectionForm::Where); });
+}
+
+void SectionDBInterface::GetLikeSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
+                                                     const char* pattern, CSectionDatabase** db,
+                                                     CSectionRecordset** rs) {
+    const Target target(catalogue, type, db);
+    OpenSorted(target, keys, db, rs, [&](const TableDefHandle&) {
+        return CString(" WHERE [VessaName] LIKE '") + pattern + "%'" +
+               target.Selected(SelectionForm::And);
+    });
+}
+
+void SectionDBInterface::GetRangeSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
+                                                      int column, float upper, float lower,
+                                                      CSectionDatabase** db,
+                                                      CSectionRecordset** rs) {
+    const Target target(catalogue, type, db);
+    OpenSorted(target, keys, db, rs, [&](const TableDefHandle& table) {
+        const CString name = "[" + ColumnName(table, column) + "]";
+        return " WHERE " + name + " >= " + Fixed(lower) + " AND " + name + " <= " + Fixed(upper) +
+               target.Selected(SelectionForm::And);
+    });
+}
+
+void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* name,
+                                          CSectionDatabase** db, CSectionRecordset** rs) {
+    constexpr int SteelJoists = 21;
+    const Target target(catalogue, type, db);
+    if (!target)
+        return;
+    const CString byName = catalogue == SteelJoists
+                               ? target.Rows() + " WHERE [Designation] = '" + name + "'"
+                               : ByName(target, name);
+    openRecordset(db, rs, byName + target.Selected(SelectionForm::And), CSectionRecordset::Snapshot,
+                  1);
+}
+
+void SectionDBInterface::GetAssignSectionRecords(int catalogue, int type, const char* name,
+                                                 CSectionDatabase** db, CSectionRecordset** rs) {
+    const Target target(catalogue, type, db);
+    if (!target)
+        return;
+    const CString selected = target.Selected(SelectionForm::Bare);
+    if (name != nullptr &&
+        openRecordset(db, rs, ByName(target, name) + target.Selected(SelectionForm::And),
+                      CSectionRecordset::Dynaset, 1) == 1 &&
+        getRecordCount(rs) == 1)
+        return;
+    const CString area = AreaColumnOf(catalogue);
+    const CString atLeast =
+        "[" + area + "] >= " + Fixed(Average(target, area, db)) + " ORDER BY [" + area + "] ASC";
+    const CString condition = selected.IsEmpty() ? " WHERE " : " WHERE " + selected + " AND ";
+    openRecordset(db, rs, target.Rows() + condition + atLeast, CSectionRecordset::Dynaset, 1);
+}
