@@ -34,20 +34,38 @@ const SectionFamily* CatalogueSectionDB::FindFamily(const CString& table) const 
     return place == m_families.end() ? nullptr : &*place;
 }
 
-std::unique_ptr<SectionRecord> CatalogueSectionDB::ReadCurrentRow(LayoutId layout) const {
-    auto record = dbsection::MakeSectionRecord(layout);
-    const int read = dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
-        if (!record)
-            return 0;
-        record->RecordNumber =
-            static_cast<int>(dbsection::NumberIn(m_pRecordset->GetFieldValue(0)).value_or(0));
-        record->PublicName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(1));
-        record->VessaName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(2));
-        for (int column = BookkeepingColumns; column < m_pRecordset->GetFieldCount(); ++column)
-            record->SetColumn(column, m_pRecordset->GetFieldValue(column));
-        return 1;
-    });
-    return read == 1 ? std::move(record) : nullptr;
+bool CatalogueSectionDB::ReadCurrentRow(SectionRecord& record) const {
+    return dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
+               record.RecordNumber = static_cast<int>(
+                   dbsection::NumberIn(m_pRecordset->GetFieldValue(IdentifierColumn)).value_or(0));
+               record.PublicName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(NameColumn));
+               record.VessaName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn));
+               const int count = m_pRecordset->GetFieldCount();
+               for (int column = BookkeepingColumns; column < count; ++column)
+                   record.SetColumn(column, m_pRecordset->GetFieldValue(column));
+               return 1;
+           }) == 1;
+}
+
+/// Opens the row of a section of the working table, the only one of its VessaName.
+bool CatalogueSectionDB::OpenRow(const char* name) {
+    const CString sql =
+        "Select * From [" + m_szTableName + "] WHERE UPPER([VessaName]) = UPPER('" + name + "')";
+    if (OpenSql(sql, CSectionRecordset::Snapshot) != 1)
+        return false;
+    // Two sections of one name cannot be told apart: neither is read.
+    if (getRecordCount(&m_pRecordset) == 1 && setRecordsetToFirst(&m_pRecordset) == 1)
+        return true;
+    closeRecordset(&m_pRecordset);
+    return false;
+}
+
+int CatalogueSectionDB::ReadSection(const CString& table, const char* name, SectionRecord& record) {
+    m_szTableName = table;
+    const bool isRead =
+        OpenSectionDatabase() == 1 && !table.IsEmpty() && OpenRow(name) && ReadCurrentRow(record);
+    closeRecordset(&m_pRecordset);
+    return isRead ? 1 : 0;
 }
 
 const SectionFamily* CatalogueSectionDB::OpenSection(const char* name) {
@@ -58,25 +76,17 @@ const SectionFamily* CatalogueSectionDB::OpenSection(const char* name) {
         closeRecordset(&m_pRecordset);
         return nullptr;
     }
-    const CString sql =
-        "Select * From [" + m_szTableName + "] WHERE UPPER([VessaName]) = UPPER('" + name + "')";
-    if (OpenSql(sql, CSectionRecordset::Snapshot) != 1)
-        return nullptr;
-    // Two sections of one name cannot be told apart: neither is read.
-    if (getRecordCount(&m_pRecordset) != 1 || setRecordsetToFirst(&m_pRecordset) != 1) {
-        closeRecordset(&m_pRecordset);
-        return nullptr;
-    }
-    return RecordFamily(m_szTableName);
+    return OpenRow(name) ? RecordFamily(m_szTableName) : nullptr;
 }
 
 SectionRecord* CatalogueSectionDB::GetSectionData(const char* name, int* sectionType) {
     const SectionFamily* family = OpenSection(name);
     if (family == nullptr)
         return nullptr;
-    auto record = ReadCurrentRow(family->layout);
-    if (record)
-        *sectionType = family->sectionType;
+    auto record = dbsection::MakeSectionRecord(family->layout);
+    if (!ReadCurrentRow(*record))
+        return nullptr;
+    *sectionType = family->sectionType;
     return record.release();
 }
 

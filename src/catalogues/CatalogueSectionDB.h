@@ -32,6 +32,10 @@ public:
     int AddSectionData(WORD id, SECTIONINFO* record) override;
     int UpdateSectionData(WORD id, SECTIONINFO* record) override;
 
+    /// Fills a record from the row of a section in a table, the only one of its VessaName. Returns
+    /// 1, or 0 without such a row.
+    int ReadSection(const CString& table, const char* name, SectionRecord& record);
+
     /// The shape families in the order in which table names are compared.
     std::span<const SectionFamily> Families() const { return m_families; }
 
@@ -66,8 +70,8 @@ protected:
     /// table. Returns the row's family, or null.
     const SectionFamily* OpenSection(const char* name);
 
-    /// The current row as a record of a layout; null when it cannot be read.
-    std::unique_ptr<SectionRecord> ReadCurrentRow(LayoutId layout) const;
+    /// Fills a record from the current row; false when it cannot be read.
+    bool ReadCurrentRow(SectionRecord& record) const;
 
     /// How display values are converted: to a length unit and a force unit.
     struct DisplayUnits {
@@ -81,6 +85,7 @@ protected:
                        const DisplayUnits* units);
 
 private:
+    bool OpenRow(const char* name);
     bool ReadDisplayFactors(const SectionFamily& family, const DisplayUnits* units,
                             std::vector<struct DisplayColumn>& columns) const;
     int StoreSection(const char* label, const char* message, WORD id, const SECTIONINFO* record,

@@ -16,6 +16,7 @@
 #include "platform/CString.h"
 #include "platform/Collections.h"
 #include "platform/Export.h"
+#include "records/CatalogueRecords.h"
 
 #include <vector>
 
@@ -261,10 +262,10 @@ public:
     /// Deletes a record of GetSectionData or GetSectionStructProperty; null is allowed.
     static void FreeSectionData(void* record);
 
-    // Queries. Each opens a recordset into `*rs`, which the caller walks and closes; one that is open
-    // there is closed first. A closed database is told with a message. Where nothing can be asked
-    // (an unknown section type, a series that a function does not serve) `*rs` stays as it was.
-    // Names and patterns are inserted as they are: one with a quote is not supported.
+    // Queries. Each opens a recordset into `*rs`, which the caller walks and closes; one that is
+    // open there is closed first. A closed database is told with a message. Where nothing can be
+    // asked (an unknown section type, a series that a function does not serve) `*rs` stays as it
+    // was. Names and patterns are inserted as they are: one with a quote is not supported.
 
     /// The selected sections of a type. `keys` are pairs of a column number and a direction (0
     /// ascending, 1 descending) and end with a pair whose column is -1.
@@ -304,17 +305,17 @@ public:
     static void GetOWSteelJoistKCSSeries(int catalogue, int series, float moment, float shear,
                                          CSectionDatabase** db, CSectionRecordset** rs);
 
-    /// Which loads are tabulated for the long-span joists of a depth and span: 1 safe loads, 2 total
-    /// and live loads, 0 none.
+    /// Which loads are tabulated for the long-span joists of a depth and span: 1 safe loads, 2
+    /// total and live loads, 0 none.
     static void FindLongSpanJoistLoadType(int catalogue, int series, float span, float depth,
                                           int* loadType, CSectionDatabase** db);
 
     /// The long-span joists that carry the load over the span; the shallowest first. With load type
-    /// 1 `load1` is the safe load and the depth must match, with 2 `load1` and `load2` are the total
-    /// and the live load and the depth is the least.
+    /// 1 `load1` is the safe load and the depth must match, with 2 `load1` and `load2` are the
+    /// total and the live load and the depth is the least.
     static void GetLongSpanJoistSeries(int catalogue, int series, int loadType, float span,
-                                       float depth, float load1, float load2,
-                                       CSectionDatabase** db, CSectionRecordset** rs);
+                                       float depth, float load1, float load2, CSectionDatabase** db,
+                                       CSectionRecordset** rs);
 
     /// The joist girders of the next tabulated span and panel load up, and of the next depth down;
     /// any number of joists, or depth, when it is not above 0.
@@ -329,6 +330,22 @@ public:
     /// A girder by its designation, such as "40S48G8N12.0K".
     static void GetJoistGirder(int catalogue, int series, const char* designation,
                                CSectionDatabase** db, CSectionRecordset** rs);
+
+    // Castellated beams and aluminium.
+
+    /// Fill the record of a castellated beam of the American catalogue by its VessaName; it stays
+    /// as it was when there is none. They work on the library-wide database.
+    static void GetCastellatedNonCompBeamData(int catalogue, int type, const char* name,
+                                              AISCSECTION::AM_CastellatedNonCompBeam& record);
+    static void GetCastellatedCompBeamData(int catalogue, int type, const char* name,
+                                           AISCSECTION::AM_CastellatedCompBeam& record);
+
+    /// The strengths of an alloy by its VessaName for a product (0 all, 1 extrusions, 2 drawn tube,
+    /// 3 pipe), alclad or not, welded or not, and a thickness, both ends of its range included.
+    static void GetAluminiumMaterialProperty(int catalogue, int type, const char* name,
+                                             unsigned product, unsigned alclad, unsigned welded,
+                                             float thickness, CSectionDatabase** db,
+                                             CSectionRecordset** rs);
 
     static int m_bInit;
     static int m_nCountry; ///< catalogue index of the database opened last

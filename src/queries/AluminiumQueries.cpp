@@ -1,0 +1,33 @@
+// Material of aluminium sections.
+#include "interface/SectionDBInterface.h"
+
+#include "interface/RequireOpen.h"
+#include "queries/QueryText.h"
+
+#include <array>
+#include <string>
+
+void SectionDBInterface::GetAluminiumMaterialProperty(int catalogue, int type, const char* name,
+                                                      unsigned product, unsigned alclad,
+                                                      unsigned welded, float thickness,
+                                                      CSectionDatabase** db,
+                                                      CSectionRecordset** rs) {
+    static constexpr std::array Products{"All", "Extrusions", "Drawn_Tube", "Pipe"};
+    if (!dbsection::RequireOpen(db) || product >= Products.size())
+        return;
+    const CString table = GetTableFromSectionType(catalogue, type);
+    if (table.IsEmpty())
+        return;
+    CDWordArray selection;
+    GetUserSelectedSections(catalogue, type, selection);
+    const auto decimal = [](unsigned number) {
+        return CString(std::to_string(static_cast<int>(number)));
+    };
+    const CString t = dbsection::Fixed(thickness);
+    const CString sql =
+        "Select * From [" + table + "] WHERE UPPER([VessaName]) = UPPER('" + name + "') AND " + t +
+        " >= [ThLower] AND " + t + " <= [ThHigher] AND [Welded] = " + decimal(welded) +
+        " AND [Alclad] = " + decimal(alclad) + " AND [Product] = '" + Products[product] + "'" +
+        dbsection::SelectionClause(selection, dbsection::SelectionForm::And);
+    openRecordset(db, rs, sql, CSectionRecordset::Snapshot, 1);
+}
