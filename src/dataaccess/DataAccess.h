@@ -72,6 +72,12 @@ DBSECTION_API int getFieldInfo(CSectionTableDef* table, CSectionFieldInfo* field
 DBSECTION_API int getFieldCount(CSectionTableDef* table);
 DBSECTION_API int getFieldCount(CSectionRecordset** rs);
 
+/// Told each statement that openRecordset is asked to open, before it is opened.
+using StatementObserver = void (*)(const char* sql, int openType);
+
+/// Installs an observer, for a host's log, and returns the one before it; null for none.
+DBSECTION_API StatementObserver SetStatementObserver(StatementObserver observer);
+
 /// Opens a reading statement (openType: 1 table, 2 dynaset, 4 snapshot); a recordset in `*rs` is
 /// closed first. `options` is accepted and not used.
 DBSECTION_API int openRecordset(CSectionDatabase** db, CSectionRecordset** rs, const char* sql,

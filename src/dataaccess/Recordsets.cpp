@@ -3,11 +3,15 @@
 #include "dataaccess/Guard.h"
 #include "platform/MessageBox.h"
 
+#include <utility>
+
 using dbsection::FailureRule;
 using dbsection::Guarded;
 using dbsection::ShowMessageBox;
 
 namespace {
+
+StatementObserver statementObserver = nullptr;
 
 bool IsUsable(CSectionRecordset** rs) { return *rs != nullptr && (*rs)->IsOpen(); }
 
@@ -50,6 +54,10 @@ int getFieldCount(CSectionRecordset** rs) {
                    [&] { return (*rs)->GetFieldCount(); });
 }
 
+StatementObserver SetStatementObserver(StatementObserver observer) {
+    return std::exchange(statementObserver, observer);
+}
+
 int openRecordset(CSectionDatabase** db, CSectionRecordset** rs, const char* sql, int openType,
                   int /*options*/) {
     if (sql == nullptr) {
@@ -57,6 +65,8 @@ int openRecordset(CSectionDatabase** db, CSectionRecordset** rs, const char* sql
                        "Error - openRecordset()");
         return -1;
     }
+    if (statementObserver != nullptr)
+        statementObserver(sql, openType);
     closeRecordset(rs);
     const int result = Guarded({"openRecordset()", "Failed to open Recordset.", -1}, [&] {
         *rs = new CSectionRecordset(*db);
