@@ -100,7 +100,7 @@ void ReadTitles(const CsvTable& csv, CatalogueSource& source) {
         throw csv.LineError(0, "the key " + wanted.begin()->first + " is missing");
 }
 
-/// "slope=0 toe=0.4"
+/// "slope=0 toe=0.4"; lengths in mm.
 Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
                        const GeometryModel* model) {
     Figures parameters;
@@ -110,7 +110,8 @@ Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
         const std::string name = word.substr(0, equals);
         const std::optional<double> value = ParseNumber(word.substr(equals + 1));
         if (!value || model == nullptr ||
-            std::ranges::find(model->parameters, name) == model->parameters.end())
+            std::ranges::find(model->parameters, name, &GeometryParameter::name) ==
+                model->parameters.end())
             throw csv.Error(record, "Parameters",
                             "\"" + word + "\" is not a parameter of the geometry and its value");
         parameters[name] = *value;
