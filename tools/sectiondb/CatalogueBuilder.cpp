@@ -66,7 +66,7 @@ public:
         m_database.Create(path.c_str(), ConnectText(password).c_str());
         m_workspace.BeginTrans();
         for (const SourceTable& table : m_source.tables)
-            WriteSectionTable(table);
+            WriteTable(table);
         WriteFieldUnits();
         WriteInformation();
         m_workspace.CommitTrans();
@@ -85,23 +85,14 @@ private:
             table.CreateIndex(fmt::format("{} by {}", name, columns).c_str(), columns.c_str());
     }
 
-    void WriteSectionTable(const SourceTable& table) {
-        std::vector<CSectionFieldInfo> fields{
-            MakeField("RECNO", SectionField::Long, true),
-            MakeField("Name", SectionField::Text, true),
-            MakeField("VessaName", SectionField::Text, true),
-        };
-        fields.front().m_lAttributes = SectionField::AutoIncrement;
-        // What the fixed statements search and sort by.
-        std::vector<std::string> indexes{"UPPER([VessaName])", "[Name]"};
-        for (const LayoutColumn& column : table.layout->columns) {
-            const bool isText = column.quantity == Quantity::Text;
-            fields.push_back(
-                MakeField(column.name, isText ? SectionField::Text : SectionField::Double, true));
-            if (std::string_view(column.name) == "AX")
-                indexes.emplace_back("[AX]");
+    void WriteTable(const SourceTable& table) {
+        std::vector<CSectionFieldInfo> fields;
+        for (const SourceColumn& column : table.columns) {
+            fields.push_back(MakeField(column.name, column.type, true));
+            if (column.isIdentifier)
+                fields.back().m_lAttributes = SectionField::AutoIncrement;
         }
-        CreateTable(table.name, fields, indexes);
+        CreateTable(table.name, fields, table.indexes);
 
         CSectionRecordset rows(&m_database);
         rows.Open(CSectionRecordset::Table, table.name.c_str());
@@ -129,7 +120,7 @@ private:
     void WriteFieldUnits() {
         std::size_t columns = 0;
         for (const SourceTable& table : m_source.tables)
-            columns = std::max(columns, table.units.size());
+            columns = std::max(columns, table.columns.size());
         std::vector<CSectionFieldInfo> fields{MakeField("TableName", SectionField::Text, true)};
         fields.reserve(columns + 1);
         for (std::size_t i = 0; i < columns; ++i)
@@ -141,8 +132,8 @@ private:
         for (const SourceTable& table : m_source.tables) {
             rows.AddNew();
             rows.SetFieldValue(0, table.name.c_str());
-            for (std::size_t i = 0; i < table.units.size(); ++i)
-                rows.SetFieldValue(static_cast<int>(i) + 1, table.units[i].c_str());
+            for (std::size_t i = 0; i < table.columns.size(); ++i)
+                rows.SetFieldValue(static_cast<int>(i) + 1, table.columns[i].unit.c_str());
             rows.Update();
         }
     }

@@ -234,29 +234,53 @@ Figures Angle(const Figures& section, const Figures& parameters) {
             {"ALPHA", std::atan2(-product, difference) / 2 * 180 / pi}};
 }
 
-/// Rectangular hollow sections whose corners' radii are multiples of the wall thickness. Torsion
-/// constant by Bredt's formula along the middle of the wall, IX = 4 Ap^2 T / p.
+/// A rectangular hollow section whose corners' radii are multiples of the wall thickness.
+struct HollowShape {
+    double depth;
+    double width;
+    double wall;
+    double outside;
+    double inside;
+
+    HollowShape(const Figures& section, const Figures& parameters)
+        : depth(Value(section, "D")),
+          width(Value(section, "B")),
+          wall(Value(section, "T")),
+          outside(Value(parameters, "outside") * wall),
+          inside(Value(parameters, "inside") * wall) {
+        Require(2 * std::max(outside, wall) < std::min(depth, width),
+                "the corners (T) do not fit into the width (B) and depth (D)");
+    }
+
+    // Length of the middle of the wall, and the area that it encloses.
+    double Length() const { return 2 * (width + depth - 2 * wall) - (4 - pi) * (outside + inside); }
+    double Enclosed() const {
+        return (width - wall) * (depth - wall) - (4 - pi) * std::pow((outside + inside) / 2, 2);
+    }
+};
+
+/// Torsion constant by Bredt's formula, IX = 4 Ap^2 T / p.
 Figures RectangularTube(const Figures& section, const Figures& parameters) {
-    const double depth = Value(section, "D");
-    const double width = Value(section, "B");
-    const double wall = Value(section, "T");
-    const double outside = Value(parameters, "outside") * wall;
-    const double inside = Value(parameters, "inside") * wall;
-    Require(2 * std::max(outside, wall) < std::min(depth, width),
-            "the corners (T) do not fit into the width (B) and depth (D)");
-    Outline outline(Rectangle(width, depth, outside));
-    outline.Cut(Rectangle(width - 2 * wall, depth - 2 * wall, inside));
-    const double middle = (outside + inside) / 2;
-    const double enclosed = (width - wall) * (depth - wall) - (4 - pi) * middle * middle;
-    const double length = 2 * (width + depth - 2 * wall) - 2 * (4 - pi) * middle;
+    const HollowShape tube(section, parameters);
+    Outline outline(Rectangle(tube.width, tube.depth, tube.outside));
+    outline.Cut(Rectangle(tube.width - 2 * tube.wall, tube.depth - 2 * tube.wall, tube.inside));
     const AxisProperties major = outline.MajorAxis();
     const AxisProperties minor = outline.MinorAxis();
     return {{"AX", outline.Area()},
             {"IZ", major.inertia},
-            {"IX", 4 * enclosed * enclosed * wall / length},
+            {"IX", 4 * std::pow(tube.Enclosed(), 2) * tube.wall / tube.Length()},
             {"IY", minor.inertia},
             {"ZZ", major.plasticModulus},
             {"ZY", minor.plasticModulus}};
+}
+
+/// The same with the torsion constant of EN 10210-2 and EN 10219-2, which count the wall itself,
+/// too: p T^3 / 3 more.
+Figures EuropeanTube(const Figures& section, const Figures& parameters) {
+    const HollowShape tube(section, parameters);
+    Figures figures = RectangularTube(section, parameters);
+    figures["IX"] += tube.Length() * std::pow(tube.wall, 3) / 3;
+    return figures;
 }
 
 Figures RoundTube(const Figures& section, const Figures&) {
@@ -301,6 +325,8 @@ constexpr std::array Models{
     GeometryModel{"angle", LayoutId::Angle, AngleInputs, AngleParameters, Angle},
     GeometryModel{"rectangular tube", LayoutId::RectangularTube, RectangularTubeInputs,
                   CornerParameters, RectangularTube},
+    GeometryModel{"European tube", LayoutId::RectangularTube, RectangularTubeInputs,
+                  CornerParameters, EuropeanTube},
     GeometryModel{"round tube", LayoutId::RoundTube, RoundTubeInputs, {}, RoundTube},
 };
 

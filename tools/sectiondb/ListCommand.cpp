@@ -19,12 +19,9 @@ struct FamilyCount {
 
 std::vector<FamilyCount> CountFamilies(const OpenCatalogue& open) {
     std::vector<FamilyCount> counts;
-    CStringList tables;
-    open.catalogue->GetSectionTypeList(&tables);
-    for (const CString& table : tables) {
-        const SectionFamily* family = open.catalogue->FindFamily(table);
-        counts.push_back({family, open.catalogue->GetSectionCount(family->sectionType)});
-    }
+    for (const SectionFamily& family : open.catalogue->Families())
+        if (IsExistentTable(open.database, family.table) == 1)
+            counts.push_back({&family, open.catalogue->GetSectionCount(family.sectionType)});
     return counts;
 }
 

@@ -44,22 +44,18 @@ public:
         const CsvTable::Record& units = m_csv.Records().front();
         CheckUnits(units);
         FindUnits(units);
-        SourceTable table{m_plan.name, m_plan.layout, {"NUMBER", "TEXT", "TEXT"}, {}};
-        std::ranges::copy(m_units, std::back_inserter(table.units));
+        SourceTable table =
+            MakeSectionTable(m_plan.name, *m_plan.layout, m_plan.areaColumn, m_units);
         for (const CsvTable::Record& record : m_csv.Records().subspan(1))
             table.rows.push_back(ReadRow(record));
         return table;
     }
 
 private:
-    std::span<const GeometryParameter> Parameters() const {
-        return m_plan.model == nullptr ? std::span<const GeometryParameter>()
-                                       : m_plan.model->parameters;
-    }
+    std::span<const GeometryParameter> Parameters() const { return m_plan.model->parameters; }
 
     bool GeometryGives(std::string_view column) const {
-        return m_plan.model != nullptr &&
-               std::ranges::find(m_plan.model->inputs, column) == m_plan.model->inputs.end();
+        return std::ranges::find(m_plan.model->inputs, column) == m_plan.model->inputs.end();
     }
 
     /// What the figures of a column are; of a column that the table cannot have, an error.
@@ -124,9 +120,6 @@ private:
     }
 
     SourceRow ReadRow(const CsvTable::Record& record) {
-        if (m_plan.model == nullptr)
-            throw m_csv.LineError(record.line,
-                                  "_tables.csv names no geometry to check this section with");
         SourceRow row{UniqueName(record, NameColumn), UniqueName(record, VessaNameColumn), {}};
         const Figures published = Published(record);
         const Figures computed = Computed(record, published);
