@@ -108,6 +108,24 @@ TEST_F(ListsTest, RecordsAreTheCallers) {
         Facade::FreeSectionData(record);
 }
 
+TEST_F(ListsTest, ASectionThatIsNotSelectedIsWithheld) {
+    Facade::SetDBIFileName(File("tables.dbi").c_str());
+    const auto displayed = [&](const char* selected) {
+        WriteFile(File("tables.dbi"), std::string("[AISCSections]\nW Shape=") + selected + "\n");
+        float values[16] = {};
+        int shapeType = 0;
+        const int result =
+            Facade::GetSectionDataForGUI(1, "w12x26", &shapeType, values, "", 1001, 2001);
+        EXPECT_EQ(values[0], 7.65F); // written all the same
+        EXPECT_EQ(Facade::GetSectionDataForGUI_NoDbi(1, "w12x26", &shapeType, values, "", 0, 0), 1);
+        return result;
+    };
+    EXPECT_EQ(displayed("0"), 1);
+    EXPECT_EQ(displayed("1,7"), 1); // it is the first row
+    EXPECT_EQ(displayed("2,7"), 0);
+    EXPECT_EQ(displayed("-1"), 0);
+}
+
 TEST(PrincipalAngle, AgreesWithPublishedAngles) {
     struct Case {
         const char* name;
