@@ -37,9 +37,12 @@ public:
 
     const std::filesystem::path& Path() const { return m_path; }
 
-    void Keep() {
+    void Keep(Existing existing) {
         std::error_code error;
-        std::filesystem::rename(m_path, m_target, error);
+        if (existing == Existing::Replace)
+            std::filesystem::rename(m_path, m_target, error);
+        else // unlike renaming, this fails where there is a file
+            std::filesystem::create_hard_link(m_path, m_target, error);
         if (error)
             throw CommandError(fmt::format("{}: the finished file cannot take this name: {}.",
                                            m_target.string(), error.message()));
@@ -75,14 +78,15 @@ public:
 
 private:
     void CreateTable(const std::string& name, std::span<const CSectionFieldInfo> fields,
-                     std::span<const std::string> indexes = {}) {
+                     std::span<const SourceIndex> indexes = {}) {
         CSectionTableDef table(&m_database);
         table.Create(name.c_str());
         for (const CSectionFieldInfo& field : fields)
             table.CreateField(field);
         table.Append();
-        for (const std::string& columns : indexes)
-            table.CreateIndex(fmt::format("{} by {}", name, columns).c_str(), columns.c_str());
+        for (const auto& [columns, isUnique] : indexes)
+            table.CreateIndex(fmt::format("{} by {}", name, columns).c_str(), columns.c_str(),
+                              isUnique);
     }
 
     void WriteTable(const SourceTable& table) {
@@ -171,7 +175,8 @@ private:
 } // namespace
 
 void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& path,
-                    const std::string& password, const std::function<void()>& advance) {
+                    const std::string& password, const std::function<void()>& advance,
+                    Existing existing) {
     TemporaryFile file(path);
     try {
         CatalogueWriter(source, advance).Write(file.Path(), password);
@@ -180,7 +185,7 @@ void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& 
         e->Delete();
         throw CommandError(fmt::format("{}: not built: {}", path.string(), message.View()));
     }
-    file.Keep();
+    file.Keep(existing);
 }
 
 } // namespace dbsection

@@ -19,7 +19,7 @@ SourceTable MakeJoistTable(const JoistTable& joists) {
         table.columns.push_back(
             {column.name, column.type, column.unit, isMaster && name == "JoistID"});
         if ((!isMaster && name == "JoistID") || name == "Designation")
-            table.indexes.push_back("[" + std::string(name) + "]");
+            table.indexes.push_back({"[" + std::string(name) + "]"});
     }
     return table;
 }
@@ -33,7 +33,7 @@ SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layou
                       {{"RECNO", SectionField::Long, "NUMBER", true},
                        {"Name", SectionField::Text, "TEXT"},
                        {"VessaName", SectionField::Text, "TEXT"}},
-                      {"UPPER([VessaName])", "[Name]"},
+                      {{"UPPER([VessaName])", true}, {"[Name]", true}},
                       {}};
     auto unit = units.begin();
     for (const LayoutColumn& column : layout.columns) {
@@ -43,7 +43,7 @@ SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layou
         table.columns.push_back(
             {title, isText ? SectionField::Text : SectionField::Double, *unit++});
         if (isArea)
-            table.indexes.push_back("[" + title + "]");
+            table.indexes.push_back({"[" + title + "]"});
     }
     return table;
 }

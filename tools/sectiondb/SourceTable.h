@@ -26,10 +26,15 @@ struct SourceColumn {
     bool isIdentifier = false; ///< numbers the rows
 };
 
+struct SourceIndex {
+    std::string columns; ///< names or expressions
+    bool isUnique = false;
+};
+
 struct SourceTable {
     std::string name;
     std::vector<SourceColumn> columns;
-    std::vector<std::string> indexes; ///< column names or expressions
+    std::vector<SourceIndex> indexes;
     std::vector<SourceRow> rows;
 };
 
