@@ -1,7 +1,7 @@
 #include "catalogues/SectionDBBase.h"
 
+#include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
-#include "dataaccess/Guard.h"
 #include "units/UNIT.h"
 
 #include <cstdint>
@@ -12,41 +12,8 @@ constexpr int IdentifierColumn = 0;
 constexpr int NameColumn = 1;
 constexpr int VessaNameColumn = 2;
 
+using dbsection::ForEachSectionTable;
 using dbsection::Guarded;
-
-/// Calls `visit` with the name of each section table in the database's table order, until it
-/// returns true.
-template <class Visit>
-void ForEachSectionTable(CSectionDatabase* database, Visit visit) {
-    if (database == nullptr)
-        return;
-    Guarded({"getTableInfo()", "Failed to get information on table."}, [&] {
-        CSectionTableDefInfo info;
-        const int count = database->GetTableDefCount();
-        for (int index = 0; index < count; ++index) {
-            database->GetTableDefInfo(index, info, PrimaryInformation);
-            const CString& table = info.m_strName;
-            if (info.IsUserTable() && table != "Field Units" && table != "DBInfo" && visit(table))
-                break;
-        }
-        return 1;
-    });
-}
-
-/// Whether a table has a row satisfying the condition. A table without the columns of the condition
-/// has none.
-bool HasRow(CSectionDatabase* database, const CString& table, const CString& condition) {
-    return Guarded({"openRecordset()",
-                    "Failed to open Recordset.",
-                    0,
-                    {SectionError::UnknownNameInStatement}},
-                   [&] {
-                       CSectionRecordset rows(database);
-                       rows.Open(CSectionRecordset::Snapshot,
-                                 "Select * From [" + table + "] WHERE " + condition);
-                       return rows.IsEOF() ? 0 : 1;
-                   }) == 1;
-}
 
 /// Finds the first section table with a row satisfying the condition that `conditionFor` gives for
 /// the table.
@@ -54,7 +21,9 @@ template <class ConditionFor>
 int FindTableWhere(CSectionDatabase* database, CString& table, ConditionFor conditionFor) {
     table = {};
     ForEachSectionTable(database, [&](const CString& candidate) {
-        if (!HasRow(database, candidate, conditionFor(candidate)))
+        CSectionRecordset rows(database);
+        if (!dbsection::FindsRow(rows, "Select * From [" + candidate + "] WHERE " +
+                                           conditionFor(candidate)))
             return false;
         table = candidate;
         return true;

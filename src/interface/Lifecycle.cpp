@@ -22,12 +22,8 @@ int SectionDBInterface::m_bStartTransaction = 0;
 SectionDBDriverImpl SectionDBInterface::m_SectionDBDrv;
 
 void SectionDBInterface::InitSectionDBInterface() {
-    if (m_bInit == 0) {
-        InitialiseCountryEnumMap();
-        InitialiseSectionTypeEnumMap();
-        m_SectionDBDrv.CreateSectionDBObjects();
-    }
-    m_bInit = 1;
+    if (m_bInit == 0)
+        InitialiseAllMaps();
 }
 
 void SectionDBInterface::UnInitSectionDBInterface() {
@@ -68,12 +64,22 @@ CSectionDatabase* SectionDBInterface::GetDatabasePtr(int index) {
     return OpenSectionDatabase(index, &gblSectionDatabase) == 1 ? gblSectionDatabase : nullptr;
 }
 
-/// The catalogue object of an index, with the database attached; null when either is missing.
 SectionDBBase* SectionDBInterface::AttachedCatalogue(int index, CSectionDatabase* db) {
     SectionDBBase* catalogue = m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index));
     if (db == nullptr || catalogue == nullptr)
         return nullptr;
     catalogue->SetDatabase(db);
+    return catalogue;
+}
+
+SectionDBBase* SectionDBInterface::OpenCatalogue(int index) {
+    return AttachedCatalogue(index, GetDatabasePtr(index));
+}
+
+SectionDBBase* SectionDBInterface::OpenCatalogue(int index, int workingType) {
+    SectionDBBase* catalogue = OpenCatalogue(index);
+    if (catalogue != nullptr)
+        catalogue->SetWorkingTable(catalogue->GetTableName(workingType));
     return catalogue;
 }
 
@@ -89,12 +95,12 @@ bool RequireOpen(CSectionDatabase** ppDb) {
 } // namespace
 
 int SectionDBInterface::GetSectionCount(int index, int sectionType) {
-    SectionDBBase* catalogue = AttachedCatalogue(index, GetDatabasePtr(index));
+    SectionDBBase* catalogue = OpenCatalogue(index);
     return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
 }
 
 int SectionDBInterface::GetSectionFieldCount(int index, int sectionType) {
-    SectionDBBase* catalogue = AttachedCatalogue(index, GetDatabasePtr(index));
+    SectionDBBase* catalogue = OpenCatalogue(index);
     return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
 }
 
@@ -122,9 +128,4 @@ int SectionDBInterface::GetDBInfo(CString fileName, CString& info2, CString& inf
             *targets[i] = CCrack::strVARIANT(rows->GetFieldValue(static_cast<int>(i)));
         return 1;
     });
-}
-
-CString SectionDBInterface::GetTableFromSectionType(int index, int sectionType) {
-    SectionDBBase* catalogue = AttachedCatalogue(index, GetDatabasePtr(index));
-    return catalogue == nullptr ? CString() : catalogue->GetTableName(sectionType);
 }

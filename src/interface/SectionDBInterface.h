@@ -7,7 +7,8 @@
 //
 // All members are static: the state is that of the process, and the library is called from one
 // thread at a time. A catalogue index names a catalogue: 1 to 37, 1001 the user tables, 1010 the
-// generic shapes; 0 is "Untitled", which has no file. Nothing is thrown.
+// generic shapes; 0 is "Untitled", which has no file. A section type is the catalogue's own number
+// of a shape family. Nothing is thrown but the invalid-argument error of SaveUserSelectedSections.
 #pragma once
 
 #include "catalogues/SectionDBDriver.h"
@@ -15,6 +16,8 @@
 #include "platform/CString.h"
 #include "platform/Collections.h"
 #include "platform/Export.h"
+
+#include <vector>
 
 class CSectionDatabase;
 
@@ -108,8 +111,155 @@ public:
     static void InitialiseCountryEnumMap();
     static void InitialiseSectionTypeEnumMap();
 
+    /// Fills both maps and creates the catalogue objects that are missing.
+    static void InitialiseAllMaps();
+
+    /// Look a symbolic name up by the identity of the stored text, which no caller's text has: the
+    /// result is 0.
+    static int GetCountryEnumVal(CString& key);
+    static int GetSectionTypeEnumVal(CString& key);
+
+    /// The display name of a catalogue. `index` must be 0 to 37; it is not checked.
+    static CString GetCountryName(int index);
+
+    /// The catalogue of a display name, by letter case too; 38 when there is none.
+    static int GetCountryID(CString name);
+
     /// The table that holds a section type, or empty.
     static CString GetTableFromSectionType(int index, int sectionType);
+
+    /// The section type of a table; that of the catalogue's last table when it has none of that
+    /// name, -1 when it cannot be opened.
+    static int GetSectionTypeFromTable(int index, CString tableName);
+
+    /// The shape type of a section type (ShapeType::Code), or 0.
+    static int GetShapeTypeFromSection(int index, int sectionType);
+
+    /// A new list, the caller's, of the catalogue's section tables in the database's order; null
+    /// when the catalogue cannot be opened.
+    static CStringList* GetSectionTypeList(int index);
+
+    // Names. The public name is the one that the standard prints, the VessaName that of the
+    // analysis program; the latter is matched without regard to letter case. In a catalogue the
+    // first table with a match counts, once for each of its matching rows. Results are appended:
+    // the arrays are never emptied. A name with a quote is not supported: nothing is found.
+
+    /// Search the catalogues 1 to 37 in order. Return 1 when both arrays hold something, and 0 at
+    /// once at the first catalogue that cannot be opened; what was found before stays.
+    static int GetCountryAndSectionTypeFromVessaName(const char* name, CUIntArray& catalogues,
+                                                     CUIntArray& sectionTypes);
+    static int GetCountryAndSectionTypeFromPublicName(const char* name, CUIntArray& catalogues,
+                                                      CUIntArray& sectionTypes);
+
+    /// Search one catalogue. Return 1 when `sectionTypes` holds something in the end.
+    static int GetSectionTypeFromVessaName(int index, const char* name, CUIntArray& sectionTypes);
+    static int GetSectionTypeFromPublicName(int index, const char* name, CUIntArray& sectionTypes);
+
+    /// The same, with the other name of the section: that of the first matching row, repeated for
+    /// each further one.
+    static int GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
+                                                        CUIntArray& sectionTypes,
+                                                        CStringArray& vessaNames);
+    static int GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
+                                                        CUIntArray& sectionTypes,
+                                                        std::vector<CString>& vessaNames);
+    static int GetSectionTypeAndPublicNameFromVessaName(int index, const char* vessaName,
+                                                        CUIntArray& sectionTypes,
+                                                        CStringArray& publicNames);
+    static int GetSectionTypeAndPublicNameFromVessaName(int index, const char* vessaName,
+                                                        CUIntArray& sectionTypes,
+                                                        std::vector<CString>& publicNames);
+
+    /// The table that holds a section, by its VessaName in upper case. Returns 1 when found.
+    static int GetTableNameFromSection(int index, const char* name, CString& tableName);
+
+    // The user's selections: record numbers by section type, kept in the table-index file. The
+    // first number 0 means every section, -1 none.
+
+    /// Writes the selection into the first elements of an array, which grows as needed and keeps
+    /// what it holds beyond them. A selection that is not stored is [0].
+    static void GetUserSelectedSections(int index, int sectionType, CDWordArray& selection);
+
+    /// Stores a selection, at once or not at all, and builds the table-index file when there is
+    /// none; GetLastProfileError() tells whether it was written. An empty array throws the
+    /// invalid-argument error (CInvalidArgException*).
+    static void SaveUserSelectedSections(int index, int sectionType, CDWordArray& selection);
+
+    /// Whether a section is selected: 1 or 0.
+    static int IsSectionInProject(int index, int sectionType, int recordNumber);
+
+    /// A new list, the caller's, of the VessaNames of the selected sections by record number; null
+    /// when there are none.
+    static CStringList* GetUserSelectedSectionNameList(int index, int sectionType);
+
+    // Lists and display data. Lists, arrays and records are new and the caller's; null, or 0, means
+    // that the catalogue cannot be opened, and a list of an unknown section type is empty. Display
+    // values are at most 16, the area first (angles: area, both legs, thickness), with lengths in
+    // the length unit `unit1` (1001 to 1008) and forces in the force unit `unit2` (2001 to 2008).
+
+    /// The VessaNames, or the public names, of a section type; by record number when `sorted` is
+    /// not 0. `ids` receives the record numbers in list order.
+    static CStringList* GetSectionNameList(int index, int type, int sorted);
+    static CStringList* GetSectionNameList(int index, int type, CUIntArray* ids, int sorted);
+    static CStringList* GetSectionPublicNameList(int index, int type, int sorted);
+    static CStringList* GetSectionPublicNameList(int index, int type, CUIntArray* ids, int sorted);
+
+    /// The same into a vector, which is emptied first.
+    static void GetSectionNameList(int index, int type, CUIntArray* ids, std::vector<CString>& out,
+                                   int sorted);
+    static void GetSectionPublicNameList(int index, int type, CUIntArray* ids,
+                                         std::vector<CString>& out, int sorted);
+
+    /// The VessaNames sorted by the given columns in ascending order.
+    static CStringList* GetSortedSectionNameList(int index, int type, CStringArray* sortFields,
+                                                 int flag);
+
+    /// The names, or the units, of all columns of a section type, the three of bookkeeping
+    /// included.
+    static CStringArray* GetSectionFieldNameArray(int index, int type);
+    static CStringArray* GetSectionFieldUnitsArray(int index, int type);
+
+    /// The names and display values of all sections of a type; there must be room for all of them
+    /// in `values`. `unitText` is not used.
+    static void GetAllSectionDataForGUI(int index, int type, CStringArray* names,
+                                        float (*values)[16], const char* unitText,
+                                        unsigned int unit1, unsigned int unit2);
+
+    /// The name and display values of a section by its record number. Returns 1 when found.
+    static int GetSectionDataForGUI(int index, int type, int recordNo, CString* name, float* values,
+                                    const char* unitText, unsigned int unit1, unsigned int unit2);
+
+    /// The shape type and display values of a section by its VessaName. Returns 1, and 0 also for a
+    /// section that the user's selection leaves out; its values are written all the same.
+    static int GetSectionDataForGUI(int index, const char* name, int* shapeType, float* values,
+                                    const char* unitText, unsigned int unit1, unsigned int unit2);
+
+    /// The shape type and the stored values of a section of the American catalogue, whatever the
+    /// user's selection; 0 for other catalogues. The units are not used.
+    static int GetSectionDataForGUI_NoDbi(int index, const char* name, int* shapeType,
+                                          float* values, const char* unitText, unsigned int unit1,
+                                          unsigned int unit2);
+
+    /// The same with the section type and the record number in place of the shape type.
+    /// `*sectionType` must be set: its table is the working table of the call.
+    static int GetSectionDataForGUIAllValues(int index, const char* name, int* sectionType,
+                                             int* recordNo, float* values, unsigned int unit1,
+                                             unsigned int unit2);
+
+    /// The angle of the principal axes of an angle section in degrees, 45 for equal legs; 0 for
+    /// other shapes. Returns 1 when the section was found.
+    static int GetSectionPrincipalAngle(int index, CString name, double* angle);
+
+    /// The row of a section (a SectionRecord of its layout), or its property summary (a
+    /// SECTIONINFO), and its section type; null when it cannot be read. Either is to be released
+    /// with FreeSectionData, or cast to `SectionRecord*` first: the pointer is made from one.
+    static void* GetSectionData(int index, const char* name, int& type, const char* unitText);
+    static void* GetSectionStructProperty(int index, const char* name, int& type,
+                                          unsigned int unit1, unsigned int unit2,
+                                          const char* unitText);
+
+    /// Deletes a record of GetSectionData or GetSectionStructProperty; null is allowed.
+    static void FreeSectionData(void* record);
 
     static int m_bInit;
     static int m_nCountry; ///< catalogue index of the database opened last
@@ -133,5 +283,11 @@ public:
     static const char* const m_saCountryName[38];
 
 private:
+    /// The catalogue object of an index with a database attached; null when either is missing.
     static SectionDBBase* AttachedCatalogue(int index, CSectionDatabase* db);
+
+    /// The same on the library-wide database, opened on the catalogue; the second form sets the
+    /// object's working table, too, to that of a section type.
+    static SectionDBBase* OpenCatalogue(int index);
+    static SectionDBBase* OpenCatalogue(int index, int workingType);
 };

@@ -102,7 +102,7 @@ void SectionDBInterface::InitialiseDBIFile() {
     tables.reserve(static_cast<std::size_t>(LastCatalogueIndex) * LastSectionType);
     for (int index = 1; index <= LastCatalogueIndex; ++index) {
         // The types of one catalogue are looked up in one opening of it.
-        const SectionDBBase* catalogue = AttachedCatalogue(index, GetDatabasePtr(index));
+        const SectionDBBase* catalogue = OpenCatalogue(index);
         for (int type = 1; catalogue != nullptr && type <= LastSectionType; ++type) {
             const CString& table = tables.emplace_back(catalogue->GetTableName(type));
             if (!table.IsEmpty())

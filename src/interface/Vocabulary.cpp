@@ -1,7 +1,8 @@
-// The fixed vocabulary: catalogue names, and the symbolic names of catalogues and section types.
+// The vocabulary: catalogue names, symbolic names, and what a catalogue calls its section types.
 #include "interface/SectionDBInterface.h"
 
 #include <list>
+#include <memory>
 #include <span>
 #include <string>
 
@@ -270,4 +271,64 @@ void SectionDBInterface::InitialiseCountryEnumMap() { Fill(m_mapCountryEnums, 37
 
 void SectionDBInterface::InitialiseSectionTypeEnumMap() {
     Fill(m_mapSectionTypeEnums, 1850, SectionTypeNames);
+}
+
+void SectionDBInterface::InitialiseAllMaps() {
+    InitialiseCountryEnumMap();
+    InitialiseSectionTypeEnumMap();
+    m_SectionDBDrv.CreateSectionDBObjects();
+    m_bInit = 1;
+}
+
+int SectionDBInterface::GetCountryEnumVal(CString& key) {
+    int index = 0;
+    m_mapCountryEnums.Lookup(key, index);
+    return index;
+}
+
+int SectionDBInterface::GetSectionTypeEnumVal(CString& key) {
+    int sectionType = 0;
+    m_mapSectionTypeEnums.Lookup(key, sectionType);
+    return sectionType;
+}
+
+CString SectionDBInterface::GetCountryName(int index) { return m_saCountryName[index]; }
+
+int SectionDBInterface::GetCountryID(CString name) {
+    int index = 1;
+    while (index <= LastCatalogueIndex && name != m_saCountryName[index])
+        ++index;
+    return index;
+}
+
+CString SectionDBInterface::GetTableFromSectionType(int index, int sectionType) {
+    const SectionDBBase* catalogue = OpenCatalogue(index);
+    return catalogue == nullptr ? CString() : catalogue->GetTableName(sectionType);
+}
+
+int SectionDBInterface::GetSectionTypeFromTable(int index, CString tableName) {
+    const SectionDBBase* catalogue = OpenCatalogue(index);
+    int visited = -1;
+    if (catalogue == nullptr)
+        return visited;
+    for (const auto& [type, table] : catalogue->TableNames()) {
+        visited = type;
+        if (table == tableName)
+            break;
+    }
+    return visited;
+}
+
+int SectionDBInterface::GetShapeTypeFromSection(int index, int sectionType) {
+    const SectionDBBase* catalogue = OpenCatalogue(index);
+    return catalogue == nullptr ? 0 : catalogue->GetShapeType(sectionType);
+}
+
+CStringList* SectionDBInterface::GetSectionTypeList(int index) {
+    SectionDBBase* catalogue = OpenCatalogue(index);
+    if (catalogue == nullptr)
+        return nullptr;
+    auto list = std::make_unique<CStringList>(10);
+    catalogue->GetSectionTypeList(list.get());
+    return list.release();
 }

@@ -3,11 +3,11 @@
 #include "platform/FileDescriptor.h"
 #include "platform/FileSystem.h"
 #include "platform/ProfileText.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
@@ -160,10 +160,7 @@ unsigned GetPrivateProfileIntA(const char* section, const char* key, int default
     const std::optional<std::string_view> value = Find(section, key, file);
     if (!value)
         return static_cast<unsigned>(defaultValue);
-    const std::string_view digits = value->starts_with('+') ? value->substr(1) : *value;
-    std::int64_t number = 0;
-    std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return static_cast<unsigned>(number);
+    return static_cast<unsigned>(dbsection::LeadingInteger(*value));
 }
 
 DWORD GetPrivateProfileStringA(const char* section, const char* key, const char* defaultValue,

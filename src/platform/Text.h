@@ -2,6 +2,8 @@
 #pragma once
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -29,6 +31,16 @@ inline std::string_view Trim(std::string_view text) {
     while (!text.empty() && IsBlank(text.back()))
         text.remove_suffix(1);
     return text;
+}
+
+/// The integer at the beginning of a text, behind blanks and with an optional sign; 0 without one.
+inline std::int64_t LeadingInteger(std::string_view text) {
+    text = Trim(text);
+    if (text.starts_with('+'))
+        text.remove_prefix(1);
+    std::int64_t number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
 }
 
 } // namespace dbsection

@@ -1,0 +1,41 @@
+// The section tables of a catalogue: walking them, and asking one for rows.
+#pragma once
+
+#include "dataaccess/DataAccess.h"
+#include "dataaccess/Guard.h"
+
+namespace dbsection {
+
+/// Calls `visit` with the name of each section table in the database's table order, until it
+/// returns true.
+template <class Visit>
+void ForEachSectionTable(CSectionDatabase* database, Visit visit) {
+    if (database == nullptr)
+        return;
+    Guarded({"getTableInfo()", "Failed to get information on table."}, [&] {
+        CSectionTableDefInfo info;
+        const int count = database->GetTableDefCount();
+        for (int index = 0; index < count; ++index) {
+            database->GetTableDefInfo(index, info, PrimaryInformation);
+            const CString& table = info.m_strName;
+            if (info.IsUserTable() && table != "Field Units" && table != "DBInfo" && visit(table))
+                break;
+        }
+        return 1;
+    });
+}
+
+/// Whether a statement finds a row, which is then the current one. A table without the columns that
+/// the statement names has none: that is cheaper to find out here than to ask beforehand.
+inline bool FindsRow(CSectionRecordset& rows, const CString& sql) {
+    return Guarded({"openRecordset()",
+                    "Failed to open Recordset.",
+                    0,
+                    {SectionError::UnknownNameInStatement}},
+                   [&] {
+                       rows.Open(CSectionRecordset::Snapshot, sql);
+                       return rows.IsEOF() ? 0 : 1;
+                   }) == 1;
+}
+
+} // namespace dbsection

@@ -1,0 +1,150 @@
+// Finding sections by name, and one name by the other.
+#include "interface/SectionDBInterface.h"
+
+#include "catalogues/SectionTables.h"
+#include "dataaccess/CCrack.h"
+
+namespace {
+
+/// The names of a section, by their columns.
+enum NameColumn : int { PublicName = 1, VessaName = 2 };
+
+/// A quote would end the text in the statement. One report does for all tables.
+bool IsSearchable(const CString& name) {
+    if (name.Find('\'') < 0)
+        return true;
+    HandleDaoException(new CSectionException(SectionError::BadStatement,
+                                             "The section name " + name +
+                                                 " contains a quote; leave the quote out."),
+                       "Failed to open Recordset.", "openRecordset()");
+    return false;
+}
+
+CString QueryText(const CString& table, NameColumn column, const char* name) {
+    const CString from = "SELECT * FROM [" + table + "] WHERE ";
+    return column == VessaName ? from + "UPPER([VessaName]) = UPPER('" + name + "')"
+                               : from + "[Name] = '" + name + "'";
+}
+
+/// Opens the library-wide database on a catalogue and searches it: `found` is called for the first
+/// table with rows of that name, with its section type, the number of the rows, and the rows at the
+/// first. False when the catalogue cannot be opened.
+template <class Found>
+bool SearchCatalogue(int index, NameColumn column, const char* name, Found found) {
+    CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
+    dbsection::ForEachSectionTable(database, [&](const CString& table) {
+        CSectionRecordset rows(database);
+        if (!dbsection::FindsRow(rows, QueryText(table, column, name)))
+            return false;
+        CSectionRecordset* counted = &rows;
+        const int count = getRecordCount(&counted);
+        if (count > 0)
+            found(SectionDBInterface::GetSectionTypeFromTable(index, table), count, rows);
+        return count > 0;
+    });
+    return database != nullptr;
+}
+
+int SearchAllCatalogues(NameColumn column, const char* name, CUIntArray& catalogues,
+                        CUIntArray& sectionTypes) {
+    if (!IsSearchable(name))
+        return 0;
+    for (int index = 1; index <= LastCatalogueIndex; ++index) {
+        const auto append = [&](int type, int count, const CSectionRecordset&) {
+            for (int i = 0; i < count; ++i) {
+                catalogues.Add(static_cast<unsigned int>(index));
+                sectionTypes.Add(static_cast<unsigned int>(type));
+            }
+        };
+        if (!SearchCatalogue(index, column, name, append))
+            return 0;
+    }
+    return catalogues.IsEmpty() || sectionTypes.IsEmpty() ? 0 : 1;
+}
+
+/// Calls `appendName` with the section's other name for each section type that is appended.
+template <class AppendName>
+int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
+                       AppendName appendName) {
+    const NameColumn other = column == VessaName ? PublicName : VessaName;
+    const auto append = [&](int type, int count, const CSectionRecordset& rows) {
+        const CString otherName = CCrack::strVARIANT(rows.GetFieldValue(other));
+        for (int i = 0; i < count; ++i) {
+            sectionTypes.Add(static_cast<unsigned int>(type));
+            appendName(otherName);
+        }
+    };
+    if (!IsSearchable(name) || !SearchCatalogue(index, column, name, append))
+        return 0;
+    return sectionTypes.IsEmpty() ? 0 : 1;
+}
+
+int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes) {
+    return SearchOneCatalogue(index, column, name, sectionTypes, [](const CString&) {});
+}
+
+int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
+                       CStringArray& otherNames) {
+    return SearchOneCatalogue(index, column, name, sectionTypes,
+                              [&](const CString& otherName) { otherNames.Add(otherName); });
+}
+
+int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
+                       std::vector<CString>& otherNames) {
+    return SearchOneCatalogue(index, column, name, sectionTypes,
+                              [&](const CString& otherName) { otherNames.push_back(otherName); });
+}
+
+} // namespace
+
+int SectionDBInterface::GetCountryAndSectionTypeFromVessaName(const char* name,
+                                                              CUIntArray& catalogues,
+                                                              CUIntArray& sectionTypes) {
+    return SearchAllCatalogues(VessaName, name, catalogues, sectionTypes);
+}
+
+int SectionDBInterface::GetCountryAndSectionTypeFromPublicName(const char* name,
+                                                               CUIntArray& catalogues,
+                                                               CUIntArray& sectionTypes) {
+    return SearchAllCatalogues(PublicName, name, catalogues, sectionTypes);
+}
+
+int SectionDBInterface::GetSectionTypeFromVessaName(int index, const char* name,
+                                                    CUIntArray& sectionTypes) {
+    return SearchOneCatalogue(index, VessaName, name, sectionTypes);
+}
+
+int SectionDBInterface::GetSectionTypeFromPublicName(int index, const char* name,
+                                                     CUIntArray& sectionTypes) {
+    return SearchOneCatalogue(index, PublicName, name, sectionTypes);
+}
+
+int SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
+                                                                 CUIntArray& sectionTypes,
+                                                                 CStringArray& vessaNames) {
+    return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, vessaNames);
+}
+
+int SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
+                                                                 CUIntArray& sectionTypes,
+                                                                 std::vector<CString>& vessaNames) {
+    return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, vessaNames);
+}
+
+int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(int index, const char* vessaName,
+                                                                 CUIntArray& sectionTypes,
+                                                                 CStringArray& publicNames) {
+    return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, publicNames);
+}
+
+int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(
+    int index, const char* vessaName, CUIntArray& sectionTypes, std::vector<CString>& publicNames) {
+    return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, publicNames);
+}
+
+int SectionDBInterface::GetTableNameFromSection(int index, const char* name, CString& tableName) {
+    SectionDBBase* catalogue = OpenCatalogue(index);
+    if (catalogue == nullptr || !IsSearchable(name))
+        return 0;
+    return catalogue->GetTableNameFromSection(name, tableName);
+}

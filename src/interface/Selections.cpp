@@ -1,0 +1,140 @@
+// The user's selections of sections, kept in the table-index file.
+#include "interface/SectionDBInterface.h"
+
+#include "dataaccess/CCrack.h"
+#include "dataaccess/Guard.h"
+#include "dataaccess/Handles.h"
+#include "platform/FileSystem.h"
+#include "platform/PrivateProfile.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr int NoSection = -1;
+constexpr int EverySection = 0;
+
+int NumberAt(const CDWordArray& selection, int element) {
+    return static_cast<int>(selection.GetAt(element));
+}
+
+CString Decimal(DWORD number) { return CString(std::to_string(static_cast<int>(number))); }
+
+/// The key of a section type in the table-index file: the name of its table. Empty for catalogues
+/// that the file has no section for.
+CString SelectionKey(int index, int sectionType) {
+    return index > LastCatalogueIndex
+               ? CString()
+               : SectionDBInterface::GetTableFromSectionType(index, sectionType);
+}
+
+CString SelectionText(const CDWordArray& selection) {
+    CString text;
+    for (int i = 0; i < selection.GetSize(); ++i) {
+        if (NumberAt(selection, i) == 0)
+            continue;
+        text += Decimal(selection[i]);
+        if (i + 1 < selection.GetSize()) // whatever follows
+            text += ',';
+    }
+    return text;
+}
+
+CString SelectionQuery(const CString& table, const CDWordArray& selection) {
+    CString numbers;
+    if (NumberAt(selection, 0) == NoSection)
+        numbers = "0";
+    else if (NumberAt(selection, 0) > 0)
+        for (const DWORD number : selection)
+            numbers += (numbers.IsEmpty() ? "" : ",") + Decimal(number);
+    const CString restriction =
+        numbers.IsEmpty() ? CString() : " WHERE [RECNO] IN(" + numbers + ")";
+    return "Select * From [" + table + "]" + restriction + " ORDER BY [RECNO] ASC";
+}
+
+} // namespace
+
+void SectionDBInterface::GetUserSelectedSections(int index, int sectionType,
+                                                 CDWordArray& selection) {
+    constexpr int FileNotFound = 2;
+    constexpr std::size_t LongestValue = 8750;
+    selection.SetAtGrow(0, EverySection);
+    const CString file = GetDBIFileName();
+    if (!dbsection::IsRegularFile(file))
+        return;
+    const CString key = SelectionKey(index, sectionType);
+    if (key.IsEmpty())
+        return;
+    std::array<char, LongestValue> buffer; // left as it is: the value is written over it
+    const DWORD length = GetPrivateProfileStringA(m_saSectionFile[index], key, "0", buffer.data(),
+                                                  buffer.size(), file);
+    if (GetLastProfileError() == FileNotFound)
+        return;
+    std::string_view text(buffer.data(), length);
+    if (text.starts_with('0'))
+        return;
+    for (int element = 0;; ++element) {
+        const std::size_t comma = text.find(',');
+        const std::int64_t number = dbsection::LeadingInteger(text.substr(0, comma));
+        selection.SetAtGrow(element, static_cast<DWORD>(number));
+        if (comma == std::string_view::npos)
+            return;
+        text.remove_prefix(comma + 1);
+    }
+}
+
+void SectionDBInterface::SaveUserSelectedSections(int index, int sectionType,
+                                                  CDWordArray& selection) {
+    const CString file = GetDBIFileName();
+    if (!dbsection::IsRegularFile(file))
+        InitialiseDBIFile();
+    const bool everySection = NumberAt(selection, 0) == EverySection;
+    const CString value = everySection ? CString("0") : SelectionText(selection);
+    const CString key = SelectionKey(index, sectionType);
+    if (!key.IsEmpty())
+        WritePrivateProfileStringA(m_saSectionFile[index], key, value, file);
+}
+
+int SectionDBInterface::IsSectionInProject(int index, int sectionType, int recordNumber) {
+    if (index == 0 || sectionType < 1 || recordNumber == 0)
+        return 0;
+    CDWordArray selection;
+    GetUserSelectedSections(index, sectionType, selection);
+    const int first = NumberAt(selection, 0);
+    if (first <= 0)
+        return first == EverySection ? 1 : 0;
+    return std::ranges::count(selection, static_cast<DWORD>(recordNumber)) > 0 ? 1 : 0;
+}
+
+CStringList* SectionDBInterface::GetUserSelectedSectionNameList(int index, int sectionType) {
+    constexpr int VessaName = 2;
+    if (OpenSectionDatabase(index, &gblSectionDatabase) != 1)
+        return nullptr;
+    const CString table = GetTableFromSectionType(index, sectionType);
+    if (table.IsEmpty())
+        return nullptr;
+    CDWordArray selection;
+    GetUserSelectedSections(index, sectionType, selection);
+    RecordsetHandle rows;
+    if (openRecordset(&gblSectionDatabase, rows.Address(), SelectionQuery(table, selection),
+                      CSectionRecordset::Snapshot, 1) != 1)
+        return nullptr;
+    const int count = getRecordCount(rows.Address());
+    if (count == 0)
+        return nullptr;
+    auto list = std::make_unique<CStringList>(10);
+    const auto fill = [&] {
+        rows->MoveFirst();
+        for (int i = 0; i < count; ++i, rows->MoveNext())
+            list->AddTail(CCrack::strVARIANT(rows->GetFieldValue(VessaName)));
+        return 1;
+    };
+    const dbsection::FailureRule rule{"GetUserSelectedSectionNameList()",
+                                      "Failed to list the sections."};
+    return dbsection::Guarded(rule, fill) == 1 ? list.release() : nullptr;
+}
