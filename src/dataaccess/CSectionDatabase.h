@@ -63,6 +63,10 @@ public:
                          unsigned long level = PrimaryInformation) const;
     void DeleteTableDef(const char* name);
 
+    /// The names of the user tables, neither system tables nor hidden ones, in table order: in one
+    /// look at the file.
+    std::vector<CString> GetUserTableNames() const;
+
 private:
     friend class CSectionTableDef;
     friend class CSectionRecordset;

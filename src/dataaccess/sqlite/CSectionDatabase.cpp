@@ -169,3 +169,13 @@ void CSectionDatabase::DeleteTableDef(const char* name) {
         connection.ChangeSchema("DROP TABLE " + dbsection::Quoted(table));
     });
 }
+
+std::vector<CString> CSectionDatabase::GetUserTableNames() const {
+    return WithMemoryErrors([&] {
+        std::vector<CString> names;
+        for (const std::string& table : OpenConnection().Tables())
+            if (AttributesOf(table) == 0)
+                names.emplace_back(table);
+        return names;
+    });
+}
