@@ -15,6 +15,7 @@ build: setup
 
 demo: build
 	@$(SECTIONDB) build data/* --output $(CATALOGUES)
+	@echo && $(SECTIONDB) list
 	@echo && $(SECTIONDB) list American
 	@echo && $(SECTIONDB) show American W12X26
 	@echo && $(SECTIONDB) show American W12X26 --length mm --force kN

@@ -1,6 +1,8 @@
-// The catalogues that are measured: the American one, built for the run, protected and plain.
+// The catalogues that are measured: the American one, built for the run, protected and plain, and
+// all of them.
 #pragma once
 
+#include "EveryCatalogue.h"
 #include "TestSupport.h"
 
 #include <string>
@@ -26,8 +28,11 @@ public:
     /// The statement that finds a W shape by its name, for each of them.
     const std::vector<std::string>& StatementsByName() const { return m_statementsByName; }
 
+    const EveryCatalogue& Every() const { return m_every; }
+
 private:
     testsupport::TempFolder m_folder;
+    EveryCatalogue m_every{Password};
     std::string m_keyStatement;
     std::vector<std::string> m_statementsByName;
 };

@@ -27,8 +27,12 @@ EngineDatabase::EngineDatabase(const std::string& path, const char* keyStatement
     Require(sqlite3_open_v2(path.c_str(), &m_database, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK,
             m_database);
     if (keyStatement != nullptr)
-        Require(sqlite3_exec(m_database, keyStatement, nullptr, nullptr, nullptr) == SQLITE_OK,
-                m_database);
+        Execute(keyStatement);
+}
+
+void EngineDatabase::Execute(const std::string& sql) const {
+    Require(sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK,
+            m_database);
 }
 
 EngineStatement::EngineStatement(const EngineDatabase& database, const std::string& sql) {

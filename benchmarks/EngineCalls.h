@@ -16,6 +16,9 @@ public:
 
     sqlite3* Get() const { return m_database; }
 
+    /// Runs statements. Throws where one fails.
+    void Execute(const std::string& sql) const;
+
 private:
     sqlite3* m_database = nullptr;
 };

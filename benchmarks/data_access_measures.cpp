@@ -122,6 +122,17 @@ Action CountRows(const Catalogues& catalogues) {
 std::vector<Measure> DataAccessMeasures() {
     using Files = const Catalogues&;
     return {
+        {"open the protected file and read a row",
+         [](Files files) -> Action {
+             return [&files] {
+                 terminateDAOEngine();
+                 Reopen(files.Protected());
+             };
+         },
+         [](Files files) -> Action {
+             return [&files] { ReopenEngine(files.Protected(), files.KeyStatement().c_str()); };
+         },
+         {.ratio = 1.5}},
         {"reopen the protected file and read a row",
          [](Files files) -> Action { return [&files] { Reopen(files.Protected()); }; },
          [](Files files) -> Action {

@@ -46,23 +46,12 @@ Action SummariseSection(const Catalogues& catalogues) {
     };
 }
 
-Action ListNames(const Catalogues& catalogues) {
-    const auto expected = static_cast<int>(catalogues.StatementsByName().size());
-    return [american = std::make_shared<American>(catalogues), expected] {
-        CStringList names;
-        (*american)->GetSectionNameList(WShape, &names, nullptr, 1, 0);
-        if (names.GetCount() != expected)
-            throw std::runtime_error("the names were not listed");
-    };
-}
-
 } // namespace
 
 std::vector<Measure> LibraryMeasures() {
     return {
         {"convert a compound unit", ConvertUnit, nullptr, {.microseconds = 1.0}},
         {"summarise a section in mm and kN", SummariseSection, nullptr, {}},
-        {"list the names of all W shapes", ListNames, nullptr, {}},
     };
 }
 

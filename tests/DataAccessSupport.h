@@ -94,6 +94,10 @@ inline void CreateCatalogue(const std::string& path, int count = 5, const char* 
     }
 }
 
+/// Lets the files made so far grow older than the grain of their time stamps; a connection rests
+/// only where a later change of its file is sure to show.
+inline void LetSettle() { ::usleep(40'000); }
+
 /// The rows of a statement that must succeed.
 struct Rows : RecordsetHandle {
     Rows(DatabaseHandle& db, const char* sql, int type = 2) {
@@ -112,7 +116,10 @@ protected:
         SectionLibraryState::m_nLastDaoError = 0;
         ::unsetenv("SECTIONDB_PASSWORD");
     }
-    ~DataAccessTest() override { SetMessageBoxHandler(nullptr); }
+    ~DataAccessTest() override {
+        StopHolder();
+        SetMessageBoxHandler(nullptr);
+    }
 
     int Open(DatabaseHandle& db, const std::string& path, const char* connect = "",
              int readOnly = 0, int exclusive = 0) {
@@ -125,7 +132,32 @@ protected:
         return std::string(rows->GetFieldValue(column).strVal.View());
     }
 
+    /// A child that runs `hold`, and then keeps what it holds until StopHolder.
+    template <class Body>
+    void StartHolder(Body hold) {
+        int ready[2];
+        ASSERT_EQ(::pipe(ready), 0);
+        m_holder = StartChild([&] {
+            hold();
+            static_cast<void>(!::write(ready[1], "x", 1));
+            for (;;)
+                ::pause();
+            return 0;
+        });
+        ::close(ready[1]);
+        char answer = 0;
+        EXPECT_EQ(::read(ready[0], &answer, 1), 1) << "the child failed";
+        ::close(ready[0]);
+    }
+    void StopHolder() {
+        if (m_holder == 0)
+            return;
+        ::kill(m_holder, SIGKILL);
+        WaitForChild(std::exchange(m_holder, 0));
+    }
+
     TempFolder m_folder;
+    pid_t m_holder = 0;
 };
 
 /// Runs statements with the stock program of the database engine; its output, or nothing where the

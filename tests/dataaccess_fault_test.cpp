@@ -18,32 +18,7 @@ mode_t ModeOf(const std::string& path) {
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777 : 0;
 }
 
-class FaultTest : public DataAccessTest {
-protected:
-    /// A child that runs `hold`, and then keeps what it holds until StopHolder.
-    template <class Body>
-    void StartHolder(Body hold) {
-        int ready[2];
-        ASSERT_EQ(::pipe(ready), 0);
-        m_holder = StartChild([&] {
-            hold();
-            static_cast<void>(!::write(ready[1], "x", 1));
-            for (;;)
-                ::pause();
-            return 0;
-        });
-        ::close(ready[1]);
-        char answer = 0;
-        EXPECT_EQ(::read(ready[0], &answer, 1), 1) << "the child failed";
-        ::close(ready[0]);
-    }
-    void StopHolder() const {
-        ::kill(m_holder, SIGKILL);
-        WaitForChild(m_holder);
-    }
-
-    pid_t m_holder = 0;
-};
+class FaultTest : public DataAccessTest {};
 
 TEST_F(FaultTest, BadFilesAndPasswordsAreRefusedAndLeftAlone) {
     const auto file = [&](const char* name) { return m_folder.File(name); };

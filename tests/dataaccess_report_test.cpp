@@ -342,11 +342,13 @@ TEST_F(ReportTest, FailingAllocationsLeaveNothingBehind) {
     const std::string before = ReadFile(m_path);
     shownBoxes.reserve(16); // its memory counts as living
     int result = 0;
-    CString path;
-    const auto use = [&] {
+    std::vector<CString> paths;
+    const auto refill = [&] { paths.assign(2, CString(m_path)); };
+    LetSettle();
+    const auto useOnce = [&](CString file) {
         DatabaseHandle db;
         RecordsetHandle rows;
-        result = openDatabase(db.Address(), std::move(path), 1, 0, 0, Password, nullptr);
+        result = openDatabase(db.Address(), std::move(file), 1, 0, 0, Password, nullptr);
         if (result == 1)
             result = openRecordset(db.Address(), rows.Address(),
                                    "Select * From Shape WHERE Name >= 'a' OR ID = 3", 2, 0);
@@ -356,17 +358,24 @@ TEST_F(ReportTest, FailingAllocationsLeaveNothingBehind) {
                          ? 1
                          : 0;
     };
+    const auto use = [&] {
+        useOnce(std::move(paths[0]));
+        if (result == 1)
+            useOnce(std::move(paths[1])); // the connection that rests meanwhile
+        terminateDAOEngine();
+    };
     for (const bool onwards : {false, true}) {
         SectionLibraryState::SetExceptionType(0);
-        path = CString(m_path);
+        refill();
         use(); // what the layer keeps is made now
+        paths = std::vector<CString>();
         const long livingBefore = living;
-        path = CString(m_path);
+        refill();
         long n = 1;
-        for (; FailAllocation(n, onwards, use); path = CString(m_path)) {
+        for (; FailAllocation(n, onwards, use); refill()) {
             // A failure while closing is reported too, but the result stands.
             EXPECT_TRUE(SectionLibraryState::GetExceptionType() == 1 || result == 1) << n;
-            path = {};
+            paths = std::vector<CString>();
             shownBoxes = {};
             ASSERT_EQ(living, livingBefore) << "allocation " << n;
             SectionLibraryState::SetExceptionType(0);

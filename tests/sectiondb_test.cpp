@@ -1,41 +1,22 @@
 // The program, run as a person runs it, on the American catalogue.
-#include "TestSupport.h"
+#include "ProgramSupport.h"
 #include "dbSectionInterface.h"
 
 #include <gtest/gtest.h>
 
-#include <array>
 #include <cmath>
-#include <cstdio>
 #include <memory>
 #include <regex>
 
 namespace {
 
+using testsupport::Outcome;
+using testsupport::Program;
+using testsupport::Quote;
 using testsupport::ReadFile;
+using testsupport::Shell;
 using testsupport::TempFolder;
 using testsupport::WriteFile;
-
-struct Outcome {
-    int status;
-    std::string output; ///< stdout and stderr
-};
-
-Outcome Shell(const std::string& command) {
-    FILE* pipe = ::popen((command + " 2>&1").c_str(), "r");
-    Outcome outcome{-1, ""};
-    std::array<char, 4096> buffer{};
-    for (std::size_t count = 0; (count = std::fread(buffer.data(), 1, buffer.size(), pipe)) > 0;)
-        outcome.output.append(buffer.data(), count);
-    outcome.status = WEXITSTATUS(::pclose(pipe));
-    return outcome;
-}
-
-std::string Quote(const std::string& text) { return "'" + text + "'"; }
-
-Outcome Program(const std::string& arguments) {
-    return Shell(Quote(SECTIONDB_PROGRAM) + " " + arguments);
-}
 
 const std::string American = Quote(SECTIONDB_DATA_DIR "/AISCSections");
 

@@ -1,5 +1,6 @@
 // The text sources of catalogues: reading them, refusing faulty ones, and the geometry behind it.
 #include "TestSupport.h"
+#include "interface/SectionDBInterface.h"
 #include "sectiondb/CatalogueSource.h"
 #include "sectiondb/CsvTable.h"
 #include "sectiondb/Geometry.h"
@@ -7,18 +8,21 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <numbers>
 
 using namespace dbsection;
 
 namespace {
 
-/// A folder with a small catalogue that is in order, of which a test spoils one file.
+/// The sources of a catalogue with two pipes that are in order, of which a test spoils one file.
 class Sources {
 public:
     Sources() {
-        Write("_catalogue.csv", "Key,Value\nTitle,Pipes\nStandard,ASME B36.10M\nSource,a note\n");
-        Write("_tables.csv", "Table,Layout,Geometry,Parameters\nPipe,round tube,round tube,\n");
+        std::filesystem::create_directory(Path());
+        Write("_catalogue.csv", "Key,Value\nTitle,Pipes\nStandard,ASME B36.10M\nSource,a note\n"
+                                "Units,metric\n");
+        Write("_tables.csv", "Table,Geometry,Parameters\nPipe,round tube,\n");
         Write("_tolerances.csv", "Table,Column,Percent\nPipe,AX,1\n");
         Write("_exceptions.csv", "Table,Name,Column,Reason\n");
         Write("Pipe.csv", "Name,VessaName,OD,T,AX\n"
@@ -28,19 +32,21 @@ public:
     }
 
     void Write(const std::string& file, const std::string& text) const {
-        testsupport::WriteFile(m_folder.File(file), text);
+        testsupport::WriteFile(Path(file), text);
     }
 
-    std::string Path(const std::string& file) const { return m_folder.File(file); }
+    std::string Path(const std::string& file = "") const {
+        return m_folder.File("VenezuelanSections/") + file;
+    }
 
-    CatalogueSource Load() const { return CatalogueSource::Load(m_folder.Path()); }
+    CatalogueSource Load() const { return CatalogueSource::Load(Path()); }
 
     /// The first fault, without the folder's path.
     std::string Fault() const {
         try {
             Load();
         } catch (const SourceError& error) {
-            return std::string(error.what()).substr(m_folder.Path().size() + 1);
+            return std::string(error.what()).substr(Path().size());
         }
         return "";
     }
@@ -74,7 +80,7 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
         const char* fault; ///< the message begins with it
     };
     const std::string pipe = PipeHeader;
-    const std::string tables = "Table,Layout,Geometry,Parameters\n";
+    const std::string tables = "Table,Geometry,Parameters\n";
     const Case cases[] = {
         // the text
         {"Pipe.csv", "", "Pipe.csv: the file is empty"},
@@ -115,17 +121,18 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
          "Pipe.csv:3: column AX: \"29.3\": 3.50 % too large, 1.00 % is allowed; the section's "
          "geometry gives 28.274"},
         {"Pipe.csv", pipe + "P,P,100,50,28.3\n", "Pipe.csv:3: the wall (T) fills the whole"},
-        {"_tables.csv", tables + "Pipe,round tube,,\n", "Pipe.csv:1: column I: the column is miss"},
-        {"_tables.csv", tables + "Pipe,round pipe,,\n",
-         "_tables.csv:2: column Layout: \"round pipe\": no layout has this name"},
-        {"_tables.csv", tables + "Pipe,round tube,rolled I,\n",
-         "_tables.csv:2: column Geometry: \"rolled I\": not a geometry of this layout"},
-        {"_tables.csv", tables + "Pipe,round tube,round tube,outside=2\n",
+        {"_tables.csv", tables + "Pipe,,\n", "_tables.csv:2: column Geometry: the field is empty"},
+        {"_tables.csv", tables + "Pipe,round pipe,\n",
+         "_tables.csv:2: column Geometry: \"round pipe\": no geometry has this name"},
+        {"_tables.csv", tables + "Pipe,rolled I,\n",
+         "_tables.csv:2: column Geometry: \"rolled I\": not a geometry of the layout \"round tube"},
+        {"_tables.csv", tables + "Pipe,round tube,outside=2\n",
          R"(_tables.csv:2: column Parameters: "outside=2": "outside=2" is not a parameter)"},
-        {"_tables.csv", tables + "Pipe,round tube,round tube,\nPIPE,round tube,round tube,\n",
-         "_tables.csv:3: column Table: \"PIPE\": the table is named twice"},
-        {"_tables.csv", tables + "Tube,round tube,round tube,\n",
-         "Tube.csv: the file cannot be read"},
+        {"_tables.csv", tables + "Pipe,round tube,\nPipe,round tube,\n",
+         "_tables.csv:3: column Table: \"Pipe\": the table is named twice"},
+        {"_tables.csv", tables + "W Shape,rolled I,\n",
+         "_tables.csv:2: column Table: \"W Shape\": the catalogue has no table of this name"},
+        {"_tables.csv", tables + "Tube,rectangular tube,\n", "Tube.csv: the file cannot be read"},
         {"Old.csv", pipe, "Old.csv: _tables.csv does not name this table"},
         // rules
         {"_tolerances.csv", "Table,Column,Percent\n",
@@ -141,6 +148,8 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
         // title
         {"_catalogue.csv", "Key,Value\nTitle,Pipes\n", "_catalogue.csv: the key Source is missing"},
         {"_catalogue.csv", "Key,Value\nEdition,1\n", "_catalogue.csv:2: column Key: \"Edition\""},
+        {"_catalogue.csv", "Key,Value\nTitle,a\nStandard,b\nSource,c\nUnits,SI\n",
+         "_catalogue.csv: \"SI\" is no system of units; give metric or US"},
     };
     for (const Case& bad : cases) {
         const Sources sources;
@@ -155,11 +164,14 @@ TEST(CatalogueSource, ComputesWhatIsLeftOutInTheUnitsOfTheTable) {
     EXPECT_EQ(source.title, "Pipes");
     EXPECT_EQ(source.standard, "ASME B36.10M");
     EXPECT_EQ(source.sourceNote, "a note");
-    ASSERT_EQ(source.tables.size(), 1U);
-    const SourceTable& pipes = source.tables[0];
-    const std::vector<std::string> units{"NUMBER", "TEXT", "TEXT", "MM",
-                                         "MM",     "CM^2", "CM^4", "CM^3"};
-    EXPECT_EQ(pipes.units, units);
+    ASSERT_EQ(source.tables.size(), 5U); // all of the catalogue
+    const SourceTable& pipes = source.tables[4];
+    EXPECT_EQ(pipes.name, "Pipe");
+    std::vector<std::string> units;
+    for (const SourceColumn& column : pipes.columns)
+        units.push_back(column.unit);
+    EXPECT_EQ(units, (std::vector<std::string>{"NUMBER", "TEXT", "TEXT", "MM", "MM", "CM^2", "CM^4",
+                                               "CM^3"}));
     ASSERT_EQ(pipes.rows.size(), 2U);
     EXPECT_EQ(pipes.rows[0].vessaName, "PIP100");
     const std::vector<SourceValue> values{100.0, 10.0, 28.3, 289.81, 81.333};
@@ -168,35 +180,31 @@ TEST(CatalogueSource, ComputesWhatIsLeftOutInTheUnitsOfTheTable) {
 
 TEST(CatalogueSource, TakesParametersFromTheCatalogueOrFromEachSection) {
     const Sources sources;
-    const std::string tables = "Table,Layout,Geometry,Parameters\nBox,rectangular tube,";
-    sources.Write("_tolerances.csv", "Table,Column,Percent\nBox,AX,0.1\n");
+    const std::string tables = "Table,Geometry,Parameters\nTube,";
+    sources.Write("_tolerances.csv", "Table,Column,Percent\nTube,AX,0.1\n");
     std::filesystem::remove(sources.Path("Pipe.csv"));
     sources.Write("_tables.csv", tables + "rectangular tube,outside=1.5\n");
     const std::string header = "Name,VessaName,D,B,T,AX,inside\nTEXT,TEXT,MM,MM,MM,CM^2,";
-    sources.Write("Box.csv", header + "NUMBER\nB,B,100,100,10,34.9,1\n"); // EN 10210
+    sources.Write("Tube.csv", header + "NUMBER\nB,B,100,100,10,34.9,1\n"); // EN 10210
     EXPECT_EQ(sources.Fault(), "");
     const std::string hash = sources.Load().sourceHash;
     EXPECT_EQ(hash.size(), 64U);
 
-    sources.Write("Box.csv", header + "NUMBER\nB,B,100,100,10,34.9,0\n");
-    EXPECT_TRUE(sources.Fault().starts_with("Box.csv:3: column AX: \"34.9\": ")) << sources.Fault();
-    sources.Write("Box.csv", header + "MM\n");
+    sources.Write("Tube.csv", header + "NUMBER\nB,B,100,100,10,34.9,0\n");
+    EXPECT_TRUE(sources.Fault().starts_with("Tube.csv:3: column AX: \"34.9\": "))
+        << sources.Fault();
+    sources.Write("Tube.csv", header + "MM\n");
     EXPECT_EQ(sources.Fault(),
-              "Box.csv:2: column inside: \"MM\": the unit of this column is NUMBER");
-    sources.Write("Box.csv", header + "NUMBER\r\nB,B,100,100,10,34.9,1\n");
+              "Tube.csv:2: column inside: \"MM\": the unit of this column is NUMBER");
+    sources.Write("Tube.csv", header + "NUMBER\r\nB,B,100,100,10,34.9,1\n");
     EXPECT_NE(sources.Load().sourceHash, hash) << "every byte counts";
-    const char* const fault =
-        "Box.csv:1: column inside: the geometry needs this parameter either here or in _tables.csv";
+    const char* const fault = "Tube.csv:1: column inside: the geometry needs this parameter either "
+                              "here or in _tables.csv";
     sources.Write("_tables.csv", tables + "rectangular tube,outside=1.5 inside=1\n");
     EXPECT_EQ(sources.Fault(), fault);
-    sources.Write("Box.csv", "Name,VessaName,D,B,T\nTEXT,TEXT,MM,MM,MM\n");
+    sources.Write("Tube.csv", "Name,VessaName,D,B,T\nTEXT,TEXT,MM,MM,MM\n");
     sources.Write("_tables.csv", tables + "rectangular tube,outside=1.5\n");
     EXPECT_EQ(sources.Fault(), fault);
-    sources.Write("_tables.csv", tables + ",\n");
-    sources.Write("Box.csv", "Name,VessaName,AX,D,B,T,IZ,IX,IY,ZZ,ZY\nTEXT,TEXT,CM^2,MM,MM,MM,CM^4,"
-                             "CM^4,CM^4,CM^3,CM^3\nB,B,34.9,100,100,10,462,761,462,116,116\n");
-    EXPECT_EQ(sources.Fault(),
-              "Box.csv:3: _tables.csv names no geometry to check this section with");
 }
 
 TEST(Outline, AgreesWithClosedFormulas) {
@@ -261,6 +269,37 @@ TEST(Geometry, GivesPublishedFiguresOfOtherStandards) {
           {"RV", 19.5},
           {"ALPHA", 45}},
          0.5},
+        {"IPN 300, EN 10024: the flange is measured at a quarter of its width",
+         "tapered I",
+         {{"D", 300}, {"BF", 125}, {"TF", 16.2}, {"TW", 10.8}},
+         {{"radius", 10.8}, {"toe", 0.6}, {"slope", 0.14}, {"place", 31.25}},
+         {{"AX", 6900}, {"IZ", 9800e4}, {"IY", 451e4}, {"ZZ", 762e3}, {"ZY", 121e3}},
+         0.7},
+        {"UPN 350, DIN 1026-1: at half of the outstand",
+         "tapered channel",
+         {{"D", 350}, {"BF", 100}, {"TF", 16}, {"TW", 14}},
+         {{"radius", 16}, {"toe", 0.5}, {"slope", 0.05}, {"place", 43}},
+         {{"AX", 7730}, {"IZ", 12840e4}, {"IY", 570e4}, {"CZ", 24}},
+         0.4},
+        {"L 200x150x18, EN 10056-1",
+         "angle",
+         {{"D", 200}, {"B", 150}, {"T", 18}},
+         {{"radius", 15}, {"toe", 0.5}},
+         {{"AX", 6010},
+          {"IZ", 2380e4},
+          {"IY", 1150e4},
+          {"IX", 67.9e4},
+          {"RV", 32.2},
+          {"CY", 63.3},
+          {"CZ", 38.5},
+          {"ALPHA", 28.77}},
+         0.6},
+        {"SHS 100x100x10, EN 10210-2",
+         "European tube",
+         {{"D", 100}, {"B", 100}, {"T", 10}},
+         {{"outside", 1.5}, {"inside", 1}},
+         {{"AX", 3490}, {"IX", 761e4}},
+         0.2},
         {"SHS 100x100x10, EN 10210-2",
          "rectangular tube",
          {{"D", 100}, {"B", 100}, {"T", 10}},
@@ -279,25 +318,72 @@ TEST(AmericanSources, AreWholeAndRefuseAWrongDigit) {
     const std::filesystem::path data = std::filesystem::path(SECTIONDB_DATA_DIR) / "AISCSections";
     const CatalogueSource source = CatalogueSource::Load(data);
     EXPECT_EQ(source.stem, "AISCSections");
-    EXPECT_EQ(source.tables.size(), 18U);
     std::size_t rows = 0;
     for (const SourceTable& table : source.tables)
         rows += table.rows.size();
     EXPECT_GE(rows, 1200U);
 
-    const testsupport::TempFolder copy;
-    std::filesystem::copy(data, copy.Path());
-    std::string shapes = testsupport::ReadFile(copy.File("W Shape.csv"));
+    const testsupport::TempFolder folder;
+    const std::string copy = folder.File("AISCSections/");
+    std::filesystem::copy(data, copy);
+    std::string shapes = testsupport::ReadFile(copy + "W Shape.csv");
     const std::size_t inertia = shapes.find(",38700,");
     ASSERT_NE(inertia, std::string::npos);
     shapes[inertia + 2] = '7'; // 37700
-    testsupport::WriteFile(copy.File("W Shape.csv"), shapes);
+    testsupport::WriteFile(copy + "W Shape.csv", shapes);
     try {
-        CatalogueSource::Load(copy.Path());
+        CatalogueSource::Load(copy);
         FAIL() << "a wrong digit was accepted";
     } catch (const SourceError& error) {
         EXPECT_NE(std::string(error.what()).find("W Shape.csv:3: column IZ: \"37700\": 2."),
                   std::string::npos)
             << error.what();
     }
+}
+
+TEST(AllSources, BuildEveryCatalogue) {
+    int sections = 0;
+    for (int index = 1; index <= LastCatalogueIndex; ++index) {
+        const std::string stem = SectionDBInterface::m_saSectionFile[index];
+        SCOPED_TRACE(stem);
+        const auto source = CatalogueSource::Load(std::filesystem::path(SECTIONDB_DATA_DIR) / stem);
+        const auto& catalogue = dynamic_cast<const CatalogueSectionDB&>(
+            *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
+        for (const SourceTable& table : source.tables)
+            sections += static_cast<int>(table.rows.size());
+        for (const SectionFamily& family : catalogue.Families()) {
+            const auto table =
+                std::ranges::find(source.tables, std::string(family.table), &SourceTable::name);
+            ASSERT_NE(table, source.tables.end()) << family.table;
+            if (family.layout == LayoutId::Joist || family.layout == LayoutId::JoistGirder)
+                continue; // columns of their own
+            const auto columns = GetSectionLayout(family.layout).columns;
+            ASSERT_EQ(table->columns.size(), columns.size() + BookkeepingColumns);
+            for (std::size_t i = 0; i < columns.size(); ++i)
+                EXPECT_EQ(
+                    UnitFault(table->columns[i + BookkeepingColumns].unit, columns[i].quantity), "")
+                    << family.table << ", " << columns[i].name;
+        }
+    }
+    EXPECT_GT(sections, 4000);
+
+    const testsupport::TempFolder elsewhere;
+    try {
+        CatalogueSource::Load(elsewhere.Path());
+        FAIL() << "a folder of no catalogue was accepted";
+    } catch (const SourceError& error) {
+        EXPECT_NE(std::string(error.what()).find("file stem of a catalogue"), std::string::npos);
+    }
+}
+
+TEST(AllSources, NameTheColumnsThatTheStatementsUse) {
+    const auto load = [](const char* stem) {
+        return CatalogueSource::Load(std::filesystem::path(SECTIONDB_DATA_DIR) / stem);
+    };
+    const CatalogueSource coldFormed = load("USColdFormedSections");
+    for (const SourceTable& table : coldFormed.tables)
+        EXPECT_EQ(table.columns[3].name, table.name == "Pipe" ? "OD" : "Area");
+    const CatalogueSource joists = load("AISCSteelJoists");
+    EXPECT_EQ(joists.tables.size(), 6U);
+    EXPECT_EQ(joists.tables[0].columns[1].name, "Designation");
 }

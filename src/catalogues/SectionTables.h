@@ -13,14 +13,9 @@ void ForEachSectionTable(CSectionDatabase* database, Visit visit) {
     if (database == nullptr)
         return;
     Guarded({"getTableInfo()", "Failed to get information on table."}, [&] {
-        CSectionTableDefInfo info;
-        const int count = database->GetTableDefCount();
-        for (int index = 0; index < count; ++index) {
-            database->GetTableDefInfo(index, info, PrimaryInformation);
-            const CString& table = info.m_strName;
-            if (info.IsUserTable() && table != "Field Units" && table != "DBInfo" && visit(table))
+        for (const CString& table : database->GetUserTableNames())
+            if (table != "Field Units" && table != "DBInfo" && visit(table))
                 break;
-        }
         return 1;
     });
 }

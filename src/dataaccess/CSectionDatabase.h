@@ -15,7 +15,8 @@
 
 namespace dbsection {
 class Connection;
-}
+class Session;
+} // namespace dbsection
 
 /// Groups databases for transactions: what is written between BeginTrans and CommitTrans to the
 /// databases that were open in the workspace at BeginTrans appears at once, file by file, or not at
@@ -29,8 +30,8 @@ public:
 private:
     friend class CSectionDatabase;
 
-    std::vector<std::weak_ptr<dbsection::Connection>> m_connections;
-    std::vector<std::shared_ptr<dbsection::Connection>> m_inTransaction;
+    std::vector<std::weak_ptr<dbsection::Session>> m_sessions;
+    std::vector<std::shared_ptr<dbsection::Session>> m_inTransaction;
 };
 
 class DBSECTION_API CSectionDatabase {
@@ -63,15 +64,19 @@ public:
                          unsigned long level = PrimaryInformation) const;
     void DeleteTableDef(const char* name);
 
+    /// The names of the user tables, neither system tables nor hidden ones, in table order: in one
+    /// look at the file.
+    std::vector<CString> GetUserTableNames() const;
+
 private:
     friend class CSectionTableDef;
     friend class CSectionRecordset;
 
     dbsection::Connection& OpenConnection() const;
-    void Join();
+    void Begin(std::unique_ptr<dbsection::Connection> connection, const char* path);
 
     CSectionWorkspace* m_workspace;
-    std::shared_ptr<dbsection::Connection> m_connection;
+    std::shared_ptr<dbsection::Session> m_session;
     CString m_name;
 };
 

@@ -69,8 +69,8 @@ public:
     void DeleteField(const char* name);
 
     /// Adds an index. `columns` is a list of column names or expressions in the engine's SQL, for
-    /// example "[AX]" or "UPPER([VessaName])".
-    void CreateIndex(const char* name, const char* columns);
+    /// example "[AX]" or "UPPER([VessaName])". A unique one refuses rows that are alike in them.
+    void CreateIndex(const char* name, const char* columns, bool isUnique = false);
 
     int GetFieldCount() const;
     void GetFieldInfo(int index, CSectionFieldInfo& field,

@@ -32,7 +32,8 @@ DBSECTION_API int openDatabase(CSectionDatabase** db, CString fileName, int repo
                                CSectionWorkspace* workspace);
 
 /// Closes the file and gives it back the attributes that it had when it was opened. The object goes
-/// too when `destroy` is 1.
+/// too when `destroy` is 1. The engine's connection is kept without any lock, so that opening the
+/// unchanged file again is quick.
 DBSECTION_API void closeDatabase(CSectionDatabase** db, int destroy);
 
 DBSECTION_API void destroyDatabase(CSectionDatabase** db);
@@ -42,7 +43,7 @@ DBSECTION_API void destroyDatabase(CSectionDatabase** db);
 /// whole process.
 DBSECTION_API void modifyFileReadOnlyAttribute(const char* fileName, int mode);
 
-/// Does nothing; for callers that shut the engine down explicitly.
+/// Ends the connections that closeDatabase has kept.
 DBSECTION_API void terminateDAOEngine();
 
 /// Begins a table, which is part of the database after appendTableDef.

@@ -2,6 +2,7 @@
 
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
+#include "dataaccess/sqlite/ConnectionPool.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 
@@ -124,7 +125,7 @@ void modifyFileReadOnlyAttribute(const char* fileName, int mode) {
     });
 }
 
-void terminateDAOEngine() {}
+void terminateDAOEngine() { dbsection::ConnectionPool::Clear(); }
 
 CString getTableFromRecord(const char* fileName, const char* where, const char* connect) {
     CString found;

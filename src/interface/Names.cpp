@@ -62,16 +62,18 @@ int SearchAllCatalogues(NameColumn column, const char* name, CUIntArray& catalog
     return catalogues.IsEmpty() || sectionTypes.IsEmpty() ? 0 : 1;
 }
 
-/// Calls `appendName` with the section's other name for each section type that is appended.
-template <class AppendName>
+/// `otherNames`, where given, receives the first row's other name for each row.
 int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
-                       AppendName appendName) {
-    const NameColumn other = column == VessaName ? PublicName : VessaName;
+                       CStringArray* otherNames = nullptr) {
     const auto append = [&](int type, int count, const CSectionRecordset& rows) {
-        const CString otherName = CCrack::strVARIANT(rows.GetFieldValue(other));
+        CString otherName;
+        if (otherNames != nullptr)
+            otherName = CCrack::strVARIANT(
+                rows.GetFieldValue(column == VessaName ? PublicName : VessaName));
         for (int i = 0; i < count; ++i) {
             sectionTypes.Add(static_cast<unsigned int>(type));
-            appendName(otherName);
+            if (otherNames != nullptr)
+                otherNames->Add(otherName);
         }
     };
     if (!IsSearchable(name) || !SearchCatalogue(index, column, name, append))
@@ -79,20 +81,12 @@ int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArra
     return sectionTypes.IsEmpty() ? 0 : 1;
 }
 
-int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes) {
-    return SearchOneCatalogue(index, column, name, sectionTypes, [](const CString&) {});
-}
-
-int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
-                       CStringArray& otherNames) {
-    return SearchOneCatalogue(index, column, name, sectionTypes,
-                              [&](const CString& otherName) { otherNames.Add(otherName); });
-}
-
 int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
                        std::vector<CString>& otherNames) {
-    return SearchOneCatalogue(index, column, name, sectionTypes,
-                              [&](const CString& otherName) { otherNames.push_back(otherName); });
+    CStringArray found;
+    const int result = SearchOneCatalogue(index, column, name, sectionTypes, &found);
+    otherNames.insert(otherNames.end(), found.begin(), found.end());
+    return result;
 }
 
 } // namespace
@@ -122,7 +116,7 @@ int SectionDBInterface::GetSectionTypeFromPublicName(int index, const char* name
 int SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
                                                                  CUIntArray& sectionTypes,
                                                                  CStringArray& vessaNames) {
-    return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, vessaNames);
+    return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, &vessaNames);
 }
 
 int SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
@@ -134,7 +128,7 @@ int SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName(int index, cons
 int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(int index, const char* vessaName,
                                                                  CUIntArray& sectionTypes,
                                                                  CStringArray& publicNames) {
-    return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, publicNames);
+    return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, &publicNames);
 }
 
 int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(

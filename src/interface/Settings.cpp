@@ -110,7 +110,7 @@ void SectionDBInterface::InitialiseDBIFile() {
         }
     }
     const CString file = GetDBIFileName();
-    if (!IsRegularFile(file))
-        dbsection::ReplaceFile(file, "");
     WritePrivateProfileEntries(entries, file);
+    if (!IsRegularFile(file)) // without a catalogue there is nothing to write
+        dbsection::ReplaceFile(file, "");
 }

@@ -2,6 +2,7 @@
 
 #include "platform/FileDescriptor.h"
 #include "platform/FileSystem.h"
+#include "platform/FileVersion.h"
 #include "platform/ProfileText.h"
 #include "platform/Text.h"
 
@@ -17,33 +18,13 @@
 
 namespace {
 
+using dbsection::FileVersion;
 using dbsection::ProfileIndex;
-using std::chrono::nanoseconds;
 
 constexpr std::size_t MaxFileSize = std::size_t{16} << 20;
 constexpr std::size_t MaxKeptFiles = 16;
 
-/// Two changes within this time may carry the same time stamp.
-constexpr nanoseconds ClockGrain = std::chrono::milliseconds(20);
-
 int lastError = 0;
-
-/// Tells one state of a file from another.
-struct FileVersion {
-    explicit FileVersion(const struct stat& status)
-        : device(status.st_dev),
-          inode(status.st_ino),
-          size(status.st_size),
-          modified(std::chrono::seconds(status.st_mtim.tv_sec) +
-                   nanoseconds(status.st_mtim.tv_nsec)) {}
-
-    bool operator==(const FileVersion&) const = default;
-
-    dev_t device;
-    ino_t inode;
-    off_t size;
-    nanoseconds modified;
-};
 
 struct KeptFile {
     KeptFile(const FileVersion& fileVersion, bool isTrusted, std::string text)
@@ -93,7 +74,7 @@ const ProfileIndex* Load(const char* file) {
     if (lastError != 0)
         return nullptr;
 
-    const nanoseconds now = std::chrono::system_clock::now().time_since_epoch();
+    const auto now = std::chrono::system_clock::now();
     std::string text;
     lastError = ReadText(path, text, status);
     if (lastError != 0)
@@ -101,8 +82,8 @@ const ProfileIndex* Load(const char* file) {
     if (keptFiles.size() == MaxKeptFiles)
         keptFiles.clear();
     const FileVersion version(status);
-    const bool trusted = std::chrono::abs(now - version.modified) > ClockGrain;
-    return &keptFiles.try_emplace(path, version, trusted, std::move(text)).first->second.index;
+    return &keptFiles.try_emplace(path, version, version.IsSettled(now), std::move(text))
+                .first->second.index;
 }
 
 std::optional<std::string_view> Find(const char* section, const char* key, const char* file) {

@@ -24,7 +24,7 @@ void BuildOne(const std::filesystem::path& folder, const BuildOptions& options) 
         Progress progress(source.stem, rows);
         BuildCatalogue(source, path, options.password, [&] { progress.Advance(); });
     }
-    fmt::print("{}: {} families, {} sections{}\n", path.string(), source.tables.size(), rows,
+    fmt::print("{}: {} tables, {} sections{}\n", path.string(), source.tables.size(), rows,
                options.password.empty() ? "" : ", protected");
 }
 

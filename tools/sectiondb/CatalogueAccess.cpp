@@ -34,7 +34,9 @@ std::string ReasonNotToOpen(const CString& path) {
     }
 }
 
-void CheckLayoutVersion(const CString& path) {
+} // namespace
+
+std::string TitleOf(const CString& path) {
     CString title;
     CString standard;
     CString source;
@@ -48,9 +50,8 @@ void CheckLayoutVersion(const CString& path) {
         throw CommandError(fmt::format("{}: its layout version is {}, expected {}; build it again.",
                                        NativePath(path.View()), version.View(),
                                        CatalogueLayoutVersion));
+    return std::string(title.View());
 }
-
-} // namespace
 
 int FindCatalogue(const std::string& name) {
     for (int index = 1; index <= LastCatalogueIndex; ++index)
@@ -73,13 +74,23 @@ OpenCatalogue Open(int index) {
     CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
     if (database == nullptr)
         throw CommandError(ReasonNotToOpen(path));
-    CheckLayoutVersion(path);
+    TitleOf(path);
     auto* catalogue = dynamic_cast<CatalogueSectionDB*>(
         SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
     if (catalogue == nullptr)
         throw CommandError("Out of memory.");
     catalogue->SetDatabase(database);
     return {index, database, catalogue};
+}
+
+const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& name) {
+    std::string known;
+    for (const SectionFamily& family : open.catalogue->Families()) {
+        if (EqualNoCase(family.table, name))
+            return family;
+        known += (known.empty() ? "" : ", ") + std::string(family.table);
+    }
+    throw CommandError(fmt::format("There is no family \"{}\"; the families are {}.", name, known));
 }
 
 std::string ConnectText(const std::string& password) {

@@ -23,6 +23,16 @@ bool HasFile(int index);
 /// Opens a catalogue and checks its layout version. Throws CommandError.
 OpenCatalogue Open(int index);
 
+/// The title of a catalogue file, which is checked to be of this program's layout version. Throws
+/// CommandError.
+std::string TitleOf(const CString& path);
+
+/// The family of a catalogue that a person named. Throws CommandError, naming the families.
+const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& name);
+
+/// Prints the families of a catalogue with their numbers of sections.
+void ListFamilies(const OpenCatalogue& open);
+
 /// The connect text that carries a password. Throws CommandError where none can.
 std::string ConnectText(const std::string& password);
 

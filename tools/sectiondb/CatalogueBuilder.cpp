@@ -37,9 +37,12 @@ public:
 
     const std::filesystem::path& Path() const { return m_path; }
 
-    void Keep() {
+    void Keep(Existing existing) {
         std::error_code error;
-        std::filesystem::rename(m_path, m_target, error);
+        if (existing == Existing::Replace)
+            std::filesystem::rename(m_path, m_target, error);
+        else // unlike renaming, this fails where there is a file
+            std::filesystem::create_hard_link(m_path, m_target, error);
         if (error)
             throw CommandError(fmt::format("{}: the finished file cannot take this name: {}.",
                                            m_target.string(), error.message()));
@@ -66,7 +69,7 @@ public:
         m_database.Create(path.c_str(), ConnectText(password).c_str());
         m_workspace.BeginTrans();
         for (const SourceTable& table : m_source.tables)
-            WriteSectionTable(table);
+            WriteTable(table);
         WriteFieldUnits();
         WriteInformation();
         m_workspace.CommitTrans();
@@ -75,33 +78,25 @@ public:
 
 private:
     void CreateTable(const std::string& name, std::span<const CSectionFieldInfo> fields,
-                     std::span<const std::string> indexes = {}) {
+                     std::span<const SourceIndex> indexes = {}) {
         CSectionTableDef table(&m_database);
         table.Create(name.c_str());
         for (const CSectionFieldInfo& field : fields)
             table.CreateField(field);
         table.Append();
-        for (const std::string& columns : indexes)
-            table.CreateIndex(fmt::format("{} by {}", name, columns).c_str(), columns.c_str());
+        for (const auto& [columns, isUnique] : indexes)
+            table.CreateIndex(fmt::format("{} by {}", name, columns).c_str(), columns.c_str(),
+                              isUnique);
     }
 
-    void WriteSectionTable(const SourceTable& table) {
-        std::vector<CSectionFieldInfo> fields{
-            MakeField("RECNO", SectionField::Long, true),
-            MakeField("Name", SectionField::Text, true),
-            MakeField("VessaName", SectionField::Text, true),
-        };
-        fields.front().m_lAttributes = SectionField::AutoIncrement;
-        // What the fixed statements search and sort by.
-        std::vector<std::string> indexes{"UPPER([VessaName])", "[Name]"};
-        for (const LayoutColumn& column : table.layout->columns) {
-            const bool isText = column.quantity == Quantity::Text;
-            fields.push_back(
-                MakeField(column.name, isText ? SectionField::Text : SectionField::Double, true));
-            if (std::string_view(column.name) == "AX")
-                indexes.emplace_back("[AX]");
+    void WriteTable(const SourceTable& table) {
+        std::vector<CSectionFieldInfo> fields;
+        for (const SourceColumn& column : table.columns) {
+            fields.push_back(MakeField(column.name, column.type, true));
+            if (column.isIdentifier)
+                fields.back().m_lAttributes = SectionField::AutoIncrement;
         }
-        CreateTable(table.name, fields, indexes);
+        CreateTable(table.name, fields, table.indexes);
 
         CSectionRecordset rows(&m_database);
         rows.Open(CSectionRecordset::Table, table.name.c_str());
@@ -129,7 +124,7 @@ private:
     void WriteFieldUnits() {
         std::size_t columns = 0;
         for (const SourceTable& table : m_source.tables)
-            columns = std::max(columns, table.units.size());
+            columns = std::max(columns, table.columns.size());
         std::vector<CSectionFieldInfo> fields{MakeField("TableName", SectionField::Text, true)};
         fields.reserve(columns + 1);
         for (std::size_t i = 0; i < columns; ++i)
@@ -141,8 +136,8 @@ private:
         for (const SourceTable& table : m_source.tables) {
             rows.AddNew();
             rows.SetFieldValue(0, table.name.c_str());
-            for (std::size_t i = 0; i < table.units.size(); ++i)
-                rows.SetFieldValue(static_cast<int>(i) + 1, table.units[i].c_str());
+            for (std::size_t i = 0; i < table.columns.size(); ++i)
+                rows.SetFieldValue(static_cast<int>(i) + 1, table.columns[i].unit.c_str());
             rows.Update();
         }
     }
@@ -180,7 +175,8 @@ private:
 } // namespace
 
 void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& path,
-                    const std::string& password, const std::function<void()>& advance) {
+                    const std::string& password, const std::function<void()>& advance,
+                    Existing existing) {
     TemporaryFile file(path);
     try {
         CatalogueWriter(source, advance).Write(file.Path(), password);
@@ -189,7 +185,7 @@ void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& 
         e->Delete();
         throw CommandError(fmt::format("{}: not built: {}", path.string(), message.View()));
     }
-    file.Keep();
+    file.Keep(existing);
 }
 
 } // namespace dbsection

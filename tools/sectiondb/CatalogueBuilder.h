@@ -9,10 +9,13 @@
 
 namespace dbsection {
 
+/// What becomes of a file that has the name already.
+enum class Existing { Replace, Refuse };
+
 /// Writes `source` to `path`, protected when a password is given. The file appears under its name
-/// only when it is whole; an earlier one then gives way to it. `advance` is called after each
-/// section. Throws CommandError.
+/// only when it is whole. `advance` is called after each section. Throws CommandError.
 void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& path,
-                    const std::string& password, const std::function<void()>& advance);
+                    const std::string& password, const std::function<void()>& advance,
+                    Existing existing = Existing::Replace);
 
 } // namespace dbsection

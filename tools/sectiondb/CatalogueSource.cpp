@@ -1,6 +1,6 @@
 #include "sectiondb/CatalogueSource.h"
 
-#include "platform/Text.h"
+#include "interface/SectionDBInterface.h"
 #include "sectiondb/SourceTableReader.h"
 
 #include <algorithm>
@@ -58,6 +58,8 @@ class SourceFolder {
 public:
     explicit SourceFolder(std::filesystem::path path) : m_path(std::move(path)) {}
 
+    bool Has(const std::string& name) const { return std::filesystem::exists(m_path / name); }
+
     CsvTable Read(const std::string& name) {
         const std::string path = (m_path / name).string();
         std::ifstream file(path, std::ios::binary);
@@ -87,8 +89,11 @@ private:
 
 /// The value of each key, all of which must occur.
 void ReadTitles(const CsvTable& csv, CatalogueSource& source) {
-    std::map<std::string, std::string*> wanted{
-        {"Title", &source.title}, {"Standard", &source.standard}, {"Source", &source.sourceNote}};
+    std::string units;
+    std::map<std::string, std::string*> wanted{{"Title", &source.title},
+                                               {"Standard", &source.standard},
+                                               {"Source", &source.sourceNote},
+                                               {"Units", &units}};
     for (const CsvTable::Record& record : csv.Records()) {
         const auto place = wanted.find(csv.RequiredText(record, "Key"));
         if (place == wanted.end())
@@ -98,19 +103,33 @@ void ReadTitles(const CsvTable& csv, CatalogueSource& source) {
     }
     if (!wanted.empty())
         throw csv.LineError(0, "the key " + wanted.begin()->first + " is missing");
+    source.units = FindUnitSystem(units);
+    if (source.units == nullptr)
+        throw csv.LineError(0, "\"" + units + "\" is no system of units; give metric or US");
 }
 
-/// "slope=0 toe=0.4"
+/// The catalogue whose file has the stem; one with text sources is known by it.
+const CatalogueSectionDB& CatalogueOf(const std::string& stem, const std::string& path) {
+    SectionDBInterface::InitSectionDBInterface();
+    for (int index = 1; index <= LastCatalogueIndex; ++index)
+        if (SectionDBInterface::m_saSectionFile[index] == stem)
+            return dynamic_cast<const CatalogueSectionDB&>(
+                *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
+    throw SourceError({path, 0, "", ""}, "the folder must have the file stem of a catalogue, as "
+                                         "\"sectiondb list\" prints them");
+}
+
+/// "slope=0 toe=0.4"; lengths in mm.
 Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
-                       const GeometryModel* model) {
+                       const GeometryModel& model) {
     Figures parameters;
     std::istringstream words(csv.Text(record, "Parameters"));
     for (std::string word; words >> word;) {
         const std::size_t equals = std::min(word.find('='), word.size() - 1);
         const std::string name = word.substr(0, equals);
         const std::optional<double> value = ParseNumber(word.substr(equals + 1));
-        if (!value || model == nullptr ||
-            std::ranges::find(model->parameters, name) == model->parameters.end())
+        if (!value || std::ranges::find(model.parameters, name, &GeometryParameter::name) ==
+                          model.parameters.end())
             throw csv.Error(record, "Parameters",
                             "\"" + word + "\" is not a parameter of the geometry and its value");
         parameters[name] = *value;
@@ -118,19 +137,41 @@ Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
     return parameters;
 }
 
-TablePlan ReadPlan(const CsvTable& csv, const CsvTable::Record& record) {
-    TablePlan plan{csv.RequiredText(record, "Table"),
-                   FindSectionLayout(csv.Text(record, "Layout").c_str()),
-                   FindGeometryModel(csv.Text(record, "Geometry")),
+TablePlan ReadPlan(const CsvTable& csv, const CsvTable::Record& record,
+                   const CatalogueSectionDB& catalogue) {
+    const std::string table = csv.RequiredText(record, "Table");
+    const SectionFamily* family = catalogue.FindFamily(table.c_str());
+    if (family == nullptr)
+        throw csv.Error(record, "Table", "the catalogue has no table of this name");
+    TablePlan plan{table,
+                   &GetSectionLayout(family->layout),
+                   catalogue.AreaColumn(),
+                   FindGeometryModel(csv.RequiredText(record, "Geometry")),
                    {}};
-    if (plan.layout == nullptr)
-        throw csv.Error(record, "Layout", "no layout has this name");
-    if (plan.model == nullptr && !csv.Text(record, "Geometry").empty())
+    if (plan.model == nullptr)
         throw csv.Error(record, "Geometry", "no geometry has this name");
-    if (plan.model != nullptr && plan.model->layout != plan.layout->id)
-        throw csv.Error(record, "Geometry", "not a geometry of this layout");
-    plan.parameters = ReadParameters(csv, record, plan.model);
+    if (plan.model->layout != plan.layout->id)
+        throw csv.Error(record, "Geometry",
+                        std::string("not a geometry of the layout \"") + plan.layout->name + "\"");
+    plan.parameters = ReadParameters(csv, record, *plan.model);
     return plan;
+}
+
+/// Replaces the empty tables of those that have figures.
+void ReadTables(SourceFolder& texts, const CatalogueSectionDB& catalogue,
+                std::vector<SourceTable>& tables) {
+    const CsvTable plans = texts.Read("_tables.csv");
+    CsvTable tolerances = texts.Read("_tolerances.csv");
+    SourceRules rules(std::move(tolerances), texts.Read("_exceptions.csv"));
+    std::set<std::string> names;
+    for (const CsvTable::Record& record : plans.Records()) {
+        const TablePlan plan = ReadPlan(plans, record, catalogue);
+        if (!names.insert(plan.name).second)
+            throw plans.Error(record, "Table", "the table is named twice");
+        *std::ranges::find(tables, plan.name, &SourceTable::name) =
+            ReadSourceTable(plan, texts.Read(plan.name + ".csv"), rules);
+    }
+    rules.RequireAllUsed();
 }
 
 } // namespace
@@ -138,19 +179,12 @@ TablePlan ReadPlan(const CsvTable& csv, const CsvTable::Record& record) {
 CatalogueSource CatalogueSource::Load(const std::filesystem::path& folder) {
     CatalogueSource source;
     source.stem = (folder / "").parent_path().filename().string();
+    const CatalogueSectionDB& catalogue = CatalogueOf(source.stem, folder.string());
     SourceFolder texts(folder);
     ReadTitles(texts.Read("_catalogue.csv"), source);
-    const CsvTable plans = texts.Read("_tables.csv");
-    CsvTable tolerances = texts.Read("_tolerances.csv");
-    SourceRules rules(std::move(tolerances), texts.Read("_exceptions.csv"));
-    std::set<std::string> names;
-    for (const CsvTable::Record& record : plans.Records()) {
-        const TablePlan plan = ReadPlan(plans, record);
-        if (!names.insert(UpperCase(plan.name)).second)
-            throw plans.Error(record, "Table", "the table is named twice");
-        source.tables.push_back(ReadSourceTable(plan, texts.Read(plan.name + ".csv"), rules));
-    }
-    rules.RequireAllUsed();
+    source.tables = MakeEmptyTables(catalogue, *source.units);
+    if (texts.Has("_tables.csv"))
+        ReadTables(texts, catalogue, source.tables);
     texts.RequireAllRead();
     source.sourceHash = texts.Hash();
     return source;

@@ -33,8 +33,28 @@ struct ShowOptions {
     bool json = false;
 };
 
+struct UserOptions {
+    std::filesystem::path file;
+    std::string password;
+
+    // to create a file
+    bool isGeneric = false; ///< generic shapes instead of user tables
+    std::string units;      ///< "metric" or "US"
+
+    // to list, add and change sections
+    std::string family;
+    std::string name;
+    std::vector<std::string> values; ///< "COLUMN=VALUE"
+    std::string vessaName;           ///< empty: made from the name, or kept
+    std::string newName;             ///< empty: kept
+};
+
 void Build(const BuildOptions& options);
 void List(const ListOptions& options);
 void Show(const ShowOptions& options);
+void CreateUserFile(const UserOptions& options);
+void AddUserSection(const UserOptions& options);
+void UpdateUserSection(const UserOptions& options);
+void ListUserFile(const UserOptions& options);
 
 } // namespace dbsection

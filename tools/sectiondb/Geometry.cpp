@@ -22,6 +22,12 @@ void Require(bool possible, const char* otherwise) {
 
 double Value(const Figures& figures, std::string_view name) { return figures.find(name)->second; }
 
+/// A parameter that not every model of a shape has.
+double ValueOr(const Figures& parameters, std::string_view name, double otherwise) {
+    const auto place = parameters.find(name);
+    return place == parameters.end() ? otherwise : place->second;
+}
+
 /// Adds the corners' mirror images, in the order that closes the outline.
 Corners Mirrored(Corners corners, Point factor) {
     for (std::size_t i = corners.size(); i-- > 0;) {
@@ -36,24 +42,33 @@ Corners Rectangle(double width, double depth, double radius) {
     return Mirrored(right, {-1, 1});
 }
 
-/// Radius of the fillets that gives a rolled shape its published area, from 0 to the largest that
-/// the shape has room for. `shape` gives the outline with fillets of a radius; what fillets and
-/// rounded toes add to the area grows with the square of the radius.
+/// Radius of the fillets of a rolled shape: the parameter "radius", or the one that gives the shape
+/// its published area, from 0 to the largest that the shape has room for. `shape` gives the outline
+/// with fillets of a radius; what fillets and rounded toes add to the area grows with the square of
+/// the radius.
 template <class Shape>
-double FilletRadius(const Shape& shape, double area, double largest) {
+double FilletRadius(const Shape& shape, const Figures& section, const Figures& parameters,
+                    double largest) {
+    const double given = ValueOr(parameters, "radius", -1);
+    if (given >= 0) {
+        Require(given <= 2 * largest, "the fillets (radius) do not fit between web and flanges");
+        return given;
+    }
     const double sharp = Outline(shape(0)).Area();
     const double gain = Outline(shape(largest)).Area() - sharp;
-    return largest * std::sqrt(std::clamp((area - sharp) / gain, 0.0, 1.0));
+    return largest * std::sqrt(std::clamp((Value(section, "AX") - sharp) / gain, 0.0, 1.0));
 }
 
-/// Dimensions of I shapes and channels. A tapered flange has its thickness TF midway between web
-/// and tip; its toe is rounded with a fixed share of the fillet's radius.
+/// Dimensions of I shapes and channels. The thickness TF of a tapered flange is measured at
+/// "place", a distance from the tip, or midway between web and tip; its toe is rounded with a fixed
+/// share of the fillet's radius.
 struct FlangedShape {
     double depth;
     double width;
-    double flange;
+    double flange; ///< thickness midway between web and tip
     double web;
     double outstand;
+    double slope;
     double taper; ///< what the flange is thicker at the web, and thinner at the tip
     double toe;   ///< radius of the toes / radius of the fillets
 
@@ -63,8 +78,10 @@ struct FlangedShape {
           flange(Value(section, "TF")),
           web(Value(section, "TW")),
           outstand((width - web) / sides),
-          taper(Value(parameters, "slope") * outstand / 2),
-          toe(Value(parameters, "toe")) {
+          slope(ValueOr(parameters, "slope", 0)),
+          taper(slope * outstand / 2),
+          toe(ValueOr(parameters, "toe", 0)) {
+        flange -= slope * (ValueOr(parameters, "place", outstand / 2) - outstand / 2);
         Require(outstand > 0, "the web (TW) is not thinner than the flange is wide (BF)");
         Require(taper < flange, "the flange (TF) is too thin for its slope");
         Require(2 * (flange + taper) < depth, "the flanges (TF) fill the whole depth (D)");
@@ -95,12 +112,13 @@ struct FlangedShape {
 };
 
 /// Torsion constant of an I shape; its junctions are as thick as the flange at the web.
-double TorsionConstantI(const FlangedShape& shape, double slope, double radius) {
+double TorsionConstantI(const FlangedShape& shape, double radius) {
     const double junction = shape.flange + shape.taper;
     const double w = shape.web / junction;
     const double r = radius / junction;
     const double alpha = -0.042 + 0.2204 * w + 0.1355 * r - 0.0865 * w * r - 0.0725 * w * w;
-    const double center = junction + radius * (std::hypot(1, slope) - slope); // of the fillet
+    const double center =
+        junction + radius * (std::hypot(1, shape.slope) - shape.slope); // of the fillet
     const double circle =
         (std::pow(shape.web / 2 + radius, 2) + center * center - radius * radius) /
         (center + radius);
@@ -124,14 +142,14 @@ Figures IShape(const Figures& section, const Figures& parameters) {
     const auto shape = [&flanged](double radius) {
         return Mirrored(Mirrored(flanged.UpperFlange(flanged.web / 2, radius), {-1, 1}), {1, -1});
     };
-    const double radius = FilletRadius(shape, Value(section, "AX"), flanged.LargestFillet());
+    const double radius = FilletRadius(shape, section, parameters, flanged.LargestFillet());
     const Outline outline(shape(radius));
     const AxisProperties major = outline.MajorAxis();
     const AxisProperties minor = outline.MinorAxis();
     const double between = flanged.depth - flanged.flange;
     return {{"AX", outline.Area()},
             {"IZ", major.inertia},
-            {"IX", TorsionConstantI(flanged, Value(parameters, "slope"), radius)},
+            {"IX", TorsionConstantI(flanged, radius)},
             {"CW", minor.inertia * between * between / 4},
             {"IY", minor.inertia},
             {"ZZ", major.plasticModulus},
@@ -157,7 +175,7 @@ Figures Channel(const Figures& section, const Figures& parameters) {
         upper.push_back({{0, flanged.depth / 2}, 0});
         return Mirrored(upper, {1, -1});
     };
-    const double radius = FilletRadius(shape, Value(section, "AX"), flanged.LargestFillet());
+    const double radius = FilletRadius(shape, section, parameters, flanged.LargestFillet());
     const Outline outline(shape(radius));
     const AxisProperties major = outline.MajorAxis();
     const AxisProperties minor = outline.MinorAxis();
@@ -197,9 +215,8 @@ Figures Angle(const Figures& section, const Figures& parameters) {
                        {{thickness, depth}, toe},
                        {{0, depth}, 0}};
     };
-    const double area = Value(section, "AX");
     const double radius =
-        FilletRadius(shape, area, std::min(2 * thickness, (width - thickness) / 2));
+        FilletRadius(shape, section, parameters, std::min(2 * thickness, (width - thickness) / 2));
     const Outline outline(shape(radius));
     const AxisProperties major = outline.MajorAxis();
     const AxisProperties minor = outline.MinorAxis();
@@ -217,29 +234,53 @@ Figures Angle(const Figures& section, const Figures& parameters) {
             {"ALPHA", std::atan2(-product, difference) / 2 * 180 / pi}};
 }
 
-/// Rectangular hollow sections whose corners' radii are multiples of the wall thickness. Torsion
-/// constant by Bredt's formula along the middle of the wall, IX = 4 Ap^2 T / p.
+/// A rectangular hollow section whose corners' radii are multiples of the wall thickness.
+struct HollowShape {
+    double depth;
+    double width;
+    double wall;
+    double outside;
+    double inside;
+
+    HollowShape(const Figures& section, const Figures& parameters)
+        : depth(Value(section, "D")),
+          width(Value(section, "B")),
+          wall(Value(section, "T")),
+          outside(Value(parameters, "outside") * wall),
+          inside(Value(parameters, "inside") * wall) {
+        Require(2 * std::max(outside, wall) < std::min(depth, width),
+                "the corners (T) do not fit into the width (B) and depth (D)");
+    }
+
+    // Length of the middle of the wall, and the area that it encloses.
+    double Length() const { return 2 * (width + depth - 2 * wall) - (4 - pi) * (outside + inside); }
+    double Enclosed() const {
+        return (width - wall) * (depth - wall) - (4 - pi) * std::pow((outside + inside) / 2, 2);
+    }
+};
+
+/// Torsion constant by Bredt's formula, IX = 4 Ap^2 T / p.
 Figures RectangularTube(const Figures& section, const Figures& parameters) {
-    const double depth = Value(section, "D");
-    const double width = Value(section, "B");
-    const double wall = Value(section, "T");
-    const double outside = Value(parameters, "outside") * wall;
-    const double inside = Value(parameters, "inside") * wall;
-    Require(2 * std::max(outside, wall) < std::min(depth, width),
-            "the corners (T) do not fit into the width (B) and depth (D)");
-    Outline outline(Rectangle(width, depth, outside));
-    outline.Cut(Rectangle(width - 2 * wall, depth - 2 * wall, inside));
-    const double middle = (outside + inside) / 2;
-    const double enclosed = (width - wall) * (depth - wall) - (4 - pi) * middle * middle;
-    const double length = 2 * (width + depth - 2 * wall) - 2 * (4 - pi) * middle;
+    const HollowShape tube(section, parameters);
+    Outline outline(Rectangle(tube.width, tube.depth, tube.outside));
+    outline.Cut(Rectangle(tube.width - 2 * tube.wall, tube.depth - 2 * tube.wall, tube.inside));
     const AxisProperties major = outline.MajorAxis();
     const AxisProperties minor = outline.MinorAxis();
     return {{"AX", outline.Area()},
             {"IZ", major.inertia},
-            {"IX", 4 * enclosed * enclosed * wall / length},
+            {"IX", 4 * std::pow(tube.Enclosed(), 2) * tube.wall / tube.Length()},
             {"IY", minor.inertia},
             {"ZZ", major.plasticModulus},
             {"ZY", minor.plasticModulus}};
+}
+
+/// The same with the torsion constant of EN 10210-2 and EN 10219-2, which count the wall itself,
+/// too: p T^3 / 3 more.
+Figures EuropeanTube(const Figures& section, const Figures& parameters) {
+    const HollowShape tube(section, parameters);
+    Figures figures = RectangularTube(section, parameters);
+    figures["IX"] += tube.Length() * std::pow(tube.wall, 3) / 3;
+    return figures;
 }
 
 Figures RoundTube(const Figures& section, const Figures&) {
@@ -251,21 +292,41 @@ Figures RoundTube(const Figures& section, const Figures&) {
             {"Z", (std::pow(outside, 3) - std::pow(inside, 3)) / 6}};
 }
 
-constexpr std::array FlangedInputs{"AX", "D", "BF", "TF", "TW"};
-constexpr std::array AngleInputs{"AX", "D", "B", "T"};
+// Where the radius of the fillets is not known, the area tells it.
+constexpr std::array RolledInputs{"AX", "D", "BF", "TF", "TW"};
+constexpr std::array RolledAngleInputs{"AX", "D", "B", "T"};
+constexpr std::array FlangedInputs{"D", "BF", "TF", "TW"};
+constexpr std::array AngleInputs{"D", "B", "T"};
 constexpr std::array RectangularTubeInputs{"D", "B", "T"};
 constexpr std::array RoundTubeInputs{"OD", "T"};
 
-constexpr std::array FlangedParameters{"slope", "toe"};
-constexpr std::array AngleParameters{"toe"};
-constexpr std::array CornerParameters{"outside", "inside"};
+constexpr GeometryParameter Radius{"radius", Quantity::Length}; // of the fillets
+constexpr GeometryParameter Slope{"slope", Quantity::Number};   // of the flanges' inner side
+constexpr GeometryParameter Toe{"toe", Quantity::Number};       // radius of the toes / fillets
+constexpr GeometryParameter Place{"place", Quantity::Length}; // where TF is measured, from the tip
+
+constexpr std::array RolledParameters{Slope, Toe};
+constexpr std::array RolledAngleParameters{Toe};
+constexpr std::array ParallelParameters{Radius};
+constexpr std::array TaperedParameters{Radius, Toe, Slope, Place};
+constexpr std::array AngleParameters{Radius, Toe};
+constexpr std::array CornerParameters{GeometryParameter{"outside", Quantity::Number},
+                                      GeometryParameter{"inside", Quantity::Number}};
 
 constexpr std::array Models{
-    GeometryModel{"rolled I", LayoutId::IShape, FlangedInputs, FlangedParameters, IShape},
-    GeometryModel{"rolled channel", LayoutId::Channel, FlangedInputs, FlangedParameters, Channel},
-    GeometryModel{"rolled angle", LayoutId::Angle, AngleInputs, AngleParameters, Angle},
+    GeometryModel{"rolled I", LayoutId::IShape, RolledInputs, RolledParameters, IShape},
+    GeometryModel{"parallel I", LayoutId::IShape, FlangedInputs, ParallelParameters, IShape},
+    GeometryModel{"tapered I", LayoutId::IShape, FlangedInputs, TaperedParameters, IShape},
+    GeometryModel{"rolled channel", LayoutId::Channel, RolledInputs, RolledParameters, Channel},
+    GeometryModel{"parallel channel", LayoutId::Channel, FlangedInputs, ParallelParameters,
+                  Channel},
+    GeometryModel{"tapered channel", LayoutId::Channel, FlangedInputs, TaperedParameters, Channel},
+    GeometryModel{"rolled angle", LayoutId::Angle, RolledAngleInputs, RolledAngleParameters, Angle},
+    GeometryModel{"angle", LayoutId::Angle, AngleInputs, AngleParameters, Angle},
     GeometryModel{"rectangular tube", LayoutId::RectangularTube, RectangularTubeInputs,
                   CornerParameters, RectangularTube},
+    GeometryModel{"European tube", LayoutId::RectangularTube, RectangularTubeInputs,
+                  CornerParameters, EuropeanTube},
     GeometryModel{"round tube", LayoutId::RoundTube, RoundTubeInputs, {}, RoundTube},
 };
 

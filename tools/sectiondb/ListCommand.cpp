@@ -19,12 +19,9 @@ struct FamilyCount {
 
 std::vector<FamilyCount> CountFamilies(const OpenCatalogue& open) {
     std::vector<FamilyCount> counts;
-    CStringList tables;
-    open.catalogue->GetSectionTypeList(&tables);
-    for (const CString& table : tables) {
-        const SectionFamily* family = open.catalogue->FindFamily(table);
-        counts.push_back({family, open.catalogue->GetSectionCount(family->sectionType)});
-    }
+    for (const SectionFamily& family : open.catalogue->Families())
+        if (IsExistentTable(open.database, family.table) == 1)
+            counts.push_back({&family, open.catalogue->GetSectionCount(family.sectionType)});
     return counts;
 }
 
@@ -53,25 +50,6 @@ void ListCatalogues() {
     }
 }
 
-void ListFamilies(const OpenCatalogue& open) {
-    const auto counts = CountFamilies(open);
-    fmt::print("{:<30} {:>4} {:>10}\n", "Family", "Type", "Sections");
-    for (const FamilyCount& count : counts)
-        fmt::print("{:<30} {:>4} {:>10}\n", count.family->table, count.family->sectionType,
-                   SectionsText(count.sections));
-    fmt::print("{:<30} {:>4} {:>10}\n", "Total", "", SectionsText(Total(counts)));
-}
-
-const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& name) {
-    for (const SectionFamily& family : open.catalogue->Families())
-        if (EqualNoCase(family.table, name))
-            return family;
-    throw CommandError(fmt::format("There is no family \"{}\" in {}; \"sectiondb list {}\" prints "
-                                   "the families.",
-                                   name, SectionDBInterface::m_saSectionFile[open.index],
-                                   open.index));
-}
-
 void ListSections(const OpenCatalogue& open, const SectionFamily& family) {
     CStringList names;
     CStringList publicNames;
@@ -84,6 +62,15 @@ void ListSections(const OpenCatalogue& open, const SectionFamily& family) {
 }
 
 } // namespace
+
+void ListFamilies(const OpenCatalogue& open) {
+    const auto counts = CountFamilies(open);
+    fmt::print("{:<30} {:>4} {:>10}\n", "Family", "Type", "Sections");
+    for (const FamilyCount& count : counts)
+        fmt::print("{:<30} {:>4} {:>10}\n", count.family->table, count.family->sectionType,
+                   SectionsText(count.sections));
+    fmt::print("{:<30} {:>4} {:>10}\n", "Total", "", SectionsText(Total(counts)));
+}
 
 void List(const ListOptions& options) {
     if (options.catalogue.empty()) {

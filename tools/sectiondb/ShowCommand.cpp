@@ -83,7 +83,9 @@ std::vector<Section> FindSections(OpenCatalogue open, const std::string& name,
     std::vector<Section> sections;
     const std::string literal = QuoteEscaped(name);
     for (const SectionFamily& family : open.catalogue->Families()) {
-        if (IsExistentTable(open.database, family.table) == 0)
+        const bool isJoist = family.layout == LayoutId::Joist ||
+                             family.layout == LayoutId::JoistGirder; // no section tables
+        if (isJoist || IsExistentTable(open.database, family.table) == 0)
             continue;
         const std::string sql = fmt::format("Select * From [{0}] WHERE UPPER([VessaName]) = "
                                             "UPPER('{1}') OR UPPER([Name]) = UPPER('{1}')",

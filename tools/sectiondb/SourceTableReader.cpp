@@ -44,30 +44,27 @@ public:
         const CsvTable::Record& units = m_csv.Records().front();
         CheckUnits(units);
         FindUnits(units);
-        SourceTable table{m_plan.name, m_plan.layout, {"NUMBER", "TEXT", "TEXT"}, {}};
-        std::ranges::copy(m_units, std::back_inserter(table.units));
+        SourceTable table =
+            MakeSectionTable(m_plan.name, *m_plan.layout, m_plan.areaColumn, m_units);
         for (const CsvTable::Record& record : m_csv.Records().subspan(1))
             table.rows.push_back(ReadRow(record));
         return table;
     }
 
 private:
-    bool IsParameter(std::string_view column) const {
-        return m_plan.model != nullptr && std::ranges::find(m_plan.model->parameters, column) !=
-                                              m_plan.model->parameters.end();
-    }
+    std::span<const GeometryParameter> Parameters() const { return m_plan.model->parameters; }
 
     bool GeometryGives(std::string_view column) const {
-        return m_plan.model != nullptr &&
-               std::ranges::find(m_plan.model->inputs, column) == m_plan.model->inputs.end();
+        return std::ranges::find(m_plan.model->inputs, column) == m_plan.model->inputs.end();
     }
 
     /// What the figures of a column are; of a column that the table cannot have, an error.
     Quantity QuantityOf(const std::string& column) const {
         if (column == NameColumn || column == VessaNameColumn)
             return Quantity::Text;
-        if (IsParameter(column))
-            return Quantity::Number;
+        for (const GeometryParameter& parameter : Parameters())
+            if (column == parameter.name)
+                return parameter.quantity;
         const auto& columns = m_plan.layout->columns;
         const auto place = std::ranges::find(columns, column, &LayoutColumn::name);
         if (place == columns.end())
@@ -86,9 +83,7 @@ private:
             if (!m_csv.Has(column.name) && !GeometryGives(column.name))
                 throw m_csv.ColumnError(column.name,
                                         "the column is missing, and geometry cannot give it");
-        if (m_plan.model == nullptr)
-            return;
-        for (const char* parameter : m_plan.model->parameters)
+        for (const auto& [parameter, quantity] : Parameters())
             if (m_csv.Has(parameter) == m_plan.parameters.contains(parameter))
                 throw m_csv.ColumnError(parameter, "the geometry needs this parameter either here "
                                                    "or in _tables.csv");
@@ -125,9 +120,6 @@ private:
     }
 
     SourceRow ReadRow(const CsvTable::Record& record) {
-        if (m_plan.model == nullptr)
-            throw m_csv.LineError(record.line,
-                                  "_tables.csv names no geometry to check this section with");
         SourceRow row{UniqueName(record, NameColumn), UniqueName(record, VessaNameColumn), {}};
         const Figures published = Published(record);
         const Figures computed = Computed(record, published);
@@ -175,9 +167,11 @@ private:
 
     Figures Computed(const CsvTable::Record& record, const Figures& published) const {
         Figures parameters = m_plan.parameters;
-        for (const char* parameter : m_plan.model->parameters)
-            if (m_csv.Has(parameter))
-                parameters[parameter] = m_csv.Number(record, parameter);
+        for (const auto& [name, quantity] : Parameters())
+            if (m_csv.Has(name)) {
+                const std::string& unit = m_csv.Text(m_csv.Records().front(), name);
+                parameters[name] = m_csv.Number(record, name) * UnitFactor(unit);
+            }
         try {
             return m_plan.model->compute(published, parameters);
         } catch (const GeometryError& error) {

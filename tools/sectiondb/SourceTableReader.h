@@ -6,21 +6,22 @@
 // out; they are computed.
 #pragma once
 
-#include "sectiondb/CatalogueSource.h"
 #include "sectiondb/CsvTable.h"
 #include "sectiondb/Geometry.h"
 #include "sectiondb/SourceRules.h"
+#include "sectiondb/SourceTable.h"
 
 #include <string>
 
 namespace dbsection {
 
-/// What a catalogue says of one of its tables.
+/// What a catalogue says of one of its tables with figures.
 struct TablePlan {
     std::string name;
     const SectionLayout* layout;
-    const GeometryModel* model; ///< null: nothing could be checked, so the table must be empty
-    Figures parameters;         ///< of the model, those that all sections share
+    const char* areaColumn;
+    const GeometryModel* model;
+    Figures parameters; ///< of the model, those that all sections share
 };
 
 /// Throws SourceError at the first fault.

@@ -2,6 +2,8 @@
 
 #include "units/UNIT.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 #include <string_view>
@@ -109,6 +111,25 @@ std::string UnitOf(Quantity quantity, const std::string& length) {
     if (!dimension)
         return UnitWithoutDimension(quantity);
     return dimension->length == 1 ? length : length + "^" + std::to_string(dimension->length);
+}
+
+const UnitSystem* FindUnitSystem(const std::string& name) {
+    static constexpr std::array Systems{
+        UnitSystem{"metric", "MM", "CM", "N/MM^2", "KG/M"},
+        UnitSystem{"US", "INCHES", "INCHES", "KIPS/INCHES^2", "POUND/FEET"}};
+    const auto place = std::ranges::find(Systems, name, &UnitSystem::name);
+    return place == Systems.end() ? nullptr : &*place;
+}
+
+std::string UnitOf(Quantity quantity, const UnitSystem& system) {
+    switch (quantity) {
+    case Quantity::Stress:
+        return system.stress;
+    case Quantity::WeightPerLength:
+        return system.weight;
+    default:
+        return UnitOf(quantity, quantity == Quantity::Length ? system.length : system.power);
+    }
 }
 
 bool IsPowerOfLength(Quantity quantity) {

@@ -18,6 +18,21 @@ double UnitFactor(const std::string& unit);
 /// inertia. Quantities that are no power of a length: their only unit.
 std::string UnitOf(Quantity quantity, const std::string& length);
 
+/// The units in which a standard prints its figures.
+struct UnitSystem {
+    const char* name;   ///< as the text sources write it
+    const char* length; ///< of dimensions
+    const char* power;  ///< of areas, moduli, inertias and warping constants
+    const char* stress;
+    const char* weight; ///< per length
+};
+
+/// The unit system of that name ("metric", "US"), or null.
+const UnitSystem* FindUnitSystem(const std::string& name);
+
+/// The unit of a quantity in a system of units.
+std::string UnitOf(Quantity quantity, const UnitSystem& system);
+
 /// Whether the quantity is a length, an area, a modulus, an inertia or a warping constant.
 bool IsPowerOfLength(Quantity quantity);
 

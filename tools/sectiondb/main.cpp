@@ -38,6 +38,43 @@ void Apply(const CommonOptions& common) {
         SectionDBInterface::SetSectionDBPassword(ConnectText(common.password).c_str());
 }
 
+void AddUserCommands(CLI::App& app, UserOptions& user) {
+    auto* group = app.add_subcommand("user", "Keep sections of your own");
+    group->require_subcommand(1);
+    const auto add = [&](const char* name, const char* text, void (*run)(const UserOptions&)) {
+        auto* command = group->add_subcommand(name, text);
+        command->add_option("file", user.file, "Section file")->required();
+        command
+            ->add_option("--password", user.password,
+                         "Password of the file (default: SECTIONDB_PASSWORD)")
+            ->envname("SECTIONDB_PASSWORD");
+        command->callback([&user, run] {
+            if (!user.password.empty())
+                SectionDBInterface::SetSectionDBPassword(ConnectText(user.password).c_str());
+            run(user);
+        });
+        return command;
+    };
+
+    auto* create = add("create", "Make a file without sections", CreateUserFile);
+    create->add_flag("--generic", user.isGeneric, "Of generic shapes instead of user tables");
+    create->add_option("--units", user.units, "metric or US")->default_val("metric");
+
+    auto* list = add("list", "List families, or the sections of one", ListUserFile);
+    list->add_option("family", user.family, "Shape family, e.g. \"Wide Flange\"");
+
+    for (const bool isNew : {true, false}) {
+        auto* store = isNew ? add("add", "Add a section", AddUserSection)
+                            : add("update", "Change a section", UpdateUserSection);
+        store->add_option("family", user.family, "Shape family, e.g. \"Wide Flange\"")->required();
+        store->add_option("name", user.name, "Section name")->required();
+        store->add_option("values", user.values, "COLUMN=VALUE, in the table's units");
+        store->add_option("--vessa-name", user.vessaName, "The analysis program's name");
+        if (!isNew)
+            store->add_option("--rename", user.newName, "New name");
+    }
+}
+
 int Run(CLI::App& app, int argc, char** argv) {
     CommonOptions common;
     BuildOptions build;
@@ -75,6 +112,9 @@ int Run(CLI::App& app, int argc, char** argv) {
         Apply(common);
         Show(show);
     });
+
+    UserOptions user;
+    AddUserCommands(app, user);
 
     app.require_subcommand(1);
     try {

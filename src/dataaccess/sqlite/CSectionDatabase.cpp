@@ -1,7 +1,7 @@
 #include "dataaccess/CSectionDatabase.h"
 
-#include "dataaccess/sqlite/Connection.h"
 #include "dataaccess/sqlite/FileKey.h"
+#include "dataaccess/sqlite/Session.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 using dbsection::Activity;
 using dbsection::Connection;
 using dbsection::Fail;
+using dbsection::Session;
 using dbsection::WithMemoryErrors;
 
 namespace {
@@ -57,80 +58,78 @@ void Describe(Connection& connection, const std::string& table, CSectionTableDef
 
 void CSectionWorkspace::BeginTrans() {
     WithMemoryErrors([&] {
-        std::vector<std::shared_ptr<Connection>> begun;
-        begun.reserve(m_connections.size());
+        std::vector<std::shared_ptr<Session>> begun;
+        begun.reserve(m_sessions.size());
         try {
-            for (const auto& weak : m_connections)
-                if (auto connection = weak.lock(); connection && connection->IsOpen()) {
-                    connection->Execute("BEGIN IMMEDIATE", Activity::Writing);
-                    begun.push_back(connection);
+            for (const auto& weak : m_sessions)
+                if (auto session = weak.lock(); session && session->IsOpen()) {
+                    session->Get().Execute("BEGIN IMMEDIATE", Activity::Writing);
+                    begun.push_back(session);
                 }
             m_inTransaction.insert(m_inTransaction.end(), begun.begin(), begun.end());
         } catch (...) {
-            for (const auto& connection : begun)
-                connection->ForgetChanges();
+            for (const auto& session : begun)
+                session->Get().ForgetChanges();
             throw;
         }
     });
 }
 
 void CSectionWorkspace::CommitTrans() {
-    for (const auto& connection : m_inTransaction)
-        connection->Execute("COMMIT", Activity::Writing);
+    for (const auto& session : m_inTransaction)
+        session->Get().Execute("COMMIT", Activity::Writing);
     m_inTransaction.clear();
 }
 
 void CSectionWorkspace::Rollback() {
-    for (const auto& connection : m_inTransaction)
-        connection->ForgetChanges();
+    for (const auto& session : m_inTransaction)
+        if (session->IsOpen())
+            session->Get().ForgetChanges();
     m_inTransaction.clear();
 }
 
 void CSectionDatabase::Create(const char* path, const char* descriptor, int /*options*/) {
     WithMemoryErrors([&] {
         std::string password = PasswordIn(descriptor == nullptr ? "" : descriptor);
-        m_connection = Connection::Create(path, password);
+        Begin(Connection::Create(path, password), path);
         dbsection::WipeText(password);
-        m_name = path;
-        Join();
     });
 }
 
 void CSectionDatabase::Open(const char* path, int exclusive, int readOnly, const char* connect) {
     WithMemoryErrors([&] {
         std::string password = PasswordIn(connect == nullptr ? "" : connect);
-        m_connection = Connection::Open(path, password,
-                                        {.exclusive = exclusive != 0, .readOnly = readOnly != 0});
+        const Connection::Access access{.exclusive = exclusive != 0, .readOnly = readOnly != 0};
+        Begin(Connection::Open(path, password, access), path);
         dbsection::WipeText(password);
-        m_name = path;
-        Join();
     });
 }
 
-void CSectionDatabase::Join() {
+void CSectionDatabase::Begin(std::unique_ptr<Connection> connection, const char* path) {
+    m_session = std::make_shared<Session>(std::move(connection));
+    m_name = path;
     if (m_workspace == nullptr)
         return;
-    std::erase_if(m_workspace->m_connections, [](const auto& weak) { return weak.expired(); });
-    m_workspace->m_connections.push_back(m_connection);
+    std::erase_if(m_workspace->m_sessions, [](const auto& weak) { return weak.expired(); });
+    m_workspace->m_sessions.push_back(m_session);
 }
 
-bool CSectionDatabase::IsOpen() const { return m_connection && m_connection->IsOpen(); }
+bool CSectionDatabase::IsOpen() const { return m_session && m_session->IsOpen(); }
 
 void CSectionDatabase::Close() {
-    if (m_connection)
-        m_connection->Close();
+    if (m_session)
+        m_session->Close();
 }
 
 void CSectionDatabase::DestroyDB() {
     Close();
-    m_connection.reset();
+    m_session.reset();
 }
 
 Connection& CSectionDatabase::OpenConnection() const {
-    if (!m_connection)
+    if (!m_session)
         Fail(SectionError::ObjectClosed, "The database was not opened; open it first.");
-    m_connection->RequireOpen();
-    return *m_connection;
+    return m_session->Get();
 }
 
 short CSectionDatabase::GetTableDefCount() const {
@@ -167,5 +166,15 @@ void CSectionDatabase::DeleteTableDef(const char* name) {
         connection.RequireWritable();
         const std::string table = connection.RequireTable(name);
         connection.ChangeSchema("DROP TABLE " + dbsection::Quoted(table));
+    });
+}
+
+std::vector<CString> CSectionDatabase::GetUserTableNames() const {
+    return WithMemoryErrors([&] {
+        std::vector<CString> names;
+        for (const std::string& table : OpenConnection().Tables())
+            if (AttributesOf(table) == 0)
+                names.emplace_back(table);
+        return names;
     });
 }

@@ -42,7 +42,7 @@ void CSectionRecordset::Open(int openType, const char* sql, int /*options*/) {
             Fail(SectionError::ObjectClosed, "The recordset has no database.");
         Connection& connection = m_database->OpenConnection();
         const Editing editing = openType == Snapshot ? Editing::No : Editing::IfPossible;
-        m_state = std::make_unique<RecordsetState>(m_database->m_connection,
+        m_state = std::make_unique<RecordsetState>(m_database->m_session,
                                                    StatementOf(connection, sql), editing);
     });
 }

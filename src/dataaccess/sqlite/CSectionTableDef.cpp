@@ -187,13 +187,14 @@ void CSectionTableDef::DeleteField(const char* name) {
     });
 }
 
-void CSectionTableDef::CreateIndex(const char* name, const char* columns) {
+void CSectionTableDef::CreateIndex(const char* name, const char* columns, bool isUnique) {
     WithMemoryErrors([&] {
         RequireOpen();
         Connection& connection = OpenConnection();
         connection.RequireWritable();
-        connection.ChangeSchema("CREATE INDEX " + Quoted(name) + " ON " + Quoted(m_name.View()) +
-                                " (" + columns + ")");
+        connection.ChangeSchema((isUnique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
+                                Quoted(name) + " ON " + Quoted(m_name.View()) + " (" + columns +
+                                ")");
     });
 }
 

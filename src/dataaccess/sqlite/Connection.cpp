@@ -1,6 +1,6 @@
 #include "dataaccess/sqlite/Connection.h"
 
-#include "dataaccess/sqlite/FileKey.h"
+#include "dataaccess/sqlite/ConnectionPool.h"
 #include "platform/FileDescriptor.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
@@ -10,7 +10,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -66,23 +66,44 @@ int CipherMajorVersion(sqlite3* database) {
     return major;
 }
 
+/// The password for a protected file.
+std::string_view SecretOf(const std::string& password) {
+    const char* fallback = password.empty() ? std::getenv("SECTIONDB_PASSWORD") : nullptr;
+    return fallback == nullptr ? password : std::string_view(fallback);
+}
+
 } // namespace
 
-Connection::~Connection() { Close(); }
-
-void Connection::Close() {
+Connection::~Connection() {
     m_kept.Clear();
     sqlite3_close(m_database);
-    m_database = nullptr;
+}
+
+bool Connection::MayRest() const {
+    return m_origin && sqlite3_get_autocommit(m_database) != 0 && m_kept.IsFree() &&
+           Origin::Find(m_origin->path, m_origin->readOnly) == m_origin;
+}
+
+void Connection::TrimCache() {
+    constexpr int Most = 512 * 1024;
+    int used = 0;
+    int highest = 0;
+    sqlite3_db_status(m_database, SQLITE_DBSTATUS_CACHE_USED, &used, &highest, 0);
+    if (used > Most)
+        sqlite3_db_release_memory(m_database);
+}
+
+bool Connection::CanServe(const Origin& origin, const std::string& password) const {
+    return m_origin == origin &&
+           (!m_key || FindKey(m_key->salt, SecretOf(password)) == m_key->number);
+}
+
+bool Connection::IsOutdatedBy(const Origin& origin) const {
+    return m_origin->path == origin.path && m_origin->version != origin.version;
 }
 
 bool Connection::IsReadOnly() const {
     return m_readOnly || sqlite3_db_readonly(m_database, "main") == 1;
-}
-
-void Connection::RequireOpen() const {
-    if (!IsOpen())
-        Fail(SectionError::ObjectClosed, m_path + ": the database was closed; open it again.");
 }
 
 void Connection::RequireWritable() const {
@@ -99,18 +120,39 @@ void Connection::ForgetChanges() {
     m_tablesVersion = -1;
 }
 
-std::shared_ptr<Connection> Connection::Open(const std::string& path, const std::string& password,
+std::optional<Origin> Origin::Find(const std::string& path, bool readOnly) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0)
+        return std::nullopt;
+    return Origin{path, readOnly, FileVersion(status), ::getpid(), ::geteuid(), ::getegid()};
+}
+
+std::unique_ptr<Connection> Connection::Open(const std::string& path, const std::string& password,
                                              Access access) {
-    const std::string native = NativePath(path);
-    std::error_code error;
-    const auto status = std::filesystem::status(native, error);
-    if (!std::filesystem::exists(status))
+    // Before the file is opened: a change meanwhile is a change since.
+    const auto now = std::chrono::system_clock::now();
+    const auto origin = Origin::Find(NativePath(path), access.readOnly);
+    if (!origin)
         Fail(SectionError::FileNotFound,
              path + ": there is no such file; check the folder and the name.");
-    if (!std::filesystem::is_regular_file(status))
+    if (!origin->version.IsRegularFile())
         Fail(SectionError::NotADatabase, path + ": this is not a file; name a catalogue file.");
+    if (access.exclusive)
+        return OpenAnew(origin->path, password, access);
 
-    std::shared_ptr<Connection> connection(new Connection(native));
+    if (auto rested = ConnectionPool::Take(*origin, password)) {
+        rested->SchemaVersion(); // fails where another program has the file for itself
+        return rested;
+    }
+    auto connection = OpenAnew(origin->path, password, access);
+    if (origin->version.IsSettled(now) && !connection->HasWriteAheadLog())
+        connection->m_origin = origin;
+    return connection;
+}
+
+std::unique_ptr<Connection> Connection::OpenAnew(const std::string& path,
+                                                 const std::string& password, Access access) {
+    std::unique_ptr<Connection> connection(new Connection(path));
     connection->m_readOnly = access.readOnly;
     connection->OpenFile();
     connection->LimitTrust();
@@ -120,10 +162,10 @@ std::shared_ptr<Connection> Connection::Open(const std::string& path, const std:
     return connection;
 }
 
-std::shared_ptr<Connection> Connection::Create(const std::string& path,
+std::unique_ptr<Connection> Connection::Create(const std::string& path,
                                                const std::string& password) {
     NewFile file(path);
-    std::shared_ptr<Connection> connection(new Connection(NativePath(path)));
+    std::unique_ptr<Connection> connection(new Connection(NativePath(path)));
     connection->OpenFile();
     connection->LimitTrust();
     if (!password.empty()) {
@@ -200,14 +242,14 @@ void Connection::Key(const std::string& password) {
 }
 
 void Connection::KeyProtectedFile(const unsigned char* firstBytes, const std::string& password) {
-    const char* fallback = password.empty() ? std::getenv("SECTIONDB_PASSWORD") : nullptr;
-    const std::string_view secret = fallback == nullptr ? password : std::string_view(fallback);
+    const std::string_view secret = SecretOf(password);
     if (secret.empty())
         Fail(SectionError::WrongPassword,
              m_path + ": the file is protected and no password was given; give its password.");
     FileSalt salt;
     std::copy_n(firstBytes, salt.size(), salt.begin());
     std::string statement = KeyStatement(salt, secret, CipherMajorVersion(m_database));
+    m_key = KeyUse{salt, FindKey(salt, secret)};
     Execute(statement, Activity::Reading);
     WipeText(statement);
 }
@@ -228,6 +270,14 @@ void Connection::CheckReadable(bool isProtected) {
 void Connection::LockExclusively() {
     // A connection that only reads still takes the lock, so that nobody writes meanwhile.
     Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT", Activity::Reading);
+}
+
+/// Files with one are shared by way of memory, which a connection holds until it is closed.
+bool Connection::HasWriteAheadLog() {
+    const StatementLease lease = Own("PRAGMA journal_mode");
+    Step(lease.Get(), m_path, Activity::Reading);
+    const auto* mode = reinterpret_cast<const char*>(sqlite3_column_text(lease.Get(), 0));
+    return mode == nullptr || EqualNoCase(mode, "wal");
 }
 
 StatementLease Connection::Own(const std::string& sql) {
@@ -285,7 +335,7 @@ std::int64_t Connection::PragmaValue(const std::string& sql) {
 DataStamp Connection::Stamp() { return {m_ownChanges, PragmaValue("PRAGMA data_version")}; }
 
 const std::vector<std::string>& Connection::Tables() {
-    const std::int64_t version = PragmaValue("PRAGMA schema_version");
+    const std::int64_t version = SchemaVersion();
     if (version == m_tablesVersion)
         return m_tables;
     m_tables.clear();

@@ -3,14 +3,17 @@
 
 #include "dataaccess/CSectionException.h"
 #include "dataaccess/sqlite/EngineError.h"
+#include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/SqlText.h"
 #include "dataaccess/sqlite/Statement.h"
+#include "platform/FileVersion.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <vector>
 
 namespace dbsection {
@@ -32,6 +35,21 @@ struct DataStamp {
     bool operator==(const DataStamp&) const = default;
 };
 
+/// What is opened, how, and by whom.
+struct Origin {
+    std::string path;
+    bool readOnly;
+    FileVersion version;
+    pid_t process;
+    uid_t user;
+    gid_t group;
+    bool operator==(const Origin&) const = default;
+
+    /// Asks the system; nothing where there is no such file.
+    static std::optional<Origin> Find(const std::string& path, bool readOnly);
+};
+
+/// An open file of the engine. It is closed with its end.
 class Connection {
 public:
     struct Access {
@@ -39,18 +57,29 @@ public:
         bool readOnly = false;
     };
 
-    static std::shared_ptr<Connection> Open(const std::string& path, const std::string& password,
+    /// A new connection, or one that rested (ConnectionPool).
+    static std::unique_ptr<Connection> Open(const std::string& path, const std::string& password,
                                             Access access);
 
     /// Creates the file; one that exists is an error.
-    static std::shared_ptr<Connection> Create(const std::string& path, const std::string& password);
+    static std::unique_ptr<Connection> Create(const std::string& path, const std::string& password);
 
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
 
-    bool IsOpen() const { return m_database != nullptr; }
-    void Close();
+    /// Whether nothing of its use lasts, and its file is what it was when it was opened.
+    bool MayRest() const;
+
+    /// Gives back memory that is more than reading a few tables takes.
+    void TrimCache();
+
+    /// Whether it could be the result of opening a file with that origin and password.
+    bool CanServe(const Origin& origin, const std::string& password) const;
+
+    /// Whether its file has since become another.
+    bool IsOutdatedBy(const Origin& origin) const;
+
     bool IsReadOnly() const;
     const std::string& Path() const { return m_path; }
 
@@ -91,7 +120,6 @@ public:
     std::string RequireTable(std::string_view name);
 
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
-    void RequireOpen() const;
     void RequireWritable() const;
 
     /// Undoes a transaction.
@@ -99,6 +127,9 @@ public:
 
 private:
     explicit Connection(std::string path) : m_path(std::move(path)) {}
+
+    static std::unique_ptr<Connection> OpenAnew(const std::string& path,
+                                                const std::string& password, Access access);
 
     static int Authorize(void* self, int action, const char* first, const char* second,
                          const char* database, const char* viewOrTrigger);
@@ -109,6 +140,7 @@ private:
     void KeyProtectedFile(const unsigned char* firstBytes, const std::string& password);
     void CheckReadable(bool isProtected);
     void LockExclusively();
+    bool HasWriteAheadLog();
 
     StatementPtr Prepare(const std::string& sql);
     std::optional<KeptStatement> PrepareQuery(const std::string& sql, Editing editing);
@@ -116,8 +148,16 @@ private:
                              SectionError::Number unknownName);
     std::shared_ptr<const QueryShape> ShapeOf(sqlite3_stmt* statement, bool hasRowId) const;
     std::int64_t PragmaValue(const std::string& sql);
+    std::int64_t SchemaVersion() { return PragmaValue("PRAGMA schema_version"); }
+
+    struct KeyUse {
+        FileSalt salt;
+        KeyNumber number;
+    };
 
     std::string m_path;
+    std::optional<Origin> m_origin; ///< none: must not rest
+    std::optional<KeyUse> m_key;    ///< none: the file is not protected
     sqlite3* m_database = nullptr;
     bool m_readOnly = false;
     bool m_callersStatement = false; ///< the authorizer then allows reading only

@@ -36,24 +36,28 @@ void Derive(Key& key, const FileSalt& salt, std::string_view password, int ciphe
 class KeyStore {
 public:
     const Key& Get(const FileSalt& salt, std::string_view password, int cipherMajor) {
-        const auto matches = [&](const Entry& entry) {
-            return entry.salt == salt && entry.password == password;
-        };
-        const auto place = std::ranges::find_if(m_entries, matches);
-        if (place != m_entries.end())
-            return place->key;
+        if (const Entry* entry = FindEntry(salt, password))
+            return entry->key;
         constexpr std::size_t Capacity = 64; // more than there are catalogues
-        m_entries.emplace_back(salt, password, cipherMajor);
+        m_entries.emplace_back(salt, password, cipherMajor, m_lastNumber + 1);
+        ++m_lastNumber;
         if (m_entries.size() > Capacity)
             m_entries.pop_front();
         return m_entries.back().key;
     }
 
+    KeyNumber Find(const FileSalt& salt, std::string_view password) const {
+        const Entry* entry = FindEntry(salt, password);
+        return entry == nullptr ? 0 : entry->number;
+    }
+
 private:
     struct Entry {
-        Entry(const FileSalt& fileSalt, std::string_view secret, int cipherMajor)
+        Entry(const FileSalt& fileSalt, std::string_view secret, int cipherMajor,
+              KeyNumber keyNumber)
             : salt(fileSalt),
-              password(secret) {
+              password(secret),
+              number(keyNumber) {
             Derive(key, salt, password, cipherMajor);
         }
         Entry(const Entry&) = delete;
@@ -65,11 +69,25 @@ private:
 
         FileSalt salt;
         std::string password;
+        KeyNumber number;
         Key key{};
     };
 
+    const Entry* FindEntry(const FileSalt& salt, std::string_view password) const {
+        const auto place = std::ranges::find_if(m_entries, [&](const Entry& entry) {
+            return entry.salt == salt && entry.password == password;
+        });
+        return place == m_entries.end() ? nullptr : &*place;
+    }
+
+    KeyNumber m_lastNumber = 0;
     std::list<Entry> m_entries; // never moved, so that no copy of a key is left behind
 };
+
+KeyStore& Store() {
+    static KeyStore store;
+    return store;
+}
 
 } // namespace
 
@@ -91,15 +109,18 @@ FileKind ClassifyFile(std::span<const unsigned char> firstBytes) {
 }
 
 std::string KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor) {
-    static KeyStore store;
     static constexpr std::string_view Digits = "0123456789abcdef";
     std::string statement = "PRAGMA key = \"x'";
     statement.reserve(statement.size() + 2 * Key().size() + 2);
-    for (const unsigned char byte : store.Get(salt, password, cipherMajor)) {
+    for (const unsigned char byte : Store().Get(salt, password, cipherMajor)) {
         statement += Digits[byte >> 4];
         statement += Digits[byte & 0xF];
     }
     return statement += "'\"";
+}
+
+KeyNumber FindKey(const FileSalt& salt, std::string_view password) {
+    return Store().Find(salt, password);
 }
 
 void WipeText(std::string& text) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,12 +21,18 @@ FileKind ClassifyFile(std::span<const unsigned char> firstBytes);
 /// The salt of a protected file: its first 16 bytes.
 using FileSalt = std::array<unsigned char, 16>;
 
+/// Tells the keys that this process derived apart; 0 is none.
+using KeyNumber = std::uint64_t;
+
 /// Key derivation of the cipher's default settings: those of its major version 3 (PBKDF2 with
 /// HMAC-SHA1, 64,000 rounds) or 4 (HMAC-SHA512, 256,000 rounds).
 ///
 /// The derivation takes tens of milliseconds, so the results of the last ones are kept, and wiped
 /// when they are dropped. Returns the statement that keys a connection; WipeText it after use.
 std::string KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor);
+
+/// The key derived from that password, if it is still kept.
+KeyNumber FindKey(const FileSalt& salt, std::string_view password);
 
 /// Overwrites a secret text and empties it.
 void WipeText(std::string& text);

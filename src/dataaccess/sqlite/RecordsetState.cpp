@@ -45,21 +45,19 @@ bool SameColumns(sqlite3_stmt* statement, const QueryShape& shape) {
 
 } // namespace
 
-RecordsetState::RecordsetState(std::shared_ptr<Connection> connection, std::string sql,
-                               Editing editing)
-    : m_connection(std::move(connection)),
+RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing)
+    : m_session(std::move(session)),
       m_sql(std::move(sql)),
       m_editing(editing) {
     Requery();
 }
 
 void RecordsetState::Requery() {
-    m_connection->RequireOpen();
-    if (!m_stamp || *m_stamp != m_connection->Stamp())
+    if (!m_stamp || *m_stamp != Engine().Stamp())
         if (!Fetch()) {
-            m_connection->ForgetStatements();
+            Engine().ForgetStatements();
             if (!Fetch())
-                Fail(SectionError::InUse, m_connection->Path() +
+                Fail(SectionError::InUse, Engine().Path() +
                                               ": another program keeps changing the table; open "
                                               "it again.");
         }
@@ -70,19 +68,18 @@ void RecordsetState::Requery() {
 
 /// False when the table has other columns than when the statement was made ready.
 bool RecordsetState::Fetch() {
-    const ReadyQuery query =
-        m_connection->Query(m_sql, m_editing, SectionError::UnknownNameInStatement);
+    const ReadyQuery query = Engine().Query(m_sql, m_editing, SectionError::UnknownNameInStatement);
     sqlite3_stmt* statement = query.lease.Get();
-    const std::string& path = m_connection->Path();
-    bool atRow = m_connection->Step(statement, path, Activity::Reading);
+    const std::string& path = Engine().Path();
+    bool atRow = Engine().Step(statement, path, Activity::Reading);
     const auto& shape = query.lease.Shape();
     if (!SameColumns(statement, *shape))
         return false;
     RowStore rows(static_cast<int>(shape->columns.size()));
     std::optional<DataStamp> stamp;
     if (atRow)
-        stamp = m_connection->Stamp();
-    for (; atRow; atRow = m_connection->Step(statement, path, Activity::Reading))
+        stamp = Engine().Stamp();
+    for (; atRow; atRow = Engine().Step(statement, path, Activity::Reading))
         rows.Append(statement, shape->hasRowId);
     // From here on nothing fails: a failed query leaves the rows that there were.
     LeaveRow();
@@ -153,18 +150,16 @@ bool RecordsetState::Find(bool relative, int step, std::string_view condition) {
 
 /// The first row that satisfies the condition, tried in steps, or -1.
 int RecordsetState::FindFrom(int first, int step, std::string_view condition) {
-    m_connection->RequireOpen();
     const auto columns = static_cast<int>(m_shape->columns.size());
-    const ReadyQuery query =
-        m_connection->Query(ConditionStatement(*m_shape, condition), Editing::No,
-                            SectionError::UnknownNameInCondition, columns);
+    const ReadyQuery query = Engine().Query(ConditionStatement(*m_shape, condition), Editing::No,
+                                            SectionError::UnknownNameInCondition, columns);
     sqlite3_stmt* statement = query.lease.Get();
     for (int row = first; row >= 0 && row < m_rows.Count(); row += step) {
         if (m_onGap && row == m_position)
             continue;
         for (int column = 0; column < columns; ++column)
             Bind(statement, column + 1, m_rows.At(row, column), m_rows);
-        if (m_connection->Step(statement, m_connection->Path(), Activity::Reading))
+        if (Engine().Step(statement, Engine().Path(), Activity::Reading))
             return row;
         sqlite3_reset(statement);
     }
@@ -189,11 +184,11 @@ void RecordsetState::RequireColumn(int column) const {
 }
 
 void RecordsetState::RequireEditable() const {
-    m_connection->RequireOpen();
+    Connection& engine = Engine();
     if (Table().empty())
         Fail(SectionError::ReadOnly,
              "The recordset cannot be edited; open one table as a dynaset.");
-    m_connection->RequireWritable();
+    engine.RequireWritable();
 }
 
 void RecordsetState::BeginNew() {
@@ -243,8 +238,8 @@ StatementLease RecordsetState::RowById(std::int64_t id) {
     std::string columns;
     for (const ResultColumn& column : m_shape->columns)
         columns += Quoted(column.origin) + ", ";
-    StatementLease lease = m_connection->Own("SELECT " + columns + "_rowid_ FROM " +
-                                             Quoted(Table()) + " WHERE _rowid_ = ?");
+    StatementLease lease = Engine().Own("SELECT " + columns + "_rowid_ FROM " + Quoted(Table()) +
+                                        " WHERE _rowid_ = ?");
     sqlite3_bind_int64(lease.Get(), 1, id);
     return lease;
 }
@@ -257,14 +252,14 @@ void RecordsetState::InsertRow() {
     const std::string values =
         columns.empty() ? " DEFAULT VALUES" : " (" + columns + ") VALUES (" + parameters + ")";
     {
-        const StatementLease insert = m_connection->Own("INSERT INTO " + Quoted(Table()) + values);
+        const StatementLease insert = Engine().Own("INSERT INTO " + Quoted(Table()) + values);
         BindSetValues(insert.Get());
-        m_connection->Write(insert.Get(), Table());
+        Engine().Write(insert.Get(), Table());
     }
     const bool allVisited = m_visited == m_rows.Count();
     const bool atEnd = m_position == m_rows.Count();
-    const StatementLease row = RowById(m_connection->LastRowId());
-    if (m_connection->Step(row.Get(), Table(), Activity::Reading))
+    const StatementLease row = RowById(Engine().LastRowId());
+    if (Engine().Step(row.Get(), Table(), Activity::Reading))
         m_rows.Append(row.Get(), true);
     if (allVisited)
         m_visited = m_rows.Count();
@@ -281,11 +276,11 @@ void RecordsetState::UpdateRow() {
         return;
     std::int64_t id = m_rows.Id(m_position);
     {
-        const StatementLease update = m_connection->Own("UPDATE " + Quoted(Table()) + " SET " +
-                                                        assignments + " WHERE _rowid_ = ?");
+        const StatementLease update = Engine().Own("UPDATE " + Quoted(Table()) + " SET " +
+                                                   assignments + " WHERE _rowid_ = ?");
         BindSetValues(update.Get());
         sqlite3_bind_int64(update.Get(), sqlite3_bind_parameter_count(update.Get()), id);
-        if (m_connection->Write(update.Get(), Table()) == 0)
+        if (Engine().Write(update.Get(), Table()) == 0)
             Fail(SectionError::NoCurrentRecord,
                  Table() + ": the record was deleted meanwhile; query it again.");
     }
@@ -293,7 +288,7 @@ void RecordsetState::UpdateRow() {
         if (m_values[i] && m_shape->columns[i].isRecordId && m_values[i]->vt == VT_R8)
             id = static_cast<std::int64_t>(m_values[i]->dblVal);
     const StatementLease row = RowById(id);
-    if (m_connection->Step(row.Get(), Table(), Activity::Reading))
+    if (Engine().Step(row.Get(), Table(), Activity::Reading))
         m_rows.Replace(m_position, row.Get());
     m_rows.SetId(m_position, id);
 }
@@ -302,9 +297,9 @@ void RecordsetState::Delete() {
     RequireEditable();
     RequireRow();
     const StatementLease statement =
-        m_connection->Own("DELETE FROM " + Quoted(Table()) + " WHERE _rowid_ = ?");
+        Engine().Own("DELETE FROM " + Quoted(Table()) + " WHERE _rowid_ = ?");
     sqlite3_bind_int64(statement.Get(), 1, m_rows.Id(m_position));
-    if (m_connection->Write(statement.Get(), Table()) == 0)
+    if (Engine().Write(statement.Get(), Table()) == 0)
         Fail(SectionError::NoCurrentRecord,
              Table() + ": the record was deleted meanwhile; query it again.");
     m_edit = Edit::None;

@@ -1,8 +1,8 @@
 // What a recordset holds while it is open: its rows, the current row, and the edit buffer.
 #pragma once
 
-#include "dataaccess/sqlite/Connection.h"
 #include "dataaccess/sqlite/RowStore.h"
+#include "dataaccess/sqlite/Session.h"
 #include "platform/COleVariant.h"
 
 #include <cstdint>
@@ -16,9 +16,9 @@ namespace dbsection {
 
 class RecordsetState {
 public:
-    RecordsetState(std::shared_ptr<Connection> connection, std::string sql, Editing editing);
+    RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing);
 
-    bool IsOpen() const { return m_connection->IsOpen(); }
+    bool IsOpen() const { return m_session->IsOpen(); }
     const QueryShape& Shape() const { return *m_shape; }
 
     void Requery();
@@ -51,6 +51,7 @@ private:
     enum class Edit : std::uint8_t { None, New, Current };
 
     bool IsAtRow() const { return !m_onGap && m_position >= 0 && m_position < m_rows.Count(); }
+    Connection& Engine() const { return m_session->Get(); }
     bool Fetch();
     int FindFrom(int first, int step, std::string_view condition);
     void RequireRow() const;
@@ -64,7 +65,7 @@ private:
     StatementLease RowById(std::int64_t id);
     const std::string& Table() const { return m_shape->editableTable; }
 
-    std::shared_ptr<Connection> m_connection;
+    std::shared_ptr<Session> m_session;
     std::string m_sql;
     Editing m_editing;
     std::shared_ptr<const QueryShape> m_shape;

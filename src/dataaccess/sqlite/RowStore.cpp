@@ -6,28 +6,31 @@
 namespace dbsection {
 
 Cell RowStore::Read(sqlite3_stmt* row, int column) {
+    // Asking the value, not the row, spares the engine's checks at each question.
+    sqlite3_value* value = sqlite3_column_value(row, column);
     Cell cell;
-    switch (sqlite3_column_type(row, column)) {
+    const char* bytes = nullptr;
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
         cell.storage = Cell::Storage::Integer;
-        cell.integer = sqlite3_column_int64(row, column);
+        cell.integer = sqlite3_value_int64(value);
         return cell;
     case SQLITE_FLOAT:
         cell.storage = Cell::Storage::Real;
-        cell.real = sqlite3_column_double(row, column);
+        cell.real = sqlite3_value_double(value);
         return cell;
     case SQLITE_NULL:
         return cell;
     case SQLITE_BLOB:
         cell.storage = Cell::Storage::Bytes;
+        bytes = static_cast<const char*>(sqlite3_value_blob(value));
         break;
     default:
-        sqlite3_column_text(row, column); // a file may hold its texts in another encoding
         cell.storage = Cell::Storage::Text;
+        bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
         break;
     }
-    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(row, column));
-    const auto length = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
+    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
     if (m_texts.size() + length > std::numeric_limits<std::uint32_t>::max())
         throw std::bad_alloc();
     cell.extent = {static_cast<std::uint32_t>(m_texts.size()), static_cast<std::uint32_t>(length)};

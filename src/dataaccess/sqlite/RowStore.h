@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <sqlcipher/sqlite3.h>
 #include <string>
 #include <string_view>
@@ -55,7 +56,7 @@ private:
     Cell Read(sqlite3_stmt* row, int column);
 
     std::size_t m_columns;
-    std::vector<Cell> m_cells;
+    std::deque<Cell> m_cells; ///< grows without moving what is there
     std::vector<std::int64_t> m_ids;
     std::string m_texts;
 };

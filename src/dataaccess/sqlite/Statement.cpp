@@ -15,8 +15,12 @@ KeptStatement* StatementStore::Find(const std::string& key) {
     return &m_statements.front();
 }
 
+bool StatementStore::IsFree() const {
+    return std::ranges::none_of(m_statements, &KeptStatement::inUse);
+}
+
 KeptStatement& StatementStore::Keep(KeptStatement statement) {
-    constexpr std::size_t Capacity = 48;
+    constexpr std::size_t Capacity = 96; // two searches of the catalogue with the most tables
     m_statements.push_front(std::move(statement));
     if (m_statements.size() > Capacity && !m_statements.back().inUse)
         m_statements.pop_back();

@@ -76,6 +76,9 @@ public:
     KeptStatement& Keep(KeptStatement statement);
     void Clear() { m_statements.clear(); }
 
+    /// Whether none is in use.
+    bool IsFree() const;
+
 private:
     std::list<KeptStatement> m_statements;
 };

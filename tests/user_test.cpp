@@ -1,0 +1,177 @@
+// Files of the user's own sections, kept with the program and read through the façade.
+#include "FacadeSupport.h"
+#include "ProgramSupport.h"
+
+#include <memory>
+
+using namespace testsupport;
+
+namespace {
+
+constexpr const char* Values = " OD=100 T=5 AX=14.9 I=168 Z=45.1";
+
+class UserFileTest : public FacadeTest {
+protected:
+    Outcome User(const std::string& command, const std::string& arguments = "") const {
+        return Program("user " + command + " " + Quote(m_file) + " " + arguments);
+    }
+    void Create(const std::string& options = "") const {
+        const Outcome made = User("create", options);
+        ASSERT_EQ(made.status, 0) << made.output;
+    }
+
+    static std::string Names(int index, int type) {
+        std::vector<CString> names;
+        Facade::GetSectionNameList(index, type, nullptr, names, 1);
+        std::string text;
+        for (const CString& name : names)
+            text += (text.empty() ? "" : " ") + std::string(name);
+        return text;
+    }
+
+    const std::string m_file = File("mine.db3");
+};
+
+TEST_F(UserFileTest, KeepsSectionsForTheFacade) {
+    constexpr int Pipe = 2006;
+    Create("--password secret");
+    EXPECT_EQ(User("add", std::string("--password secret Pipe 'My 100'") + Values).status, 0);
+    EXPECT_EQ(
+        User("add", std::string("--password secret pipe 'My 200' --vessa-name mine2") + Values)
+            .status,
+        0);
+    const Outcome changed =
+        User("update", "--password secret Pipe my100 t=6 AX=17.7 --rename 'My 101'");
+    EXPECT_EQ(changed.status, 0) << changed.output;
+    EXPECT_NE(ReadFile(m_file).substr(0, 6), "SQLite"); // protected
+
+    Facade::m_szUserTableFileName = m_file.c_str();
+    Facade::SetSectionDBPassword(";PWD=secret");
+    EXPECT_EQ(Names(UserTableIndex, Pipe), "MY100 mine2");
+    EXPECT_EQ(Facade::GetSectionCount(UserTableIndex, Pipe), 2);
+    int type = 0;
+    auto* record = static_cast<SectionRecord*>(
+        Facade::GetSectionStructProperty(UserTableIndex, "my100", type, 1004, 2007, ""));
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(type, Pipe);
+    EXPECT_EQ(record->PublicName, "My 101");
+    const auto& info = dynamic_cast<const SECTIONINFO&>(*record);
+    EXPECT_NEAR(info.Area, 1770, 1e-6);
+    EXPECT_NEAR(info.Last, 2 * 168e4, 1e-3); // torsion constant, mm^4
+    Facade::FreeSectionData(record);
+    CString name;
+    float values[16] = {};
+    EXPECT_EQ(Facade::GetSectionDataForGUI(UserTableIndex, Pipe, 1, &name, values, "", 1005, 2007),
+              1);
+    EXPECT_NEAR(values[2], 0.6F, 1e-6); // the wall in cm
+    EXPECT_NE(User("list", "--password secret Pipe").output.find("My 101"), std::string::npos);
+}
+
+TEST_F(UserFileTest, KeepsGenericShapesInTheUnitsOfTheUser) {
+    Create("--generic --units US");
+    EXPECT_EQ(User("add", "Rectangle 'Bar 4x1' D=4 B=1 AX=4 IZ=5.33 IY=0.333 IX=1.12").status, 0);
+    Facade::SetGenericTableFileName(m_file.c_str());
+    EXPECT_EQ(Names(GenericTableIndex, 7), "BAR4X1");
+    int type = 0;
+    auto* record = static_cast<SectionRecord*>(
+        Facade::GetSectionStructProperty(GenericTableIndex, "Bar4x1", type, 1004, 2007, ""));
+    ASSERT_NE(record, nullptr);
+    EXPECT_NEAR(dynamic_cast<const SECTIONINFO&>(*record).Area, 4 * 25.4 * 25.4, 1e-3);
+    Facade::FreeSectionData(record);
+}
+
+TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
+    Create();
+    ASSERT_EQ(User("add", std::string("Pipe P1") + Values).status, 0);
+    const std::string other = File("other.db3");
+    MakeCatalogue(other, 1);
+    const std::string before = ReadFile(m_file);
+    struct {
+        const char* command;
+        std::string arguments;
+        const char* message;
+    } const cases[] = {
+        {"create", "", "cannot take this name: File exists"},
+        {"create", "--units SI", "\"SI\" is no system of units"},
+        {"add", "Pip P2", "There is no family \"Pip\"; the families are Wide Flange,"},
+        {"add", "Pipe P2 OD=100 T=5 Z=45.1",
+         "table \"Pipe\": these values are missing: AX (cross-sectional area, in CM^2), I ("},
+        {"add", "Pipe P2 Q=1", "\"Q=1\" names none of its columns"},
+        {"add", "Pipe P2 OD=1x", "\"OD=1x\": the outside diameter must be a number above zero, in"},
+        {"add", "Pipe P2 OD", "\"OD\": the outside diameter must be a number"},
+        {"add", "Pipe P2 OD=nan", "\"OD=nan\": the outside"},
+        {"add", "Pipe P2 OD=0", "\"OD=0\": the outside"},
+        {"add", "Pipe P2 T=-1", "\"T=-1\": the wall thickness"},
+        {"add", std::string("Pipe \"6' pipe\"") + Values, "cannot be a section's name"},
+        {"add", std::string("Pipe ''") + Values, "cannot be a section's name"},
+        {"add", std::string("Pipe P1 --vessa-name p2") + Values,
+         "\"P1\": Duplicate section name!! Record not saved."},
+        {"add", std::string("Pipe P2 --vessa-name p1") + Values,
+         "the section \"P1\" has the VessaName \"P1\" already"},
+        {"add", "Prismatic P1 D=1 B=1 AX=1 IZ=1 IY=1 IX=1",
+         "a section of table \"Pipe\" has the VessaName \"P1\" already"},
+        {"update", "Pipe P9 T=1", "there is no section \"P9\""},
+        {"update", "Pipe P1 Q=1", "names none of its columns"},
+    };
+    for (const auto& [command, arguments, message] : cases) {
+        const Outcome outcome = User(command, arguments);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
+        EXPECT_EQ(ReadFile(m_file), before) << arguments;
+    }
+    EXPECT_NE(Program("user list " + other).output.find("not a file of user tables"),
+              std::string::npos);
+    EXPECT_NE(Program("user list " + File("none.db3")).output.find("there is no such file"),
+              std::string::npos);
+    ASSERT_EQ(Shell("rm " + m_file).status, 0);
+    Create("--password secret");
+    EXPECT_NE(User("list").output.find("password"), std::string::npos);
+    EXPECT_NE(User("list", "--password wrong").output.find("password"), std::string::npos);
+}
+
+TEST_F(UserFileTest, RefusesAFileOfAnotherLayout) {
+    {
+        CatalogueFile file(m_file);
+        file.AddTable("Pipe", LayoutId::RoundBar);
+        CSectionRecordset info(file.Database());
+        info.Open(CSectionRecordset::Table, "DBInfo");
+        info.Edit();
+        info.SetFieldValue(0, "User tables");
+        info.Update();
+    }
+    const Outcome listed = User("list", "Pipe");
+    EXPECT_NE(
+        listed.output.find("table \"Pipe\": its columns are RECNO, Name, VessaName, D, AX, I; "
+                           "expected RECNO, Name, VessaName, OD, T, AX, I, Z."),
+        std::string::npos)
+        << listed.output;
+    EXPECT_EQ(User("add", std::string("Pipe P1") + Values).status, 1);
+}
+
+TEST_F(UserFileTest, OneOfTwoProcessesGetsAName) {
+    Create();
+    const std::string add = Quote(SECTIONDB_PROGRAM) + " user add " + Quote(m_file) + " Pipe P1" +
+                            Values + " > /dev/null 2>&1";
+    for (int round = 0; round < 5; ++round) {
+        const std::string both = "(" + add + "; echo $?) & (" + add + "; echo $?); wait";
+        const Outcome outcome = Shell(both);
+        const auto accepted = std::ranges::count(outcome.output, '0');
+        EXPECT_EQ(accepted, round == 0 ? 1 : 0) << outcome.output;
+    }
+    const std::string listed = User("list", "Pipe").output;
+    EXPECT_EQ(std::ranges::count(listed, '\n'), 3) << listed; // names, units, one section
+}
+
+TEST_F(UserFileTest, AKilledAddLeavesAWholeFile) {
+    Create();
+    for (int delay = 0; delay < 20; ++delay) {
+        const std::string name = "P" + std::to_string(delay);
+        Shell("timeout -s KILL 0.0" + std::to_string(10 + delay) + " " + Quote(SECTIONDB_PROGRAM) +
+              " user add " + Quote(m_file) + " Pipe " + name + Values + " > /dev/null");
+        EXPECT_EQ(User("list", "Pipe").status, 0);
+    }
+    EXPECT_EQ(User("add", std::string("Pipe Last") + Values).status, 0);
+    EXPECT_NE(User("list", "Pipe").output.find("LAST"), std::string::npos);
+}
+
+} // namespace

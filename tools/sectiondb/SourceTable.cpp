@@ -1,0 +1,69 @@
+#include "sectiondb/SourceTable.h"
+
+#include "catalogues/AISCSteelJoistSectionDB.h"
+#include "catalogues/JoistTables.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace dbsection {
+namespace {
+
+constexpr std::string_view LayoutAreaColumn = "AX";
+
+SourceTable MakeJoistTable(const JoistTable& joists) {
+    SourceTable table{joists.name, {}, {}, {}};
+    const bool isMaster = table.name.ends_with("Master");
+    for (const JoistColumn& column : joists.columns) {
+        const std::string_view name = column.name;
+        table.columns.push_back(
+            {column.name, column.type, column.unit, isMaster && name == "JoistID"});
+        if ((!isMaster && name == "JoistID") || name == "Designation")
+            table.indexes.push_back({"[" + std::string(name) + "]"});
+    }
+    return table;
+}
+
+} // namespace
+
+SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layout,
+                             const char* areaColumn, const std::vector<std::string>& units) {
+    // What the fixed statements search and sort by.
+    SourceTable table{name,
+                      {{"RECNO", SectionField::Long, "NUMBER", true},
+                       {"Name", SectionField::Text, "TEXT"},
+                       {"VessaName", SectionField::Text, "TEXT"}},
+                      {{"UPPER([VessaName])", true}, {"[Name]", true}},
+                      {}};
+    auto unit = units.begin();
+    for (const LayoutColumn& column : layout.columns) {
+        const bool isArea = column.name == LayoutAreaColumn;
+        const std::string title = isArea ? areaColumn : column.name;
+        const bool isText = column.quantity == Quantity::Text;
+        table.columns.push_back(
+            {title, isText ? SectionField::Text : SectionField::Double, *unit++});
+        if (isArea)
+            table.indexes.push_back({"[" + title + "]"});
+    }
+    return table;
+}
+
+std::vector<SourceTable> MakeEmptyTables(const CatalogueSectionDB& catalogue,
+                                         const UnitSystem& units) {
+    std::vector<SourceTable> tables;
+    if (dynamic_cast<const AISCSteelJoistSectionDB*>(&catalogue) != nullptr) {
+        std::ranges::transform(JoistTables(), std::back_inserter(tables), MakeJoistTable);
+        return tables;
+    }
+    for (const SectionFamily& family : catalogue.Families()) {
+        const SectionLayout& layout = GetSectionLayout(family.layout);
+        std::vector<std::string> columnUnits;
+        for (const LayoutColumn& column : layout.columns)
+            columnUnits.push_back(UnitOf(column.quantity, units));
+        tables.push_back(
+            MakeSectionTable(family.table, layout, catalogue.AreaColumn(), columnUnits));
+    }
+    return tables;
+}
+
+} // namespace dbsection

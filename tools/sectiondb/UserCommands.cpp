@@ -1,0 +1,163 @@
+#include "interface/SectionDBInterface.h"
+#include "platform/Text.h"
+#include "sectiondb/CatalogueBuilder.h"
+#include "sectiondb/Commands.h"
+#include "sectiondb/CsvTable.h"
+#include "sectiondb/UnitLabels.h"
+#include "sectiondb/UserFile.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <limits>
+#include <map>
+#include <optional>
+
+namespace dbsection {
+namespace {
+
+using Row = UserTable::Row;
+
+/// The program's name of a section: its public name in capitals without blanks.
+std::string VessaNameOf(const std::string& name) {
+    std::string vessaName = UpperCase(name);
+    std::erase(vessaName, ' ');
+    return vessaName;
+}
+
+bool MayBeZero(Quantity quantity) {
+    return quantity == Quantity::Number || quantity == Quantity::Angle ||
+           quantity == Quantity::Warping;
+}
+
+/// "COLUMN=VALUE" texts by column, which must be properties of the table.
+std::map<std::string, double> ParseValues(const UserTable& table,
+                                          const std::vector<std::string>& texts) {
+    std::map<std::string, double> values;
+    for (const std::string& text : texts) {
+        const std::size_t equals = text.find('=');
+        const std::string title = UpperCase(text.substr(0, equals));
+        const auto& properties = table.Properties();
+        const auto property = std::ranges::find_if(
+            properties, [&](const auto& candidate) { return candidate.column->name == title; });
+        if (property == properties.end())
+            throw table.Error(fmt::format("\"{}\" names none of its columns; \"sectiondb user list "
+                                          "FILE FAMILY\" prints them.",
+                                          text));
+        const std::optional<double> value =
+            equals == std::string::npos ? std::nullopt : ParseNumber(text.substr(equals + 1));
+        if (!value || *value < 0 || (*value == 0 && !MayBeZero(property->column->quantity)))
+            throw table.Error(fmt::format("\"{}\": the {} must be a number above zero, in {}.",
+                                          text, property->column->meaning, property->unit));
+        values[title] = *value;
+    }
+    return values;
+}
+
+WORD FreeIdentifier(const UserTable& table) {
+    int last = 0;
+    for (const Row& row : table.Rows())
+        last = std::max<int>(last, row.id);
+    if (last == std::numeric_limits<WORD>::max())
+        throw table.Error("it has no room for further sections; begin another file.");
+    return static_cast<WORD>(last + 1);
+}
+
+/// The values of all properties in order.
+std::vector<double> RequireAll(const UserTable& table,
+                               const std::map<std::string, double>& values) {
+    std::vector<double> all;
+    std::string missing;
+    for (const auto& [column, unit] : table.Properties()) {
+        const auto place = values.find(column->name);
+        if (place == values.end())
+            missing += fmt::format("{}{} ({}, in {})", missing.empty() ? "" : ", ", column->name,
+                                   column->meaning, unit);
+        else
+            all.push_back(place->second);
+    }
+    if (!missing.empty())
+        throw table.Error("these values are missing: " + missing + ".");
+    return all;
+}
+
+Row FindRow(const UserTable& table, const std::string& name) {
+    for (const Row& row : table.Rows())
+        if (EqualNoCase(row.name, name) || EqualNoCase(row.vessaName, name))
+            return row;
+    throw table.Error(fmt::format("there is no section \"{}\".", name));
+}
+
+void Print(const UserTable& table, const std::vector<Row>& rows) {
+    fmt::print("{:<20} {:<20}", "Name", "VessaName");
+    for (const auto& [column, unit] : table.Properties())
+        fmt::print(" {:>12}", column->name);
+    fmt::print("\n{:<20} {:<20}", "", "");
+    for (const auto& [column, unit] : table.Properties())
+        fmt::print(" {:>12}", InChosenUnits(0, unit, {}).unit);
+    for (const Row& row : rows) {
+        fmt::print("\n{:<20} {:<20}", row.name, row.vessaName);
+        for (const double value : row.values)
+            fmt::print(" {:>12g}", value);
+    }
+    fmt::print("\n");
+}
+
+} // namespace
+
+void CreateUserFile(const UserOptions& options) {
+    const UserFileKind kind = KindOf(options.isGeneric);
+    CatalogueSource source;
+    source.stem = options.file.stem().string();
+    source.title = kind.title;
+    source.standard = "None";
+    source.sourceNote = "The user's own sections";
+    source.units = FindUnitSystem(options.units);
+    if (source.units == nullptr)
+        throw CommandError(
+            fmt::format("\"{}\" is no system of units; give metric or US.", options.units));
+    SectionDBInterface::InitSectionDBInterface();
+    source.tables = MakeEmptyTables(
+        dynamic_cast<const CatalogueSectionDB&>(
+            *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(kind.index))),
+        *source.units);
+    BuildCatalogue(
+        source, options.file, options.password, [] {}, Existing::Refuse);
+    fmt::print("{}: {} tables{}\n", options.file.string(), source.tables.size(),
+               options.password.empty() ? "" : ", protected");
+}
+
+void AddUserSection(const UserOptions& options) {
+    const UserTable table(options.file, options.family);
+    Row row{FreeIdentifier(table), options.name,
+            options.vessaName.empty() ? VessaNameOf(options.name) : options.vessaName,
+            RequireAll(table, ParseValues(table, options.values))};
+    table.Add(row);
+    Print(table, {row});
+}
+
+void UpdateUserSection(const UserOptions& options) {
+    const UserTable table(options.file, options.family);
+    Row row = FindRow(table, options.name);
+    if (!options.newName.empty())
+        row.name = options.newName;
+    if (!options.vessaName.empty())
+        row.vessaName = options.vessaName;
+    const auto values = ParseValues(table, options.values);
+    for (std::size_t i = 0; i < row.values.size(); ++i)
+        if (const auto place = values.find(table.Properties()[i].column->name);
+            place != values.end())
+            row.values[i] = place->second;
+    table.Update(row);
+    Print(table, {row});
+}
+
+void ListUserFile(const UserOptions& options) {
+    if (options.family.empty()) {
+        ListFamilies(OpenUserFile(options.file));
+        return;
+    }
+    const UserTable table(options.file, options.family);
+    Print(table, table.Rows());
+}
+
+} // namespace dbsection
