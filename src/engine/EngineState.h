@@ -1,0 +1,71 @@
+// The state of the engine's interface, and how its entry points read and write arguments.
+#pragma once
+
+#include "dataaccess/DataAccess.h"
+#include "dataaccess/Guard.h"
+#include "interface/SectionDBInterface.h"
+
+#include <array>
+#include <cstdint>
+
+namespace dbsection {
+
+/// Rows of a query, where the cursor reads them.
+struct EngineSlot {
+    static constexpr int Columns = 20;
+
+    int catalogue = 0;
+    int type = 0;
+    CSectionRecordset* rows = nullptr;
+    int count = 0;
+    int valueCount = 0;                   ///< of each row
+    std::array<float, Columns> factors{}; ///< by column, the bookkeeping columns included
+
+    /// Closes the rows and sets everything else to 0, factors included.
+    void Close();
+
+    /// Begins a query of a section type.
+    void Begin(int newCatalogue, int newType);
+
+    /// Counts rows and values after a query.
+    void Count();
+
+    void SetFactors(float factor) { factors.fill(factor); }
+
+    /// Sets the factors of the values from `first` on, by the units of the slot's table: forces are
+    /// converted to `forceUnit`, lengths to `lengthUnit`; 1.0 where that is none.
+    void ConvertTo(int lengthUnit, int forceUnit = 2001, int first = BookkeepingColumns);
+
+    /// Reads the values of the current row from a column on.
+    void ReadValues(float* values, int first = BookkeepingColumns) const;
+
+    /// Moves to the first row, if any, and reads its values.
+    void ReadFirst(float* values, int first = BookkeepingColumns);
+};
+
+/// The number of a value, also of one that is kept as text.
+double EngineNumber(const COleVariant& value);
+
+inline constexpr int SlotCount = 10;
+
+/// The slots by number.
+extern std::array<EngineSlot, SlotCount> engineSlots;
+
+/// The slot of a number, or null.
+EngineSlot* FindSlot(int number);
+
+/// An incoming text without the blanks and NULs at its end; in capitals on request.
+CString EngineText(const char* text, std::int32_t length);
+CString EngineName(const char* text, std::int32_t length);
+
+/// Runs the body of an entry point and reports the kind of the last failure.
+template <class Body>
+void Enter(const char* label, std::int32_t* err, Body body) {
+    Guarded({label, "The request of the analysis engine failed."}, [&] {
+        body();
+        return 1;
+    });
+    *err = SectionDBInterface::GetExceptionType();
+}
+
+} // namespace dbsection

@@ -1,0 +1,115 @@
+// Settings, opening and closing, counting.
+#include "engine/EngineState.h"
+#include "engine/SectionEngine.h"
+
+#include "units/UNIT.h"
+
+#include <memory>
+
+using dbsection::EngineSlot;
+using dbsection::engineSlots;
+using dbsection::EngineText;
+using dbsection::Enter;
+
+namespace {
+
+int engineSessionOpen = 0;
+
+/// Opens a catalogue in engine mode, which ends with the call, and asks it for a number.
+template <class Ask>
+void AskCatalogue(const char* label, const std::int32_t* catalogue, std::int32_t* err, Ask ask) {
+    SectionDBInterface::SetEngineMode(1);
+    Enter(label, err, [&] {
+        SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase);
+        ask();
+    });
+    SectionDBInterface::SetEngineMode(0);
+}
+
+} // namespace
+
+void SETUSERTABLEFILENAME(const char* name, std::int32_t name_length) {
+    SectionDBInterface::SetUserTableFileName(EngineText(name, name_length));
+}
+
+void SETPROFILEDBFOLDER(const char* folder, std::int32_t folder_length) {
+    SectionDBInterface::SetProfileDBFolder(EngineText(folder, folder_length));
+}
+
+void SETINIFILENAME(const char* file, std::int32_t file_length) {
+    SectionDBInterface::SetINIFileName(EngineText(file, file_length));
+}
+
+void SETDBIFILENAME(const char* /*file*/, std::int32_t /*file_length*/) {}
+
+void OPENSECTIONDATABASE(const std::int32_t* catalogue, std::int32_t* err) {
+    SectionDBInterface::SetEngineMode(1);
+    Enter("OPENSECTIONDATABASE()", err,
+          [&] { SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase); });
+    for (EngineSlot& slot : engineSlots) {
+        slot.Close();
+        slot.SetFactors(1);
+    }
+    engineSessionOpen = 1;
+}
+
+void CLOSESECTIONDATABASE(std::int32_t* err) {
+    Enter("CLOSESECTIONDATABASE()", err, [] {
+        SectionDBInterface::UnInitSectionDBInterface();
+        for (EngineSlot& slot : engineSlots)
+            slot.Close();
+        SectionDBInterface::CloseSectionDatabase(&gblSectionDatabase);
+    });
+    SectionDBInterface::SetEngineMode(0);
+}
+
+void CLOSESECTIONRECORDSET(const std::int32_t* slot, std::int32_t* err) {
+    Enter("CLOSESECTIONRECORDSET()", err, [&] {
+        if (EngineSlot* found = dbsection::FindSlot(*slot))
+            found->Close();
+    });
+}
+
+void ISSECTIONDATABASECUSTOMIZED(const std::int32_t* catalogue, std::int32_t* result,
+                                 std::int32_t* err) {
+    *result = 0;
+    Enter("ISSECTIONDATABASECUSTOMIZED()", err,
+          [&] { *result = SectionDBInterface::IsCustomized(*catalogue) != 0 ? 1 : 0; });
+}
+
+void TERMINATEDAOSESSION() {
+    if (engineSessionOpen != 0)
+        terminateDAOEngine();
+    engineSessionOpen = 0;
+}
+
+void GETSECTIONCOUNT(const std::int32_t* catalogue, const std::int32_t* type, std::int32_t* count,
+                     std::int32_t* err) {
+    AskCatalogue("GETSECTIONCOUNT()", catalogue, err, [&] {
+        *count = SectionDBInterface::GetSectionCount(*catalogue, *type, &gblSectionDatabase);
+    });
+}
+
+void GETFIELDCOUNT(const std::int32_t* catalogue, const std::int32_t* type,
+                   std::int32_t* field_count, std::int32_t* err) {
+    AskCatalogue("GETFIELDCOUNT()", catalogue, err, [&] {
+        *field_count =
+            SectionDBInterface::GetSectionFieldCount(*catalogue, *type, &gblSectionDatabase);
+    });
+}
+
+void GETUNITFORFIELDANDCONVFACT(const std::int32_t* catalogue, const std::int32_t* type,
+                                const std::int32_t* value_index, const std::int32_t* unit,
+                                std::int32_t* unit_id, float* factor, std::int32_t* err) {
+    constexpr unsigned int Kip = 2001;
+    Enter("GETUNITFORFIELDANDCONVFACT()", err, [&] {
+        const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(
+            gblSectionDatabase, SectionDBInterface::GetTableFromSectionType(*catalogue, *type)));
+        if (!units)
+            return;
+        const CString& text = units->GetAt(*value_index + BookkeepingColumns);
+        *unit_id = static_cast<std::int32_t>(UNIT::StringToId(text));
+        *factor = static_cast<float>(
+            UNIT::ConvertUnitTo(1.0, text, Kip, static_cast<unsigned int>(*unit)));
+    });
+}
