@@ -123,9 +123,9 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
         {"Pipe.csv", pipe + "P,P,100,50,28.3\n", "Pipe.csv:3: the wall (T) fills the whole"},
         {"_tables.csv", tables + "Pipe,,\n", "_tables.csv:2: column Geometry: the field is empty"},
         {"_tables.csv", tables + "Pipe,round pipe,\n",
-         "_tables.csv:2: column Geometry: \"round pipe\": no geometry has this name"},
+         R"(_tables.csv:2: column Geometry: "round pipe": no geometry has this name)"},
         {"_tables.csv", tables + "Pipe,rolled I,\n",
-         "_tables.csv:2: column Geometry: \"rolled I\": not a geometry of the layout \"round tube"},
+         R"(_tables.csv:2: column Geometry: "rolled I": not a geometry of the layout "round tube)"},
         {"_tables.csv", tables + "Pipe,round tube,outside=2\n",
          R"(_tables.csv:2: column Parameters: "outside=2": "outside=2" is not a parameter)"},
         {"_tables.csv", tables + "Pipe,round tube,\nPipe,round tube,\n",
@@ -149,7 +149,7 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
         {"_catalogue.csv", "Key,Value\nTitle,Pipes\n", "_catalogue.csv: the key Source is missing"},
         {"_catalogue.csv", "Key,Value\nEdition,1\n", "_catalogue.csv:2: column Key: \"Edition\""},
         {"_catalogue.csv", "Key,Value\nTitle,a\nStandard,b\nSource,c\nUnits,SI\n",
-         "_catalogue.csv: \"SI\" is no system of units; give metric or US"},
+         R"(_catalogue.csv: "SI" is no system of units; give metric or US)"},
     };
     for (const Case& bad : cases) {
         const Sources sources;

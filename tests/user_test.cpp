@@ -2,6 +2,7 @@
 #include "FacadeSupport.h"
 #include "ProgramSupport.h"
 
+#include <fmt/format.h>
 #include <memory>
 
 using namespace testsupport;
@@ -105,11 +106,11 @@ TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
         {"add", std::string("Pipe \"6' pipe\"") + Values, "cannot be a section's name"},
         {"add", std::string("Pipe ''") + Values, "cannot be a section's name"},
         {"add", std::string("Pipe P1 --vessa-name p2") + Values,
-         "\"P1\": Duplicate section name!! Record not saved."},
+         R"("P1": Duplicate section name!! Record not saved.)"},
         {"add", std::string("Pipe P2 --vessa-name p1") + Values,
-         "the section \"P1\" has the VessaName \"P1\" already"},
+         R"(the section "P1" has the VessaName "P1" already)"},
         {"add", "Prismatic P1 D=1 B=1 AX=1 IZ=1 IY=1 IX=1",
-         "a section of table \"Pipe\" has the VessaName \"P1\" already"},
+         R"(a section of table "Pipe" has the VessaName "P1" already)"},
         {"update", "Pipe P9 T=1", "there is no section \"P9\""},
         {"update", "Pipe P1 Q=1", "names none of its columns"},
     };
@@ -153,7 +154,7 @@ TEST_F(UserFileTest, OneOfTwoProcessesGetsAName) {
     const std::string add = Quote(SECTIONDB_PROGRAM) + " user add " + Quote(m_file) + " Pipe P1" +
                             Values + " > /dev/null 2>&1";
     for (int round = 0; round < 5; ++round) {
-        const std::string both = "(" + add + "; echo $?) & (" + add + "; echo $?); wait";
+        const std::string both = fmt::format("({0}; echo $?) & ({0}; echo $?); wait", add);
         const Outcome outcome = Shell(both);
         const auto accepted = std::ranges::count(outcome.output, '0');
         EXPECT_EQ(accepted, round == 0 ? 1 : 0) << outcome.output;

@@ -8,6 +8,14 @@
 
 #include "records/LayoutRecords.h"
 
+/// Shapes that most hot-rolled catalogues have alike.
+struct COMMONSECTION {
+    using Channel = ChannelRecord;
+    using Angle = AngleRecord;
+    using Tube = RectangularTubeRecord;
+    using Pipe = RoundTubeRecord;
+};
+
 /// Cold-formed sections, as several catalogues have them.
 struct COLDFORMEDSECTION {
     using AngleWithoutLips = ColdFormedRecord;
@@ -30,14 +38,10 @@ struct HOLLOWSECTION {
 };
 
 /// Hot-rolled sections, as several catalogues have them.
-struct HOTROLLEDSECTION {
+struct HOTROLLEDSECTION : COMMONSECTION {
     using IPEShape = IShapeRecord;
     using HEShape = IShapeRecord;
     using IPNShape = IShapeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
 };
 
 struct AISCSECTION {
@@ -61,52 +65,33 @@ struct AISCSECTION {
     using AM_Cable = CableRecord;
 };
 
-struct AUSTRALIANSECTION {
+struct AUSTRALIANSECTION : COMMONSECTION, HOLLOWSECTION {
     using UBShape = IShapeRecord;
     using UCShape = IShapeRecord;
     using WBShape = IShapeRecord;
     using WCShape = IShapeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
-    using RHS = RectangularTubeRecord;
-    using SHS = RectangularTubeRecord;
-    using CHS = RoundTubeRecord;
 };
 
-struct BRITISHSECTION {
+struct BRITISHSECTION : COMMONSECTION {
     using UBShape = IShapeRecord;
     using UCShape = IShapeRecord;
     using UPShape = IShapeRecord;
     using JOShape = IShapeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
 };
 
-struct CANADIANSECTION {
+struct CANADIANSECTION : COMMONSECTION {
     using WShape = IShapeRecord;
     using MShape = IShapeRecord;
     using SShape = IShapeRecord;
     using HPShape = IShapeRecord;
     using WWShape = IShapeRecord;
-    using Channel = ChannelRecord;
     using MCChannel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
     using HSSRectangle = RectangularTubeRecord;
     using HSSRound = RoundTubeRecord;
 };
 
-struct CHINESESECTION {
+struct CHINESESECTION : COMMONSECTION {
     using IShape = IShapeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
     using TShape = TeeRecord;
     using HShape = IShapeRecord;
 };
@@ -124,7 +109,7 @@ struct DUTCHSECTION {
     using SolidSquare = RectangleRecord;
 };
 
-struct EUROPEANSECTION {
+struct EUROPEANSECTION : HOLLOWSECTION {
     using HEShape = IShapeRecord;
     using DILShape = IShapeRecord;
     using IPNShape = IShapeRecord;
@@ -142,9 +127,6 @@ struct EUROPEANSECTION {
     using SolidSquare = RectangleRecord;
     using UPEChannel = ChannelRecord;
     using UAPChannel = ChannelRecord;
-    using RHS = RectangularTubeRecord;
-    using SHS = RectangularTubeRecord;
-    using CHS = RoundTubeRecord;
 };
 
 struct FRENCHSECTION : HOTROLLEDSECTION {};
@@ -159,45 +141,30 @@ struct GERMANSECTION {
     using Pipe = RoundTubeRecord;
 };
 
-struct INDIANSECTION {
+struct INDIANSECTION : COMMONSECTION {
     using SShape = IShapeRecord;
     using IShape = IShapeRecord;
     using MShape = IShapeRecord;
     using WShape = IShapeRecord;
     using TShape = TeeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
     using NPBShape = IShapeRecord;
     using WPBShape = IShapeRecord;
 };
 
-struct JAPANESESECTION {
+struct JAPANESESECTION : COMMONSECTION, HOLLOWSECTION {
     using HShape = IShapeRecord;
     using HShapeOld = IShapeRecord;
     using IShape = IShapeRecord;
     using TShape = TeeRecord;
     using CTShape = TeeRecord;
     using TShapeOld = TeeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
-    using RHS = RectangularTubeRecord;
-    using SHS = RectangularTubeRecord;
-    using CHS = RoundTubeRecord;
 };
 
-struct RUSSIANSECTION {
+struct RUSSIANSECTION : COMMONSECTION {
     using BShape = IShapeRecord;
     using SHShape = IShapeRecord;
     using KShape = IShapeRecord;
     using IShape = IShapeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
 };
 
 struct SOUTHAFRICANSECTION {
@@ -212,23 +179,15 @@ struct SOUTHAFRICANSECTION {
 
 struct SPANISHSECTION : HOTROLLEDSECTION {};
 
-struct VENEZUELANSECTION {
+struct VENEZUELANSECTION : COMMONSECTION {
     using Beam = IShapeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
 };
 
-struct KOREANSECTION {
+struct KOREANSECTION : COMMONSECTION {
     using WShape = IShapeRecord;
     using HShape = IShapeRecord;
     using IShape = IShapeRecord;
     using WTShape = TeeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Pipe = RoundTubeRecord;
-    using Tube = RectangularTubeRecord;
 };
 
 struct ALUMINUMSECTION {
@@ -355,26 +314,18 @@ struct BRAZILIANSECTION {
 
 struct APLAPOLLOTUBESSECTION : HOLLOWSECTION {};
 
-struct USERSECTION {
+struct USERSECTION : COMMONSECTION {
     using WideFlange = IShapeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
     using DoubleAngle = AngleRecord;
     using Tee = TeeRecord;
-    using Pipe = RoundTubeRecord;
-    using Tube = RectangularTubeRecord;
     using General = GeneralRecord;
     using ISection = IShapeRecord;
     using Prismatic = RectangleRecord;
 };
 
-struct GENERICSECTION {
+struct GENERICSECTION : COMMONSECTION {
     using WShape = IShapeRecord;
     using TShape = TeeRecord;
-    using Channel = ChannelRecord;
-    using Angle = AngleRecord;
-    using Tube = RectangularTubeRecord;
-    using Pipe = RoundTubeRecord;
     using Rectangle = RectangleRecord;
     using Round = RoundBarRecord;
     using Zee = ColdFormedLippedRecord;

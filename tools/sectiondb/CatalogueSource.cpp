@@ -139,7 +139,7 @@ Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
 
 TablePlan ReadPlan(const CsvTable& csv, const CsvTable::Record& record,
                    const CatalogueSectionDB& catalogue) {
-    const std::string table = csv.RequiredText(record, "Table");
+    const std::string& table = csv.RequiredText(record, "Table");
     const SectionFamily* family = catalogue.FindFamily(table.c_str());
     if (family == nullptr)
         throw csv.Error(record, "Table", "the catalogue has no table of this name");

@@ -93,7 +93,8 @@ UserTable::UserTable(const std::filesystem::path& file, const std::string& famil
 }
 
 CommandError UserTable::Error(const std::string& fault) const {
-    return CommandError(fmt::format("{}: table \"{}\": {}", m_path, Family(), fault));
+    CommandError error(fmt::format("{}: table \"{}\": {}", m_path, Family(), fault));
+    return error;
 }
 
 void UserTable::CheckColumns() const {
