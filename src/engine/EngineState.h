@@ -27,8 +27,14 @@ struct EngineSlot {
     /// Begins a query of a section type.
     void Begin(int newCatalogue, int newType);
 
-    /// Counts rows and values after a query.
-    void Count();
+    /// Runs a query into the slot and counts its rows and values. A query that does nothing leaves
+    /// no rows of an earlier one behind.
+    template <class Query>
+    void Ask(Query query) {
+        closeRecordset(&rows);
+        query(&gblSectionDatabase, &rows);
+        Count();
+    }
 
     void SetFactors(float factor) { factors.fill(factor); }
 
@@ -41,6 +47,9 @@ struct EngineSlot {
 
     /// Moves to the first row, if any, and reads its values.
     void ReadFirst(float* values, int first = BookkeepingColumns);
+
+private:
+    void Count();
 };
 
 /// The number of a value, also of one that is kept as text.

@@ -48,8 +48,7 @@ void Ask(const List& list, Query query, Prepare prepare) {
     Enter(list.label, list.err, [&] {
         EngineSlot& slot = engineSlots[static_cast<std::size_t>(list.slot)];
         slot.Begin(*list.catalogue, *list.type);
-        query(&gblSectionDatabase, &slot.rows);
-        slot.Count();
+        slot.Ask(query);
         *list.count = slot.count;
         *list.valueCount = slot.valueCount;
         prepare(slot);
@@ -124,10 +123,12 @@ void GETRANGESORTEDSECTIONS(const std::int32_t* catalogue, const std::int32_t* t
             *lower /= factor;
         }
         const SortKeys order(keys, *key_count);
-        SectionDBInterface::GetRangeSortedSectionRecords(*catalogue, *type, order.Pairs(), *column,
-                                                         *upper, *lower, &gblSectionDatabase,
-                                                         &slot.rows);
-        slot.count = slot.rows == nullptr ? 0 : getRecordCount(&slot.rows);
+        const int fieldCount = slot.valueCount;
+        slot.Ask([&](CSectionDatabase** db, CSectionRecordset** rs) {
+            SectionDBInterface::GetRangeSortedSectionRecords(*catalogue, *type, order.Pairs(),
+                                                             *column, *upper, *lower, db, rs);
+        });
+        slot.valueCount = fieldCount; // not that of the rows
         *count = slot.count;
     });
 }

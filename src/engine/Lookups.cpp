@@ -20,8 +20,7 @@ EngineSlot& Lookup() { return engineSlots[0]; }
 template <class Query>
 void Ask(Query query, std::int32_t* count, std::int32_t* valueCount) {
     EngineSlot& slot = Lookup();
-    query(&gblSectionDatabase, &slot.rows);
-    slot.Count();
+    slot.Ask(query);
     *count = slot.count;
     *valueCount = slot.valueCount;
 }
@@ -119,6 +118,7 @@ void GETCASTELLATEDROOTBEAMSECTION(const std::int32_t* catalogue, std::int32_t* 
     Enter("GETCASTELLATEDROOTBEAMSECTION()", err, [&] {
         EngineSlot& slot = Lookup();
         slot.Begin(*catalogue, *type);
+        closeRecordset(&slot.rows);
         SectionDBInterface::GetSectionRecord(*catalogue, *type, EngineName(name, name_length),
                                              &gblSectionDatabase, &slot.rows);
         const CString beam = RootBeam();

@@ -1,0 +1,366 @@
+// The entry points of the analysis engine on small catalogues. Joists and alloys are made up.
+#include "EngineSupport.h"
+
+#include "units/UNIT.h"
+
+#include <algorithm>
+#include <filesystem>
+
+using namespace testsupport;
+
+namespace {
+
+constexpr int American = 1;
+constexpr int Joists = 21;
+constexpr int WShape = 1;
+constexpr int Rod = 15;
+constexpr std::int32_t ColumnD = 3;
+
+class EngineEntryTest : public EngineCallTest {
+protected:
+    EngineEntryTest() {
+        CatalogueFile file(File("AISCSections.db3"));
+        file.AddTable("W Shape", LayoutId::IShape,
+                      {{"W12X26", "W12X26", W12X26.properties}, {"W4", "W4X13", {3.83, 4.16}}});
+        file.AddTable("Rod", LayoutId::RoundBar,
+                      {{"A", "RB", {3.0, 7.0, 1.0}},
+                       {"B", "RA", {1.0, 0.8, 2.0}},
+                       {"C", "SC", {2.0, 3.1, 3.0}}});
+        file.AddTable("Castellated NonComp Beam", LayoutId::Castellated,
+                      {{"CB", "CB18", {COleVariant("w12x26"), 18.3}}});
+        Open(American);
+    }
+
+    struct List {
+        std::int32_t count = -7, valueCount = -7, err = -7;
+    };
+    template <class Call>
+    static List Ask(Call call) {
+        List list;
+        call(&list.count, &list.valueCount, &list.err);
+        return list;
+    }
+    static List Sorted(const std::vector<std::int32_t>& keys, std::int32_t keyCount,
+                       std::int32_t unit = AsStored) {
+        return Ask([&](auto... out) {
+            const std::int32_t catalogue = American, type = Rod;
+            GETSORTEDSECTIONS(&catalogue, &type, keys.data(), &keyCount, &unit, out...);
+        });
+    }
+};
+
+TEST_F(EngineEntryTest, ReadsASectionInTheUnitsOfTheEngine) {
+    const EngineAnswer stored = Get(American, WShape, "w12x26");
+    EXPECT_EQ(stored.count, 1);
+    EXPECT_EQ(stored.valueCount, 11);
+    EXPECT_EQ(stored.err, 0);
+    EXPECT_EQ(stored.values[0], 7.65F);
+    EXPECT_EQ(stored.values[10], 8.17F);
+    EXPECT_EQ(stored.values[11], -1); // not touched
+    for (const std::int32_t unit : {1000, 1009, -1})
+        EXPECT_EQ(Get(American, WShape, "W12X26", unit).values, stored.values);
+    const EngineAnswer metric = Get(American, WShape, "W12X26", Millimetre);
+    EXPECT_NEAR(metric.values[1], 12.2 * 25.4, 1e-3);
+    EXPECT_NEAR(metric.values[5] / (204 * 416231.4256), 1, 1e-6);
+    for (const std::string& padded :
+         {std::string("W12X26   "), std::string("W12X26\0\0 ", 9), std::string("w12X26 \0", 8)})
+        EXPECT_EQ(Get(American, WShape, padded).values, stored.values) << padded;
+}
+
+TEST_F(EngineEntryTest, FindsNothingForABadName) {
+    for (const std::string& name : {std::string(), std::string("   "), std::string("W12"),
+                                    std::string(10000, 'W'), std::string("W12X26'")}) {
+        const EngineAnswer answer = Get(American, WShape, name, Millimetre);
+        EXPECT_EQ(answer.count, 0);
+        EXPECT_EQ(answer.values[0], -1);
+    }
+    EXPECT_EQ(SectionLibraryState::GetExceptionType(), 4);
+    SectionLibraryState::SetExceptionType(0);
+    EXPECT_EQ(Get(American, 999, "W12X26").count, 0);
+    EXPECT_EQ(Get(4711, WShape, "W12X26").count, 0);
+    EXPECT_EQ(Get(American, WShape, "W12X26").count, 1);
+    EXPECT_EQ(Get(American, 999, "W12X26").count, 0); // nothing of the query before
+    EXPECT_TRUE(shownBoxes.empty()); // in engine mode
+}
+
+TEST_F(EngineEntryTest, JoinsTwoSectionsInOneValue) {
+    const EngineAnswer joined = Get(American, Rod, "rb+ra");
+    EXPECT_EQ(joined.count, 1);
+    EXPECT_EQ(joined.values[0], 3.0F);
+    EXPECT_EQ(joined.values[3], -1); // rods have three values
+    const EngineAnswer beams = Get(American, WShape, "W12x26+w12x26", Millimetre);
+    EXPECT_EQ(beams.values[3], 2 * Get(American, WShape, "W12X26", Millimetre).values[3]);
+    EXPECT_EQ(beams.values[0], Get(American, WShape, "W12X26", Millimetre).values[0]);
+    EXPECT_EQ(Get(American, WShape, "W12X26+nothing").values[3], 0.38F);
+    EXPECT_EQ(Get(American, WShape, "nothing+W12X26").values[0], -1);
+}
+
+TEST_F(EngineEntryTest, WalksASlotBothWays) {
+    const List list = Sorted({ColumnD, -1, 1, 0}, 2, Millimetre);
+    EXPECT_EQ(list.count, 3);
+    EXPECT_EQ(list.valueCount, 3);
+    EXPECT_EQ(Walk(1), "RB SC RA");
+    EXPECT_EQ(Move(GETNEXTSECTION, 1).status, 0); // past the end
+    const EngineAnswer last = Move(GETLASTSECTION, 1);
+    EXPECT_EQ(last.status, 1);
+    EXPECT_EQ(last.name, "RA");
+    EXPECT_NEAR(last.values[0], 25.4, 1e-4);
+    EXPECT_EQ(last.values[3], -1);
+    EXPECT_EQ(Move(GETPREVSECTION, 1).name, "SC");
+    EXPECT_EQ(Move(GETPREVSECTION, 1).name, "RB");
+    const EngineAnswer before = Move(GETPREVSECTION, 1);
+    EXPECT_EQ(before.status, 0);
+    EXPECT_EQ(before.name, "");
+    EXPECT_EQ(before.values[0], -1);
+    for (const std::int32_t slot : {-1, 0, 9, 10, 2147483647})
+        EXPECT_EQ(Move(GETFIRSTSECTION, slot).status, 0) << slot;
+}
+
+TEST_F(EngineEntryTest, WritesNoFurtherThanANameReaches) {
+    Sorted({ColumnD, -1, 1, 0}, 2);
+    const std::int32_t slot = 1;
+    float values[17];
+    std::int32_t status = 0;
+    std::int32_t err = 0;
+    for (std::int32_t length = 0; length <= 4; ++length) {
+        char name[] = "........";
+        GETFIRSTSECTION(&slot, name, length, values, &status, &err);
+        std::string expected = "........";
+        expected.replace(0, static_cast<std::size_t>(std::min(length, 2)), "RB", 0,
+                         static_cast<std::size_t>(std::min(length, 2)));
+        if (length > 2)
+            expected[2] = '\0';
+        EXPECT_EQ(std::string(name, 8), expected) << length;
+    }
+}
+
+TEST_F(EngineEntryTest, TakesSortKeysAsTheyCome) {
+    EXPECT_EQ(Sorted({-1, 0}, 1).count, 3);
+    EXPECT_EQ(Walk(1), "RB RA SC");
+    EXPECT_EQ(Sorted({}, 0).count, 3); // none
+    EXPECT_EQ(Sorted({}, -5).count, 3);
+    EXPECT_EQ(Sorted({ColumnD, 0}, 1).count, 3); // without an end
+    EXPECT_EQ(Walk(1), "RA SC RB");
+    EXPECT_EQ(Sorted({99, 0}, 1).count, 0); // no such column
+}
+
+TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
+    const std::int32_t catalogue = American, type = Rod, keys[] = {ColumnD, -1, 0, 0}, two = 2;
+    const std::int32_t unit = Millimetre;
+    const auto like = [&](const char* pattern) {
+        return Ask([&](auto... out) {
+                   GETLIKESORTEDSECTIONS(&catalogue, &type, keys, &two, pattern, 1, &unit, out...);
+               })
+            .count;
+    };
+    EXPECT_EQ(like("R"), 2);
+    EXPECT_EQ(Walk(2), "RA RB");
+    float upper = 51;
+    float lower = 25;
+    const List range = Ask([&](auto... out) {
+        GETRANGESORTEDSECTIONS(&catalogue, &type, keys, &two, &ColumnD, &upper, &lower, &unit,
+                               out...);
+    });
+    EXPECT_EQ(range.count, 2);
+    EXPECT_EQ(range.valueCount, 3);
+    EXPECT_NEAR(upper, 51 / 25.4, 1e-6); // in the table's unit now
+    EXPECT_EQ(Walk(3), "RA SC");
+    EXPECT_EQ(SectionDBInterface::IsEngineMode(), 0);
+    const auto assign = [&](const std::string& name) {
+        return Ask([&](auto... out) {
+                   GETASSIGNSECTIONS(&catalogue, &type, name.data(), Length(name), &unit, out...);
+               })
+            .count;
+    };
+    EXPECT_EQ(assign("ra "), 1);
+    EXPECT_EQ(assign(""), 1); // of at least the average area
+    EXPECT_EQ(Walk(4), "RB");
+}
+
+TEST_F(EngineEntryTest, FindsTheTypeOfASection) {
+    const std::int32_t catalogue = American, unit = Millimetre;
+    EngineAnswer found;
+    GETSECTIONTYPEFROMVESSANAME(&catalogue, &found.type, "ra  ", 4, &unit, found.values.data(),
+                                &found.count, &found.valueCount, &found.err);
+    EXPECT_EQ(found.type, Rod);
+    EXPECT_NEAR(found.values[0], 25.4, 1e-4);
+    EXPECT_EQ(found.err, 0);
+    GETSECTIONTYPEFROMVESSANAME(&catalogue, &found.type, "W4X13", 5, &unit, nullptr, &found.count,
+                                &found.valueCount, &found.err);
+    EXPECT_EQ(found.type, WShape);
+    EXPECT_EQ(found.count, 0);
+    EngineAnswer none;
+    GETSECTIONTYPEFROMVESSANAME(&catalogue, &none.type, "none", 4, &unit, none.values.data(),
+                                &none.count, &none.valueCount, &none.err);
+    EXPECT_EQ(none.type, -7);
+    EXPECT_EQ(none.err, -7);
+    EXPECT_EQ(none.count, 0);
+}
+
+TEST_F(EngineEntryTest, FindsTheRootOfACastellatedBeam) {
+    const std::int32_t catalogue = American, unit = AsStored;
+    const auto root = [&](const std::string& name) {
+        EngineAnswer answer;
+        answer.type = 13;
+        GETCASTELLATEDROOTBEAMSECTION(&catalogue, &answer.type, name.data(), Length(name), &unit,
+                                      answer.values.data(), &answer.count, &answer.valueCount,
+                                      &answer.err);
+        return answer;
+    };
+    EXPECT_EQ(root("CB18").count, 0); // slot 0 was empty before
+    Get(American, Rod, "RA");
+    const EngineAnswer beam = root("cb18");
+    EXPECT_EQ(beam.type, WShape);
+    EXPECT_EQ(beam.count, 1);
+    EXPECT_EQ(beam.values[0], 7.65F);
+    const EngineAnswer none = root("CB99");
+    EXPECT_EQ(none.type, 13);
+    EXPECT_EQ(none.count, 0);
+}
+
+TEST_F(EngineEntryTest, TellsCountsUnitsAndCustomization) {
+    std::int32_t catalogue = American, type = WShape, result = -7, err = -7;
+    GETSECTIONCOUNT(&catalogue, &type, &result, &err);
+    EXPECT_EQ(result, 2);
+    GETFIELDCOUNT(&catalogue, &type, &result, &err);
+    EXPECT_EQ(result, 11);
+    ISSECTIONDATABASECUSTOMIZED(&catalogue, &result, &err);
+    EXPECT_EQ(result, 0);
+    std::int32_t value = 1, unit = Millimetre, id = -7;
+    float factor = 0;
+    GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &value, &unit, &id, &factor, &err);
+    EXPECT_EQ(id, Inch);
+    EXPECT_NEAR(factor, 25.4, 1e-5);
+    value = 99;
+    try {
+        GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &value, &unit, &id, &factor, &err);
+        ADD_FAILURE() << "a value that the table does not have has a unit";
+    } catch (CInvalidArgException* e) {
+        e->Delete();
+    }
+}
+
+TEST_F(EngineEntryTest, LivesWithoutUnitsAndWithoutTheFile) {
+    UNIT::DeleteFieldUnits(gblSectionDatabase, "Rod");
+    EXPECT_EQ(Get(American, Rod, "RA", Millimetre).values[0], 1.0F);
+    std::filesystem::remove(File("AISCSections.db3"));
+    EXPECT_EQ(Get(American, Rod, "RA").count, 0);
+    EXPECT_EQ(Sorted({-1, 0}, 1).count, 0);
+    EXPECT_EQ(Walk(1), "");
+    MakeCatalogue(File("AISCSections.db3"), 1);
+    EXPECT_EQ(Open(American), 0);
+    EXPECT_EQ(Get(American, WShape, "w12x26").count, 1);
+}
+
+TEST_F(EngineEntryTest, ReadsJoistsAsStored) {
+    {
+        CatalogueFile file(File("AISCSteelJoists.db3"));
+        constexpr auto Double = SectionField::Double;
+        file.AddPlainTable("OWJoistMaster",
+                           {{"JoistID", Double},
+                            "Designation",
+                            {"SeriesID", Double},
+                            {"Depth", Double},
+                            {"Weight", Double}},
+                           {{1.0, COleVariant("10K1"), 1.0, 10.0, 5.0}});
+        file.AddPlainTable("OWJoistLoad",
+                           {{"JoistID", Double},
+                            {"Span", Double},
+                            {"TotalLoad", Double},
+                            {"LiveLoad", Double},
+                            {"TitleID", Double},
+                            {"ColorID", Double}},
+                           {{1.0, 20.0, 300.0, 200.0, 0.0, 0.0}});
+        file.AddPlainTable("JoistGirderMaster",
+                           {{"JoistID", Double},
+                            {"Span", Double},
+                            {"NumberOfJoist", Double},
+                            {"Space", Double},
+                            {"Depth", Double}},
+                           {{9.0, 30.0, 5.0, 6.0, 24.0}});
+        file.AddPlainTable("JoistGirderLoad",
+                           {{"JoistID", Double},
+                            {"PanelPtLoad", Double},
+                            {"Weight", Double},
+                            {"TitleID", Double},
+                            {"ColorID", Double}},
+                           {{9.0, 4.5, 17.0, 0.0, 0.0}});
+    }
+    Open(Joists);
+    const std::int32_t catalogue = Joists, series = 1, girders = 5, unit = Millimetre, any = 0;
+    const float span = 20, total = 250, live = 150, load = 4, noDepth = 0;
+    const auto list = [&] {
+        return Ask([&](auto... out) {
+            GETKSERIESSTEELJOISTS(&catalogue, &series, &span, &total, &live, &unit, out...);
+        });
+    };
+    EXPECT_EQ(list().count, 1);
+    EXPECT_EQ(Move(GETFIRSTSECTION, 5).name, "10K1");
+    EXPECT_EQ(Move(GETFIRSTSECTION, 5).values[0], 10);
+    std::int32_t slot = 5, err = -7;
+    CLOSESECTIONRECORDSET(&slot, &err);
+    EXPECT_EQ(Move(GETFIRSTSECTION, 5).status, 0);
+    list();
+    EXPECT_EQ(Move(GETFIRSTSECTION, 5).values[0], 0); // a closed slot's factors stay 0
+
+    EngineAnswer joist;
+    GETSTEELJOIST(&catalogue, &series, "10k1", 4, &unit, joist.values.data(), &joist.count,
+                  &joist.valueCount, &joist.err);
+    EXPECT_EQ(joist.count, 0); // of slot 7
+    EXPECT_EQ(joist.values[1], 5);
+    const List found = Ask([&](auto... out) {
+        GETJOISTGIRDERS(&catalogue, &girders, &span, &any, &load, &noDepth, &unit, out...);
+    });
+    EXPECT_EQ(found.count, 1);
+    EXPECT_EQ(Move(GETFIRSTSECTION, 8).name, "30S24G5N4.5K");
+    EngineAnswer girder;
+    GETJOISTGIRDER(&catalogue, &girders, "30S24G5N4.5K", 12, &unit, girder.values.data(),
+                   &girder.count, &girder.valueCount, &girder.err);
+    EXPECT_EQ(girder.count, 1);
+    EXPECT_EQ(girder.values[0], 30);
+    std::int32_t loadType = -7;
+    const std::int32_t longSpan = 3;
+    FINDLHSERIESLOADTYPE(&catalogue, &longSpan, &span, &load, &loadType, &err);
+    EXPECT_EQ(loadType, 0);
+}
+
+TEST_F(EngineEntryTest, ReadsTheStrengthsOfAnAlloy) {
+    CatalogueFile(File("AluminumSections.db3"))
+        .AddTable("Alloy", LayoutId::AluminiumAlloy,
+                  {{"6061",
+                    "6061",
+                    {COleVariant("Pipe"), 0.0, 1.0, 0.0, 0.0, 38.0, 35.0, 35.0, 24.0, 10100.0}}});
+    Open(17);
+    const std::int32_t catalogue = 17, type = 22, pipe = 3, no = 0, unit = Millimetre, kn = 2007;
+    const float thickness = 0.5F;
+    EngineAnswer alloy;
+    GETALUMINIUMMATERIALPROPERTY(&catalogue, &type, "6061", 4, &pipe, &no, &no, &thickness, &unit,
+                                 &kn, alloy.values.data(), &alloy.count, &alloy.valueCount,
+                                 &alloy.err);
+    EXPECT_EQ(alloy.count, 1);
+    EXPECT_EQ(alloy.valueCount, 10);
+    EXPECT_NEAR(alloy.values[1], 25.4, 1e-4); // the greatest thickness
+    EXPECT_NEAR(alloy.values[4], 38 * 4.448222 / (25.4 * 25.4), 1e-5);
+    EXPECT_EQ(alloy.values[9], -1);
+}
+
+TEST_F(EngineEntryTest, KeepsItsModeAndSettings) {
+    EXPECT_EQ(SectionDBInterface::IsEngineMode(), 1);
+    std::int32_t err = -7;
+    CLOSESECTIONDATABASE(&err);
+    EXPECT_EQ(SectionDBInterface::IsEngineMode(), 0);
+    EXPECT_EQ(gblSectionDatabase, nullptr);
+    CLOSESECTIONDATABASE(&err); // once more
+    TERMINATEDAOSESSION();
+    TERMINATEDAOSESSION();
+    SETPROFILEDBFOLDER("/somewhere  ", 12);
+    EXPECT_EQ(Facade::GetProfileDBFolder(), "/somewhere\\");
+    SETUSERTABLEFILENAME("u.db3 ", 6);
+    EXPECT_EQ(Facade::GetGenericTableFileName(), "u.db3");
+    SETINIFILENAME("Custom.Ini", 10);
+    EXPECT_EQ(Facade::m_szIniFileName, "Custom.Ini");
+    SETDBIFILENAME("x.dbi", 5);
+    EXPECT_EQ(Facade::m_szDBIFileName, "");
+}
+
+} // namespace
