@@ -29,6 +29,7 @@ struct Measure {
 std::vector<Measure> DataAccessMeasures();
 std::vector<Measure> LibraryMeasures();
 std::vector<Measure> FacadeMeasures();
+std::vector<Measure> EngineMeasures();
 std::vector<Measure> ProgramMeasures();
 
 /// Most memory that the program holds while it shows a section.

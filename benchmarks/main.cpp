@@ -71,8 +71,8 @@ bool RunAll() {
         allKept = allKept && !line.isBroken;
     };
     judge(PeakMemory(catalogues)); // first: see RunProgram
-    for (const auto& measures :
-         {DataAccessMeasures(), LibraryMeasures(), FacadeMeasures(), ProgramMeasures()})
+    for (const auto& measures : {DataAccessMeasures(), LibraryMeasures(), FacadeMeasures(),
+                                 EngineMeasures(), ProgramMeasures()})
         for (const Measure& measure : measures)
             judge(Run(measure, catalogues));
     return allKept;

@@ -14,13 +14,24 @@
 #include "platform/COleVariant.h"
 #include "platform/Export.h"
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 
 class CSectionDatabase;
 
 namespace dbsection {
 class RecordsetState;
 }
+
+/// The state of a database that rows were read in: equal stamps mean that nothing has changed in
+/// between.
+struct DBSECTION_API CSectionDataStamp {
+    std::int64_t connection = 0;
+    std::int64_t ownChanges = 0;
+    std::int64_t othersChanges = 0;
+    bool operator==(const CSectionDataStamp&) const = default;
+};
 
 class DBSECTION_API CSectionRecordset {
 public:
@@ -59,6 +70,9 @@ public:
     /// The current row's position, or -1.
     long GetAbsolutePosition() const;
     void SetAbsolutePosition(long position);
+
+    /// Nothing where there were no rows.
+    std::optional<CSectionDataStamp> GetDataStamp() const;
 
     /// Rows visited so far; all of them after MoveLast.
     long GetRecordCount() const;

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <map>
 #include <memory>
+#include <optional>
 
 namespace dbsection {
 
@@ -25,25 +27,75 @@ void EngineSlot::Begin(int newCatalogue, int newType) {
     type = newType;
 }
 
+/// The rows were read just now: their number is known without asking the file again.
 void EngineSlot::Count() {
-    count = rows == nullptr ? 0 : getRecordCount(&rows);
-    const int fields = rows == nullptr ? 0 : getFieldCount(&rows);
-    valueCount = std::max(fields - BookkeepingColumns, 0);
+    count = valueCount = 0;
+    if (rows == nullptr)
+        return;
+    valueCount = std::max(rows->GetFieldCount() - BookkeepingColumns, 0);
+    if (rows->IsEOF())
+        return;
+    rows->MoveLast();
+    count = static_cast<int>(rows->GetRecordCount());
+    rows->MoveFirst();
 }
+
+namespace {
+
+using Factors = std::array<float, EngineSlot::Columns>;
+
+/// What the conversion factors of a table's columns follow from.
+struct Conversion {
+    int catalogue;
+    int type;
+    int lengthUnit;
+    int forceUnit;
+    int first;
+    int last;
+    auto operator<=>(const Conversion&) const = default;
+};
+
+Factors ReadFactors(const Conversion& conversion) {
+    Factors factors;
+    factors.fill(1);
+    const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(
+        gblSectionDatabase,
+        SectionDBInterface::GetTableFromSectionType(conversion.catalogue, conversion.type)));
+    for (int column = conversion.first; units && column < conversion.last; ++column)
+        factors[static_cast<std::size_t>(column)] = static_cast<float>(UNIT::ConvertUnitTo(
+            1.0, units->GetAt(column), static_cast<unsigned>(conversion.forceUnit),
+            static_cast<unsigned>(conversion.lengthUnit)));
+    return factors;
+}
+
+/// The factors of a table as they were when a database had that stamp; they are kept as long as
+/// nothing changes, since the engine asks for one section after the other.
+const Factors& KeptFactors(const Conversion& conversion, const CSectionDataStamp& stamp) {
+    static std::map<Conversion, Factors> kept;
+    static CSectionDataStamp keptStamp;
+    if (keptStamp != stamp)
+        kept.clear();
+    keptStamp = stamp;
+    const auto place = kept.find(conversion);
+    return place != kept.end() ? place->second
+                               : kept.emplace(conversion, ReadFactors(conversion)).first->second;
+}
+
+} // namespace
 
 void EngineSlot::ConvertTo(int lengthUnit, int forceUnit, int first) {
     constexpr int FirstUnit = 1001;
     constexpr int LastUnit = 1008;
-    const int last = std::min(BookkeepingColumns + valueCount, Columns);
     std::fill(factors.begin() + BookkeepingColumns, factors.end(), 1.0F);
     if (lengthUnit < FirstUnit || lengthUnit > LastUnit)
         return;
-    const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(
-        gblSectionDatabase, SectionDBInterface::GetTableFromSectionType(catalogue, type)));
-    for (int column = first; units && column < last; ++column)
-        factors[static_cast<std::size_t>(column)] = static_cast<float>(
-            UNIT::ConvertUnitTo(1.0, units->GetAt(column), static_cast<unsigned>(forceUnit),
-                                static_cast<unsigned>(lengthUnit)));
+    const Conversion conversion{catalogue,  type,
+                                lengthUnit, forceUnit,
+                                first,      std::min(BookkeepingColumns + valueCount, Columns)};
+    const auto stamp = rows == nullptr ? std::nullopt : rows->GetDataStamp();
+    const Factors& columns = stamp ? KeptFactors(conversion, *stamp) : ReadFactors(conversion);
+    std::copy(columns.begin() + BookkeepingColumns, columns.end(),
+              factors.begin() + BookkeepingColumns);
 }
 
 double EngineNumber(const COleVariant& value) {

@@ -102,12 +102,14 @@ int SectionDBInterface::GetSectionFieldCount(int index, int sectionType) {
 }
 
 int SectionDBInterface::GetSectionCount(int index, int sectionType, CSectionDatabase** ppDb) {
-    SectionDBBase* catalogue = dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+    SectionDBBase* catalogue =
+        dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
     return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
 }
 
 int SectionDBInterface::GetSectionFieldCount(int index, int sectionType, CSectionDatabase** ppDb) {
-    SectionDBBase* catalogue = dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+    SectionDBBase* catalogue =
+        dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
     return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
 }
 

@@ -1,5 +1,6 @@
 // The user's selections of sections, kept in the table-index file.
 #include "interface/SectionDBInterface.h"
+#include "interface/Selection.h"
 
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
@@ -61,18 +62,21 @@ CString SelectionQuery(const CString& table, const CDWordArray& selection) {
 
 void SectionDBInterface::GetUserSelectedSections(int index, int sectionType,
                                                  CDWordArray& selection) {
+    selection.SetAtGrow(0, EverySection);
+    if (dbsection::IsRegularFile(GetDBIFileName()))
+        dbsection::ReadSelection(index, SelectionKey(index, sectionType), selection);
+}
+
+void dbsection::ReadSelection(int index, const CString& table, CDWordArray& selection) {
     constexpr int FileNotFound = 2;
     constexpr std::size_t LongestValue = 8750;
     selection.SetAtGrow(0, EverySection);
-    const CString file = GetDBIFileName();
-    if (!dbsection::IsRegularFile(file))
+    if (index > LastCatalogueIndex || table.IsEmpty())
         return;
-    const CString key = SelectionKey(index, sectionType);
-    if (key.IsEmpty())
-        return;
+    const CString file = SectionDBInterface::GetDBIFileName();
     std::array<char, LongestValue> buffer; // left as it is: the value is written over it
-    const DWORD length = GetPrivateProfileStringA(m_saSectionFile[index], key, "0", buffer.data(),
-                                                  buffer.size(), file);
+    const DWORD length = GetPrivateProfileStringA(SectionDBInterface::m_saSectionFile[index], table,
+                                                  "0", buffer.data(), buffer.size(), file);
     if (GetLastProfileError() == FileNotFound)
         return;
     std::string_view text(buffer.data(), length);

@@ -2,6 +2,7 @@
 #include "interface/SectionDBInterface.h"
 
 #include "interface/RequireOpen.h"
+#include "interface/Selection.h"
 #include "queries/QueryText.h"
 
 #include <array>
@@ -19,7 +20,7 @@ void SectionDBInterface::GetAluminiumMaterialProperty(int catalogue, int type, c
     if (table.IsEmpty())
         return;
     CDWordArray selection;
-    GetUserSelectedSections(catalogue, type, selection);
+    dbsection::ReadSelection(catalogue, table, selection);
     const auto decimal = [](unsigned number) {
         return CString(std::to_string(static_cast<int>(number)));
     };

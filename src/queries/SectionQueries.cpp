@@ -5,6 +5,7 @@
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
 #include "interface/RequireOpen.h"
+#include "interface/Selection.h"
 #include "queries/QueryText.h"
 
 #include <charconv>
@@ -21,7 +22,7 @@ struct Target {
             return;
         table = SectionDBInterface::GetTableFromSectionType(catalogue, type);
         if (!table.IsEmpty())
-            SectionDBInterface::GetUserSelectedSections(catalogue, type, selection);
+            dbsection::ReadSelection(catalogue, table, selection);
     }
 
     explicit operator bool() const { return !table.IsEmpty(); }

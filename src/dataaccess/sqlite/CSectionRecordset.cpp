@@ -81,6 +81,10 @@ void CSectionRecordset::SetAbsolutePosition(long position) {
     WithMemoryErrors([&] { OpenState(m_state).MoveTo(row); });
 }
 
+std::optional<CSectionDataStamp> CSectionRecordset::GetDataStamp() const {
+    return OpenState(m_state).Stamp();
+}
+
 long CSectionRecordset::GetRecordCount() const { return OpenState(m_state).Visited(); }
 
 int CSectionRecordset::Find(long findType, const char* criteria) {

@@ -332,7 +332,9 @@ std::int64_t Connection::PragmaValue(const std::string& sql) {
     return sqlite3_column_int64(lease.Get(), 0);
 }
 
-DataStamp Connection::Stamp() { return {m_ownChanges, PragmaValue("PRAGMA data_version")}; }
+CSectionDataStamp Connection::Stamp() {
+    return {m_serial, m_ownChanges, PragmaValue("PRAGMA data_version")};
+}
 
 const std::vector<std::string>& Connection::Tables() {
     const std::int64_t version = SchemaVersion();

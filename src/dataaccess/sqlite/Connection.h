@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dataaccess/CSectionException.h"
+#include "dataaccess/CSectionRecordset.h"
 #include "dataaccess/sqlite/EngineError.h"
 #include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/SqlText.h"
@@ -26,13 +27,6 @@ enum class Editing { No, IfPossible };
 struct ReadyQuery {
     StatementLease lease;
     std::vector<std::string> parameters;
-};
-
-/// The state of the data that a query saw: equal stamps mean unchanged data.
-struct DataStamp {
-    std::int64_t ownChanges = 0;
-    std::int64_t othersChanges = 0;
-    bool operator==(const DataStamp&) const = default;
 };
 
 /// What is opened, how, and by whom.
@@ -107,7 +101,7 @@ public:
     void ChangeSchema(const std::string& sql);
 
     /// Costs little while a reading statement is under way, else a lock of the file.
-    DataStamp Stamp();
+    CSectionDataStamp Stamp();
 
     /// Tables in the order of their creation. The list is read again when another program changed
     /// it.
@@ -126,6 +120,11 @@ public:
     void ForgetChanges();
 
 private:
+    static std::int64_t NextSerial() {
+        static std::int64_t last = 0;
+        return ++last;
+    }
+
     explicit Connection(std::string path) : m_path(std::move(path)) {}
 
     static std::unique_ptr<Connection> OpenAnew(const std::string& path,
@@ -164,6 +163,7 @@ private:
     std::string m_lastPrepareError;
     int m_lastPrepareCode = SQLITE_OK;
     StatementStore m_kept;
+    const std::int64_t m_serial = NextSerial(); ///< no two of a process have the same
     std::int64_t m_ownChanges = 0;
     std::vector<std::string> m_tables;
     std::int64_t m_tablesVersion = -1;

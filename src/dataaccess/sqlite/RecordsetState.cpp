@@ -76,7 +76,7 @@ bool RecordsetState::Fetch() {
     if (!SameColumns(statement, *shape))
         return false;
     RowStore rows(static_cast<int>(shape->columns.size()));
-    std::optional<DataStamp> stamp;
+    std::optional<CSectionDataStamp> stamp;
     if (atRow)
         stamp = Engine().Stamp();
     for (; atRow; atRow = Engine().Step(statement, path, Activity::Reading))

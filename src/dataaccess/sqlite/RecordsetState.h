@@ -22,6 +22,7 @@ public:
     const QueryShape& Shape() const { return *m_shape; }
 
     void Requery();
+    const std::optional<CSectionDataStamp>& Stamp() const { return m_stamp; }
 
     // The current row. Position -1 is before the first row, Count() behind the last.
     int Position() const { return IsAtRow() ? m_position : -1; }
@@ -70,7 +71,7 @@ private:
     Editing m_editing;
     std::shared_ptr<const QueryShape> m_shape;
     RowStore m_rows;
-    std::optional<DataStamp> m_stamp;
+    std::optional<CSectionDataStamp> m_stamp;
     int m_position = -1;
     int m_visited = 0;
     bool m_onGap = false; ///< the current row was deleted and not yet left

@@ -1,0 +1,13 @@
+// The user's selection of a table that is known by name.
+#pragma once
+
+#include "platform/CString.h"
+#include "platform/Collections.h"
+
+namespace dbsection {
+
+/// Writes the user's selection of the sections of a catalogue's table into the first elements of an
+/// array, as GetUserSelectedSections does.
+void ReadSelection(int index, const CString& table, CDWordArray& selection);
+
+} // namespace dbsection
