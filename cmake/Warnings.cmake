@@ -7,3 +7,7 @@ if(DBSECTION_SANITIZE)
   # The instrumented standard library's <regex> trips it falsely.
   target_compile_options(dbsection_warnings INTERFACE -Wno-maybe-uninitialized)
 endif()
+
+add_library(dbsection_fortran_warnings INTERFACE)
+target_compile_options(dbsection_fortran_warnings INTERFACE
+  $<$<COMPILE_LANG_AND_ID:Fortran,GNU>:-std=f2008 -Wall -Wextra -Wconversion -pedantic -Werror>)

@@ -1,5 +1,5 @@
-// Queries of steel joists: the statements, and what they find. All rows are made up: no published
-// joist is among them; there is one on each side of every bracket.
+// Queries of steel joists: the statements, and what they find.
+#include "JoistFixture.h"
 #include "QuerySupport.h"
 
 using namespace testsupport;
@@ -7,21 +7,6 @@ using namespace testsupport;
 namespace {
 
 constexpr int Catalogue = 21;
-
-using Row = std::vector<COleVariant>;
-
-Row Numbers(std::initializer_list<double> numbers) { return {numbers.begin(), numbers.end()}; }
-
-Row Joist(int id, const char* designation, int series, double depth, double weight) {
-    return {id, COleVariant(designation), series, depth, weight};
-}
-
-std::vector<Column> Columns(std::initializer_list<const char*> names) {
-    std::vector<Column> columns;
-    for (const char* name : names)
-        columns.emplace_back(name, SectionField::Double);
-    return columns;
-}
 
 constexpr const char* Select = "4 SELECT [OWJoistMaster].[JoistID], [OWJoistMaster].[Designation], "
                                "[OWJoistMaster].[Designation], [OWJoistMaster].[Depth], "
@@ -38,35 +23,7 @@ constexpr const char* SelectGirders =
 class JoistQueryTest : public QueryTest {
 protected:
     JoistQueryTest() {
-        CatalogueFile file(File("AISCSteelJoists.db3"));
-        std::vector<Column> master =
-            Columns({"JoistID", "Designation", "SeriesID", "Depth", "Weight"});
-        master[1].type = SectionField::Text;
-        file.AddPlainTable("OWJoistMaster", master,
-                           {Joist(1, "k-light", 1, 10, 5), Joist(2, "k-heavy", 1, 12, 7),
-                            Joist(3, "kcs", 2, 14, 9), Joist(4, "lh-20", 3, 20, 11),
-                            Joist(5, "lh-24", 3, 24, 13), Joist(6, "dlh", 4, 24, 30)});
-        file.AddPlainTable(
-            "OWJoistLoad",
-            Columns({"JoistID", "Span", "TotalLoad", "LiveLoad", "TitleID", "ColorID"}),
-            {Numbers({1, 20, 300, 200, 0, 0}), Numbers({1, 22, 250, 150, 0, 0}),
-             Numbers({2, 20, 400, 300, 0, 0}), Numbers({2, 22, 350, 250, 0, 0}),
-             Numbers({5, 22, 900, 500, 0, 0}), Numbers({6, 22, 990, 600, 0, 0})});
-        file.AddPlainTable("OWJoistSafeLoad",
-                           Columns({"JoistID", "Span", "SafeLoad", "TitleID", "ColorID"}),
-                           {Numbers({4, 30, 8000, 0, 0}), Numbers({4, 32, 7500, 0, 0})});
-        file.AddPlainTable("OWKCSJoistLoad",
-                           Columns({"JoistID", "MomentCapacity", "ShearCapacity", "GrossMI",
-                                    "BridgTableSectNO", "TitleID"}),
-                           {Numbers({3, 500.5, 4000, 90, 1, 0})});
-        file.AddPlainTable("JoistGirderMaster",
-                           Columns({"JoistID", "Span", "NumberOfJoist", "Space", "Depth"}),
-                           {Numbers({20, 30, 5, 6, 24}), Numbers({21, 30, 5, 6, 28}),
-                            Numbers({22, 36, 6, 6, 28})});
-        file.AddPlainTable("JoistGirderLoad",
-                           Columns({"JoistID", "PanelPtLoad", "Weight", "TitleID", "ColorID"}),
-                           {Numbers({20, 4.5, 17, 0, 0}), Numbers({20, 6, 21, 0, 0}),
-                            Numbers({21, 4.5, 15, 0, 0}), Numbers({22, 4.5, 19, 0, 0})});
+        MakeJoistCatalogue(File("AISCSteelJoists.db3"));
         Facade::GetDatabasePtr(Catalogue);
     }
 
@@ -140,7 +97,7 @@ TEST_F(JoistQueryTest, FindsJoistsOfTheKcsSeries) {
                  "AND [OWKCSJoistLoad].[ShearCapacity] >= 4000.0 ORDER BY "
                  "[OWJoistMaster].[Weight], [OWJoistMaster].[Depth], "
                  "[OWKCSJoistLoad].[MomentCapacity], [OWKCSJoistLoad].[ShearCapacity] ASC"},
-                "kcs"}));
+                "KCS"}));
     EXPECT_EQ(kcs(500.6F, 4000, 2).names, "");
     EXPECT_EQ(kcs(1, 1, 1), (Result{{}, "none"}));
 }
