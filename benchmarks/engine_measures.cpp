@@ -17,6 +17,7 @@ namespace {
 constexpr std::int32_t American = 1;
 constexpr std::int32_t WShape = 1;
 constexpr std::int32_t Millimetre = 1004;
+constexpr int NameColumn = 2;
 constexpr int FirstValue = 3;
 constexpr int ValueCount = 11;
 constexpr double Inch = 25.4;
@@ -105,18 +106,22 @@ Action SearchBound(const Catalogues& catalogues) {
     };
 }
 
-/// What a client writes that knows neither of indexes nor of kept statements.
+/// What a plain client does: it selects the table and compares the names itself, up to the end,
+/// since a second section of the name would count.
 Action PrepareAndScan(const Catalogues& catalogues) {
     return [database = OpenRaw(catalogues)] {
         Values values{};
         const EngineStatement rows(*database, "SELECT * FROM [W Shape]");
-        while (sqlite3_step(rows.Get()) == SQLITE_ROW)
-            if (sqlite3_stricmp(reinterpret_cast<const char*>(sqlite3_column_text(rows.Get(), 2)),
-                                Name) == 0) {
-                ReadValues(rows.Get(), values);
-                return;
-            }
-        Require(false, "find a section");
+        int count = 0;
+        while (sqlite3_step(rows.Get()) == SQLITE_ROW) {
+            const auto* name =
+                reinterpret_cast<const char*>(sqlite3_column_text(rows.Get(), NameColumn));
+            if (sqlite3_stricmp(name, Name) != 0)
+                continue;
+            ReadValues(rows.Get(), values);
+            ++count;
+        }
+        Require(count == 1, "find a section");
     };
 }
 
@@ -129,7 +134,7 @@ Action WalkSortedRaw(const Catalogues& catalogues) {
         std::size_t count = 0;
         for (; sqlite3_step(rows.Get()) == SQLITE_ROW; ++count) {
             std::strncpy(name.data(),
-                         reinterpret_cast<const char*>(sqlite3_column_text(rows.Get(), 2)),
+                         reinterpret_cast<const char*>(sqlite3_column_text(rows.Get(), NameColumn)),
                          name.size() - 1);
             Keep(name);
             ReadValues(rows.Get(), values);

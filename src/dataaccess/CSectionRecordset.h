@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 
 class CSectionDatabase;
 
@@ -94,6 +95,10 @@ public:
     void SetFieldNull(void* field, int isNull = 1);
 
     COleVariant GetFieldValue(int index) const;
+
+    /// The numbers of consecutive columns from `first` on; of a text what it begins with, 0 for
+    /// what is none.
+    void GetFieldNumbers(int first, std::span<double> numbers) const;
     void SetFieldValue(int index, const COleVariant& value);
     void SetFieldValue(int index, const char* value);
 

@@ -6,6 +6,7 @@
 #include "records/GirderDesignation.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 using dbsection::EngineSlot;
@@ -18,11 +19,10 @@ constexpr int GirderSlot = 8;
 /// The designation of the girder in the current row of slot 8, which has its span, depth, number of
 /// joists and panel load in the columns 3, 7, 4 and 6.
 CString GirderName(const CSectionRecordset& row) {
-    const auto number = [&](int column) {
-        return dbsection::EngineNumber(row.GetFieldValue(column));
-    };
-    const GirderDesignation girder{static_cast<int>(number(3)), static_cast<int>(number(7)),
-                                   static_cast<int>(number(4)), number(6)};
+    std::array<double, 8> column{};
+    row.GetFieldNumbers(0, column);
+    const GirderDesignation girder{static_cast<int>(column[3]), static_cast<int>(column[7]),
+                                   static_cast<int>(column[4]), column[6]};
     return girder.Text();
 }
 

@@ -3,10 +3,10 @@
 #include "units/UNIT.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 
 namespace dbsection {
 
@@ -98,19 +98,13 @@ void EngineSlot::ConvertTo(int lengthUnit, int forceUnit, int first) {
               factors.begin() + BookkeepingColumns);
 }
 
-double EngineNumber(const COleVariant& value) {
-    if (value.vt != VT_BSTR)
-        return NumberIn(value).value_or(0);
-    double number = 0; // as far as the text is one
-    std::from_chars(value.strVal.View().begin(), value.strVal.View().end(), number);
-    return number;
-}
-
 void EngineSlot::ReadValues(float* values, int first) const {
     const int last = std::min(BookkeepingColumns + valueCount, Columns);
-    for (int column = first; column < last; ++column)
-        *values++ = static_cast<float>(EngineNumber(rows->GetFieldValue(column))) *
-                    factors[static_cast<std::size_t>(column)];
+    std::array<double, Columns> numbers{};
+    const auto size = static_cast<std::size_t>(std::max(last - first, 0));
+    rows->GetFieldNumbers(first, std::span(numbers).first(size));
+    for (std::size_t i = 0; i < size; ++i)
+        values[i] = static_cast<float>(numbers[i]) * factors[static_cast<std::size_t>(first) + i];
 }
 
 void EngineSlot::ReadFirst(float* values, int first) {

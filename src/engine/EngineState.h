@@ -52,9 +52,6 @@ private:
     void Count();
 };
 
-/// The number of a value, also of one that is kept as text.
-double EngineNumber(const COleVariant& value);
-
 inline constexpr int SlotCount = 10;
 
 /// The slots by number.

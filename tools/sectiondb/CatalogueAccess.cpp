@@ -1,10 +1,10 @@
 #include "sectiondb/CatalogueAccess.h"
 
 #include "dataaccess/CSectionException.h"
+#include "dataaccess/Handles.h"
 #include "interface/SectionDBInterface.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
-#include "sectiondb/Commands.h"
 
 #include <charconv>
 #include <fmt/format.h>
@@ -32,6 +32,14 @@ std::string ReasonNotToOpen(const CString& path) {
         e->Delete();
         return std::string(message.View());
     }
+}
+
+/// A text as it stands between single quotes in a statement.
+std::string QuoteEscaped(const std::string& text) {
+    std::string escaped;
+    for (const char c : text)
+        escaped.append(c == '\'' ? 2 : 1, c);
+    return escaped;
 }
 
 } // namespace
@@ -93,18 +101,39 @@ const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& na
     throw CommandError(fmt::format("There is no family \"{}\"; the families are {}.", name, known));
 }
 
+bool HasSectionTable(const SectionFamily& family) {
+    return family.layout != LayoutId::Joist && family.layout != LayoutId::JoistGirder;
+}
+
+void VisitSections(const OpenCatalogue& open, const std::string& name,
+                   const SectionVisitor& visit) {
+    CSectionDatabase* database = open.database;
+    const std::string literal = QuoteEscaped(name);
+    for (const SectionFamily& family : open.catalogue->Families()) {
+        if (!HasSectionTable(family) || IsExistentTable(database, family.table) == 0)
+            continue;
+        const std::string sql = fmt::format("Select * From [{0}] WHERE UPPER([VessaName]) = "
+                                            "UPPER('{1}') OR UPPER([Name]) = UPPER('{1}')",
+                                            family.table, literal);
+        RecordsetHandle rows;
+        if (openRecordset(&database, rows.Address(), sql.c_str(), CSectionRecordset::Snapshot, 1) !=
+            1)
+            ThrowUnreadable(open, family);
+        for (; !rows->IsEOF(); rows->MoveNext())
+            visit(family, *rows);
+    }
+}
+
+void ThrowUnreadable(const OpenCatalogue& open, const SectionFamily& family) {
+    throw CommandError(fmt::format("{}: table \"{}\" cannot be read; the file is damaged or in "
+                                   "use. Build it again, or close the other program.",
+                                   open.database->GetName().View(), family.table));
+}
+
 std::string ConnectText(const std::string& password) {
     const bool hasEquals = password.find('=') != std::string::npos;
     if (hasEquals && password.find(';') != std::string::npos)
         throw CommandError(R"(A password cannot hold both "=" and ";"; choose another one.)");
     return hasEquals ? ";PWD=" + password : password;
 }
-
-std::string QuoteEscaped(const std::string& text) {
-    std::string escaped;
-    for (const char c : text)
-        escaped.append(c == '\'' ? 2 : 1, c);
-    return escaped;
-}
-
 } // namespace dbsection

@@ -3,7 +3,10 @@
 
 #include "catalogues/CatalogueSectionDB.h"
 #include "dataaccess/CSectionDatabase.h"
+#include "dataaccess/CSectionRecordset.h"
+#include "sectiondb/Commands.h"
 
+#include <functional>
 #include <string>
 
 namespace dbsection {
@@ -30,13 +33,23 @@ std::string TitleOf(const CString& path);
 /// The family of a catalogue that a person named. Throws CommandError, naming the families.
 const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& name);
 
+/// Whether the family has a table of sections; the tables of joists are of another kind.
+bool HasSectionTable(const SectionFamily& family);
+
+/// Given the family and the current row of a section.
+using SectionVisitor = std::function<void(const SectionFamily&, const CSectionRecordset&)>;
+
+/// Visits the sections of that name, public or the analysis program's, whatever their letter case.
+/// Throws CommandError where a table cannot be read.
+void VisitSections(const OpenCatalogue& open, const std::string& name, const SectionVisitor& visit);
+
+/// Throws the CommandError of a table that cannot be read.
+[[noreturn]] void ThrowUnreadable(const OpenCatalogue& open, const SectionFamily& family);
+
 /// Prints the families of a catalogue with their numbers of sections.
 void ListFamilies(const OpenCatalogue& open);
 
 /// The connect text that carries a password. Throws CommandError where none can.
 std::string ConnectText(const std::string& password);
-
-/// A text as it stands between single quotes in a statement.
-std::string QuoteEscaped(const std::string& text);
 
 } // namespace dbsection

@@ -111,12 +111,16 @@ void ReadTitles(const CsvTable& csv, CatalogueSource& source) {
 /// The catalogue whose file has the stem; one with text sources is known by it.
 const CatalogueSectionDB& CatalogueOf(const std::string& stem, const std::string& path) {
     SectionDBInterface::InitSectionDBInterface();
-    for (int index = 1; index <= LastCatalogueIndex; ++index)
-        if (SectionDBInterface::m_saSectionFile[index] == stem)
+    std::string known;
+    for (int index = 1; index <= LastCatalogueIndex; ++index) {
+        const std::string name = SectionDBInterface::m_saSectionFile[index];
+        if (name == stem)
             return dynamic_cast<const CatalogueSectionDB&>(
                 *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
-    throw SourceError({path, 0, "", ""}, "the folder must have the file stem of a catalogue, as "
-                                         "\"sectiondb list\" prints them");
+        known += (known.empty() ? "" : ", ") + name;
+    }
+    throw SourceError({path, 0, "", ""},
+                      "the folder must have the file stem of a catalogue: " + known);
 }
 
 /// "slope=0 toe=0.4"; lengths in mm.

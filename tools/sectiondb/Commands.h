@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -33,6 +34,17 @@ struct ShowOptions {
     bool json = false;
 };
 
+struct SelectOptions {
+    std::string catalogue;
+    std::string family;
+    std::string prefix;               ///< of the VessaName, empty: any
+    std::optional<std::string> range; ///< "FIELD:LOW:HIGH"
+    std::string sort;                 ///< "FIELD[:desc],...", empty: as in the catalogue
+    std::string length;               ///< unit name, empty: as the catalogue keeps them
+    bool csv = false;
+    bool json = false;
+};
+
 struct UserOptions {
     std::filesystem::path file;
     std::string password;
@@ -52,6 +64,11 @@ struct UserOptions {
 void Build(const BuildOptions& options);
 void List(const ListOptions& options);
 void Show(const ShowOptions& options);
+void Select(const SelectOptions& options);
+
+/// Looks a section name up in every catalogue that has a file.
+void Find(const std::string& name);
+
 void CreateUserFile(const UserOptions& options);
 void AddUserSection(const UserOptions& options);
 void UpdateUserSection(const UserOptions& options);

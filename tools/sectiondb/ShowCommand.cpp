@@ -1,9 +1,9 @@
 #include "sectiondb/CatalogueAccess.h"
 #include "sectiondb/Commands.h"
+#include "sectiondb/OutputText.h"
 #include "sectiondb/UnitLabels.h"
 
 #include "dataaccess/CCrack.h"
-#include "dataaccess/Handles.h"
 #include "interface/SectionDBInterface.h"
 #include "platform/Text.h"
 #include "units/UNIT.h"
@@ -38,11 +38,6 @@ const char* MeaningOf(LayoutId layout, std::string_view column) {
     return "";
 }
 
-/// Published figures as they stand; converted ones to the digits that they can carry.
-std::string NumberText(double value, bool isConverted) {
-    return isConverted ? fmt::format("{:.5g}", value) : fmt::format("{}", value);
-}
-
 Property ReadProperty(const CSectionRecordset& rows, int column, LayoutId layout,
                       const CStringArray& units, const UnitChoice& choice) {
     CSectionFieldInfo field;
@@ -59,7 +54,7 @@ Property ReadProperty(const CSectionRecordset& rows, int column, LayoutId layout
         column < units.GetSize() ? units[column].View() : std::string_view();
     const double stored = NumberIn(value).value_or(0);
     const LabelledValue labelled = InChosenUnits(stored, unit, choice);
-    property.value = NumberText(labelled.value, labelled.value != stored);
+    property.value = FigureText(labelled.value, labelled.value != stored);
     property.unit = labelled.unit;
     return property;
 }
@@ -77,28 +72,12 @@ Section ReadSection(const OpenCatalogue& open, const SectionFamily& family,
     return section;
 }
 
-/// All sections of that name, public or the analysis program's, whatever their letter case.
-std::vector<Section> FindSections(OpenCatalogue open, const std::string& name,
+std::vector<Section> FindSections(const OpenCatalogue& open, const std::string& name,
                                   const UnitChoice& choice) {
     std::vector<Section> sections;
-    const std::string literal = QuoteEscaped(name);
-    for (const SectionFamily& family : open.catalogue->Families()) {
-        const bool isJoist = family.layout == LayoutId::Joist ||
-                             family.layout == LayoutId::JoistGirder; // no section tables
-        if (isJoist || IsExistentTable(open.database, family.table) == 0)
-            continue;
-        const std::string sql = fmt::format("Select * From [{0}] WHERE UPPER([VessaName]) = "
-                                            "UPPER('{1}') OR UPPER([Name]) = UPPER('{1}')",
-                                            family.table, literal);
-        RecordsetHandle rows;
-        if (openRecordset(&open.database, rows.Address(), sql.c_str(), CSectionRecordset::Snapshot,
-                          1) != 1)
-            throw CommandError(fmt::format("{}: table \"{}\" cannot be read; the file is damaged "
-                                           "or in use. Build it again, or close the other program.",
-                                           open.database->GetName().View(), family.table));
-        for (; !rows->IsEOF(); rows->MoveNext())
-            sections.push_back(ReadSection(open, family, *rows, choice));
-    }
+    VisitSections(open, name, [&](const SectionFamily& family, const CSectionRecordset& rows) {
+        sections.push_back(ReadSection(open, family, rows, choice));
+    });
     return sections;
 }
 
@@ -113,19 +92,6 @@ void PrintTable(const Section& section, const std::string& catalogue) {
     for (const Property& property : section.properties)
         fmt::print("  {:<9} {:>{}} {:<{}}  {}\n", property.column, property.value, valueWidth,
                    property.unit, unitWidth, property.meaning);
-}
-
-std::string JsonText(std::string_view text) {
-    std::string json = "\"";
-    for (const char c : text) {
-        if (c == '"' || c == '\\')
-            json += '\\';
-        if (static_cast<unsigned char>(c) < 0x20)
-            json += fmt::format("\\u{:04x}", static_cast<unsigned>(c));
-        else
-            json += c;
-    }
-    return json + '"';
 }
 
 void PrintJson(const Section& section, const std::string& catalogue) {

@@ -38,6 +38,35 @@ void Apply(const CommonOptions& common) {
         SectionDBInterface::SetSectionDBPassword(ConnectText(common.password).c_str());
 }
 
+void AddSelectCommand(CLI::App& app, CommonOptions& common, SelectOptions& select) {
+    auto* command = app.add_subcommand("select", "Print the sections of a family by criteria");
+    command->add_option("catalogue", select.catalogue, "Number, file stem or name")->required();
+    command->add_option("family", select.family, "Shape family, e.g. \"W Shape\"")->required();
+    command->add_option("--like", select.prefix, "Beginning of the names")->option_text("PREFIX");
+    command->add_option("--range", select.range, "Bounds of a field, both included")
+        ->option_text("FIELD:LOW:HIGH");
+    command->add_option("--sort", select.sort, "Order of the rows")
+        ->option_text("FIELD[:desc],...");
+    command->add_option("--length", select.length, "in, ft, yd, mm, cm, dm, m or km");
+    auto* csv = command->add_flag("--csv", select.csv, "Print comma-separated text");
+    command->add_flag("--json", select.json, "Print JSON")->excludes(csv);
+    AddAccessOptions(*command, common);
+    command->callback([&] {
+        Apply(common);
+        Select(select);
+    });
+}
+
+void AddFindCommand(CLI::App& app, CommonOptions& common, std::string& name) {
+    auto* command = app.add_subcommand("find", "Find a name in all catalogues");
+    command->add_option("name", name, "Section name, e.g. W12X26")->required();
+    AddAccessOptions(*command, common);
+    command->callback([&] {
+        Apply(common);
+        Find(name);
+    });
+}
+
 void AddUserCommands(CLI::App& app, UserOptions& user) {
     auto* group = app.add_subcommand("user", "Keep sections of your own");
     group->require_subcommand(1);
@@ -112,6 +141,11 @@ int Run(CLI::App& app, int argc, char** argv) {
         Apply(common);
         Show(show);
     });
+
+    SelectOptions select;
+    AddSelectCommand(app, common, select);
+    std::string name;
+    AddFindCommand(app, common, name);
 
     UserOptions user;
     AddUserCommands(app, user);

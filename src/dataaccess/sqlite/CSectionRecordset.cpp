@@ -125,6 +125,14 @@ COleVariant CSectionRecordset::GetFieldValue(int index) const {
     return WithMemoryErrors([&] { return OpenState(m_state).Value(index); });
 }
 
+void CSectionRecordset::GetFieldNumbers(int first, std::span<double> numbers) const {
+    WithMemoryErrors([&] {
+        const RecordsetState& state = OpenState(m_state);
+        for (double& number : numbers)
+            number = state.Number(first++);
+    });
+}
+
 void CSectionRecordset::SetFieldValue(int index, const COleVariant& value) {
     WithMemoryErrors([&] { OpenState(m_state).Set(index, value); });
 }

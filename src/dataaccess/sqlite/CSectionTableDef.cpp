@@ -108,7 +108,15 @@ void CSectionTableDef::Open(const char* name) {
         Connection& connection = OpenConnection();
         const std::string table = connection.RequireTable(name);
         m_name = CString(table);
-        Reload();
+        auto& kept = connection.KeptFields();
+        const auto place = kept.find(table);
+        if (place == kept.end()) {
+            Reload();
+            kept.emplace(table, m_fields);
+            return;
+        }
+        m_fields = place->second;
+        m_state = State::InDatabase;
     });
 }
 

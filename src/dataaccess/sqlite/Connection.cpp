@@ -341,6 +341,7 @@ const std::vector<std::string>& Connection::Tables() {
     if (version == m_tablesVersion)
         return m_tables;
     m_tables.clear();
+    m_fields.clear();
     // Virtual tables have no page of their own; their code is not run.
     const StatementLease lease = Own("SELECT name FROM sqlite_master WHERE type = 'table' AND "
                                      "rootpage > 0 AND name IS NOT NULL ORDER BY rowid");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dataaccess/CSectionException.h"
+#include "dataaccess/CSectionFieldInfo.h"
 #include "dataaccess/CSectionRecordset.h"
 #include "dataaccess/sqlite/EngineError.h"
 #include "dataaccess/sqlite/FileKey.h"
@@ -10,6 +11,7 @@
 #include "platform/FileVersion.h"
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -113,6 +115,12 @@ public:
     /// The same; a table that there is not is error 3265.
     std::string RequireTable(std::string_view name);
 
+    /// The columns of a table by its name, kept by whoever reads them. Forgotten with the list of
+    /// tables, which is to be asked for beforehand.
+    std::map<std::string, std::vector<CSectionFieldInfo>, std::less<>>& KeptFields() {
+        return m_fields;
+    }
+
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
     void RequireWritable() const;
 
@@ -167,6 +175,7 @@ private:
     std::int64_t m_ownChanges = 0;
     std::vector<std::string> m_tables;
     std::int64_t m_tablesVersion = -1;
+    std::map<std::string, std::vector<CSectionFieldInfo>, std::less<>> m_fields;
 };
 
 } // namespace dbsection

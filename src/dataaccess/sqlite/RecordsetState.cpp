@@ -5,6 +5,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 namespace dbsection {
@@ -175,6 +176,20 @@ COleVariant RecordsetState::Value(int column) const {
         return COleVariant::Null();
     RequireRow();
     return ToVariant(m_rows.At(m_position, column), m_rows, m_shape->columns[index]);
+}
+
+double RecordsetState::Number(int column) const {
+    RequireColumn(column);
+    if (m_edit == Edit::None && IsAtRow()) { // most are reals, and need no variant
+        const Cell& cell = m_rows.At(m_position, column);
+        if (cell.storage == Cell::Storage::Real &&
+            m_shape->columns[static_cast<std::size_t>(column)].type == SectionField::Double)
+            return cell.real;
+    }
+    const COleVariant value = Value(column);
+    double number = NumberIn(value).value_or(0);
+    std::from_chars(value.strVal.View().begin(), value.strVal.View().end(), number);
+    return number;
 }
 
 void RecordsetState::RequireColumn(int column) const {

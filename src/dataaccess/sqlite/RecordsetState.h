@@ -40,6 +40,7 @@ public:
     bool Find(bool relative, int step, std::string_view condition);
 
     COleVariant Value(int column) const;
+    double Number(int column) const;
 
     void BeginNew();
     void BeginEdit();

@@ -1,5 +1,6 @@
 #include "dataaccess/sqlite/RowStore.h"
 
+#include <algorithm>
 #include <limits>
 #include <new>
 
@@ -8,7 +9,7 @@ namespace dbsection {
 Cell RowStore::Read(sqlite3_stmt* row, int column) {
     // Asking the value, not the row, spares the engine's checks at each question.
     sqlite3_value* value = sqlite3_column_value(row, column);
-    Cell cell;
+    Cell cell{};
     const char* bytes = nullptr;
     switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
@@ -39,23 +40,25 @@ Cell RowStore::Read(sqlite3_stmt* row, int column) {
 }
 
 void RowStore::Append(sqlite3_stmt* row, bool hasId) {
+    if (m_ids.size() == m_blocks.size() * RowsOfBlock)
+        m_blocks.push_back(std::make_unique_for_overwrite<Cell[]>(RowsOfBlock * m_columns));
     const auto columns = static_cast<int>(m_columns);
-    m_cells.resize(m_ids.size() * m_columns); // without what an append that failed has left
+    Cell* cell = Row(Count());
     for (int column = 0; column < columns; ++column)
-        m_cells.push_back(Read(row, column));
+        *cell++ = Read(row, column);
     m_ids.push_back(hasId ? sqlite3_column_int64(row, columns) : 0);
 }
 
 void RowStore::Replace(int index, sqlite3_stmt* row) {
-    const std::size_t first = static_cast<std::size_t>(index) * m_columns;
-    for (std::size_t column = 0; column < m_columns; ++column)
-        m_cells[first + column] = Read(row, static_cast<int>(column));
+    const auto columns = static_cast<int>(m_columns);
+    Cell* cell = Row(index);
+    for (int column = 0; column < columns; ++column)
+        *cell++ = Read(row, column);
 }
 
 void RowStore::Remove(int index) {
-    const auto width = static_cast<std::ptrdiff_t>(m_columns);
-    const auto first = m_cells.begin() + index * width;
-    m_cells.erase(first, first + width);
+    for (int next = index + 1; next < Count(); ++next)
+        std::copy_n(Row(next), m_columns, Row(next - 1));
     m_ids.erase(m_ids.begin() + index);
 }
 

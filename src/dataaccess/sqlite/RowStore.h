@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstdint>
-#include <deque>
+#include <memory>
 #include <sqlcipher/sqlite3.h>
 #include <string>
 #include <string_view>
@@ -19,7 +19,7 @@ struct Cell {
         std::uint32_t length;
     };
 
-    Storage storage = Storage::Null;
+    Storage storage;
     union {
         std::int64_t integer;
         double real;
@@ -44,19 +44,22 @@ public:
 
     std::int64_t Id(int index) const { return m_ids[static_cast<std::size_t>(index)]; }
     void SetId(int index, std::int64_t id) { m_ids[static_cast<std::size_t>(index)] = id; }
-    const Cell& At(int index, int column) const {
-        return m_cells[static_cast<std::size_t>(index) * m_columns +
-                       static_cast<std::size_t>(column)];
-    }
+    const Cell& At(int index, int column) const { return Row(index)[column]; }
     std::string_view TextOf(const Cell& cell) const {
         return std::string_view(m_texts).substr(cell.extent.begin, cell.extent.length);
     }
 
 private:
+    static constexpr std::size_t RowsOfBlock = 64;
+
+    Cell* Row(int index) const {
+        const auto row = static_cast<std::size_t>(index);
+        return m_blocks[row / RowsOfBlock].get() + row % RowsOfBlock * m_columns;
+    }
     Cell Read(sqlite3_stmt* row, int column);
 
     std::size_t m_columns;
-    std::deque<Cell> m_cells; ///< grows without moving what is there
+    std::vector<std::unique_ptr<Cell[]>> m_blocks; ///< grow without moving what is there
     std::vector<std::int64_t> m_ids;
     std::string m_texts;
 };

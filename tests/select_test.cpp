@@ -1,0 +1,183 @@
+// Choosing sections by criteria and finding names with the program, on the real catalogues.
+#include "ProgramSupport.h"
+#include "dbSectionInterface.h"
+#include "sectiondb/CsvTable.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+namespace {
+
+using dbsection::CsvTable;
+using testsupport::Outcome;
+using testsupport::Program;
+using testsupport::Quote;
+using testsupport::TempFolder;
+
+class SelectTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = std::make_unique<TempFolder>();
+        std::string sources;
+        for (const char* stem : {"AISCSections", "EuropeanSections", "BritishSections",
+                                 "EuropeanColdFormedSections", "AISCSteelJoists"})
+            sources += Quote(std::string(SECTIONDB_DATA_DIR "/") + stem) + " ";
+        ASSERT_EQ(Program("build " + sources + "-o " + folder->Path()).status, 0);
+    }
+    static void TearDownTestSuite() { folder.reset(); }
+
+    static Outcome On(const std::string& arguments) {
+        return Program(arguments + " --folder " + folder->Path());
+    }
+
+    /// The table that `select --csv` prints; its first record holds the units.
+    static CsvTable Selected(const std::string& arguments) {
+        const Outcome outcome = On("select " + arguments + " --csv");
+        EXPECT_EQ(outcome.status, 0) << outcome.output;
+        return {arguments, outcome.output};
+    }
+
+    static std::vector<std::string> Names(const CsvTable& table) {
+        std::vector<std::string> names;
+        for (const auto& record : table.Records().subspan(1))
+            names.push_back(table.Text(record, "VessaName"));
+        return names;
+    }
+
+    static std::unique_ptr<TempFolder> folder;
+};
+
+std::unique_ptr<TempFolder> SelectTest::folder;
+
+const std::string WShapes = "American 'W Shape' ";
+using NameList = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(SelectTest, SortsByOneFieldAndByTwo) {
+    const auto lightest = Names(Selected("1 'w shape' --sort ax"));
+    ASSERT_EQ(lightest.size(), 289U);
+    EXPECT_EQ(NameList(lightest.begin(), lightest.begin() + 3),
+              (NameList{"W6X8.5", "W6X9", "W8X10"}));
+
+    const CsvTable table = Selected(WShapes + "--sort TF:desc,AX");
+    const auto key = [&](const CsvTable::Record& record) {
+        return std::pair(-table.Number(record, "TF"), table.Number(record, "AX"));
+    };
+    EXPECT_TRUE(std::ranges::is_sorted(table.Records().subspan(1), {}, key));
+    EXPECT_EQ(Names(Selected(WShapes + "--like W6 --sort name:desc")).front(), "W6X9");
+}
+
+TEST_F(SelectTest, RowsWithoutAnOrderStandAsInTheCatalogue) {
+    EXPECT_EQ(Names(Selected(WShapes + "--range AX:2.5:3 ")),
+              (NameList{"W8X10", "W6X9", "W6X8.5"}));
+}
+
+TEST_F(SelectTest, ARangeIsTheSameInEveryUnit) {
+    const auto inches = Names(Selected(WShapes + "--range D:12:12.5"));
+    EXPECT_EQ(inches.size(), 14U);
+    EXPECT_EQ(Names(Selected(WShapes + "--range D:304.8:317.5 --length mm")), inches);
+    EXPECT_EQ(Names(Selected(WShapes + "--range D:304.8:317.5 --length mm --like w12x4")),
+              NameList{"W12X45"});
+}
+
+// Queries take single-precision bounds of the table's unit; a converted figure has more digits.
+TEST_F(SelectTest, EveryFigureLiesBetweenBoundsThatAreThatFigure) {
+    for (const std::string unit : {"", " --length in", " --length km"}) {
+        const std::string family = "European 'IPE Shape'" + unit;
+        const CsvTable table = Selected(family + " --like IPE100AA");
+        const auto& section = table.Records()[1];
+        for (const std::string& column : table.Columns().subspan(2)) {
+            const std::string& figure = table.Text(section, column);
+            std::string arguments = family;
+            arguments.append(" --range ").append(column);
+            arguments.append(":").append(figure).append(":").append(figure);
+            EXPECT_EQ(std::ranges::count(Names(Selected(arguments)), "IPE100AA"), 1) << arguments;
+        }
+    }
+}
+
+TEST_F(SelectTest, ValuesAndUnitsAreThoseOfTheFacade) {
+    SectionDBInterface::SetProfileDBFolder(CString(folder->Path() + "/"));
+    CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(7);
+    ASSERT_NE(database, nullptr);
+    SectionDBBase* european = SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(7);
+    european->SetDatabase(database);
+    const CsvTable table = Selected("European 'IPE Shape' --length in");
+    EXPECT_EQ(table.Text(table.Records()[0], "CW"), "in^6");
+    EXPECT_EQ(table.Text(table.Records()[0], "Name"), "");
+    for (const auto& record : table.Records().subspan(1)) {
+        int type = 0;
+        const std::unique_ptr<SECTIONINFO> info(european->GetSectionStructProperty(
+            table.Text(record, "VessaName").c_str(), 1001, 2002, &type));
+        ASSERT_NE(info, nullptr);
+        EXPECT_EQ(table.Text(record, "Name"), info->PublicName.View());
+        EXPECT_EQ(table.Number(record, "AX"), info->Area);
+        EXPECT_EQ(table.Number(record, "IZ"), info->MajorInertia);
+        EXPECT_EQ(table.Number(record, "IY"), info->MinorInertia);
+    }
+    SectionDBInterface::ExitSectionDBInterface();
+}
+
+TEST_F(SelectTest, PrintsJsonAndAlignedColumns) {
+    const std::string pipe = "select American Pipe --like PIPE26STD";
+    EXPECT_EQ(On(pipe + " --json").output,
+              "[\n  {\"Name\": \"Pipe26STD\", \"VessaName\": \"PIPE26STD\", \"OD\": 26, "
+              "\"T\": 0.349, \"AX\": 28.2, \"I\": 2320, \"Z\": 230, \"units\": {\"OD\": \"in\", "
+              "\"T\": \"in\", \"AX\": \"in^2\", \"I\": \"in^4\", \"Z\": \"in^3\"}}\n]\n");
+    EXPECT_EQ(On(pipe).output, "Name       VessaName  OD      T    AX     I     Z\n"
+                               "                      in     in  in^2  in^4  in^3\n"
+                               "Pipe26STD  PIPE26STD  26  0.349  28.2  2320   230\n");
+}
+
+TEST_F(SelectTest, AnEmptyResultHasOnlyHeaders) {
+    for (const char* criteria : {"--like W12_", "--like %", "--range AX:1e300:1e308"}) {
+        EXPECT_EQ(Selected(WShapes + criteria).Records().size(), 1U) << criteria;
+        EXPECT_EQ(On("select " + WShapes + criteria + " --json").output, "[\n]\n");
+    }
+}
+
+TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
+    struct Case {
+        const char* arguments;
+        const char* message;
+    };
+    constexpr std::array Cases{
+        Case{"select American 'W Shape' --range D:12", "not FIELD:LOW:HIGH"},
+        Case{"select American 'W Shape' --range ''", "not FIELD:LOW:HIGH"},
+        Case{"select American 'W Shape' --range D:tall:14", "not FIELD:LOW:HIGH"},
+        Case{"select American 'W Shape' --range D:nan:14", "not FIELD:LOW:HIGH"},
+        Case{"select American 'W Shape' --range D:12:", "not FIELD:LOW:HIGH"},
+        Case{"select American 'W Shape' --range D:14:12", "lower bound is above"},
+        Case{"select American 'W Shape' --range name:1:2", "field of texts"},
+        Case{"select American 'W Shape' --range OD:1:2", "fields are name, AX, D, BF"},
+        Case{"select American 'W Shape' --sort AX,,D", "There is no field \"\""},
+        Case{"select American 'W Shape' --sort AX:up", "FIELD:desc"},
+        Case{"select American 'W Shape' --like \"W1'\"", "holds a quote"},
+        Case{"select American 'W Shape' --length parsec", "\"parsec\" is no unit of length"},
+        Case{"select American Tea", "There is no family \"Tea\""},
+        Case{"select Canadian W", "is not in the folder"},
+        Case{"select 21 OWJoistMaster", "holds joists"},
+        Case{"find W99X9", "There is no section \"W99X9\" in the 5 catalogues"},
+    };
+    for (const Case& each : Cases) {
+        const Outcome outcome = On(each.arguments);
+        EXPECT_EQ(outcome.status, 1) << each.arguments;
+        EXPECT_NE(outcome.output.find(each.message), std::string::npos) << outcome.output;
+        EXPECT_EQ(std::ranges::count(outcome.output, '\n'), 1) << outcome.output;
+    }
+}
+
+TEST_F(SelectTest, FindsANameInAllCataloguesInOrder) {
+    const std::string byName = On("find rhs100x50x5").output;
+    EXPECT_EQ(byName, "British                      Tube                 RHS100X50X5          "
+                      "RHS 100 x 50 x 5.0\n"
+                      "European                     RHS                  RHS100X50X5          "
+                      "RHS 100 x 50 x 5.0\n"
+                      "ColdFormed (European)        RHS                  RHS100X50X5          "
+                      "RHS 100 x 50 x 5.0\n");
+    EXPECT_EQ(On("find 'RHS 100 x 50 x 5.0'").output, byName);
+}

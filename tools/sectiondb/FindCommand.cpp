@@ -1,0 +1,35 @@
+#include "sectiondb/CatalogueAccess.h"
+#include "sectiondb/Commands.h"
+
+#include "dataaccess/CCrack.h"
+#include "interface/SectionDBInterface.h"
+#include "platform/FileSystem.h"
+
+#include <fmt/format.h>
+
+namespace dbsection {
+
+void Find(const std::string& name) {
+    std::string found;
+    int catalogues = 0;
+    for (int index = 1; index <= LastCatalogueIndex; ++index) {
+        if (!HasFile(index))
+            continue;
+        ++catalogues;
+        VisitSections(
+            Open(index), name, [&](const SectionFamily& family, const CSectionRecordset& rows) {
+                found += fmt::format("{:<28} {:<20} {:<20} {}\n",
+                                     SectionDBInterface::m_saCountryName[index], family.table,
+                                     CCrack::strVARIANT(rows.GetFieldValue(VessaNameColumn)).View(),
+                                     CCrack::strVARIANT(rows.GetFieldValue(NameColumn)).View());
+            });
+    }
+    if (found.empty())
+        throw CommandError(fmt::format(
+            "There is no section \"{}\" in the {} catalogues in the folder \"{}\"; \"sectiondb "
+            "list CATALOGUE FAMILY\" prints the names.",
+            name, catalogues, NativePath(SectionDBInterface::GetDatabaseDirectoryName().View())));
+    fmt::print("{}", found);
+}
+
+} // namespace dbsection
