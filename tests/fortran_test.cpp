@@ -180,7 +180,7 @@ private:
         });
         Add("root", root.type);
         Add("root", root);
-        const std::int32_t index = 5, metre = 1007;
+        const std::int32_t index = 4, metre = 1007;
         std::int32_t unit = -7, err = -7;
         float factor = -7;
         GETUNITFORFIELDANDCONVFACT(&American, &WShape, &index, &metre, &unit, &factor, &err);

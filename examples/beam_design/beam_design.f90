@@ -49,6 +49,7 @@ program beam_design
     call print_with_cover_beam("W12X26")
     call close_catalogue()
     call terminate_session()
+    deallocate (values)
 
 contains
 

@@ -27,6 +27,7 @@ program scenario
     call close_catalogue(status)
     call show_number("close", status)
     call terminate_session()
+    deallocate (values)
 
 contains
 
@@ -114,7 +115,7 @@ contains
         call get_castellated_root_beam(american, castellated, "cb18", inch, number, values)
         call show_number("root", number)
         call show("root", "", values)
-        call get_value_unit(american, w_shape, 6_section_int, metre, number, factor)
+        call get_value_unit(american, w_shape, 5_section_int, metre, number, factor)
         call show("unit", "", [real(number, section_real), factor])
         call get_value_unit(american, w_shape, 12_section_int, metre, number, factor)
         call show("unit", "", [real(number, section_real), factor])
