@@ -52,6 +52,7 @@ struct Conversion {
     int forceUnit;
     int first;
     int last;
+    // NOLINTNEXTLINE(modernize-use-nullptr): a fault of the check
     auto operator<=>(const Conversion&) const = default;
 };
 

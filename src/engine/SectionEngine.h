@@ -22,7 +22,7 @@
 
 #include "platform/Export.h"
 
-#include <stdint.h>
+#include <stdint.h> /* NOLINT(modernize-deprecated-headers): it is C, too */
 
 #ifdef __cplusplus
 extern "C" {
