@@ -80,7 +80,7 @@ TEST_F(EngineEntryTest, FindsNothingForABadName) {
     EXPECT_EQ(Get(4711, WShape, "W12X26").count, 0);
     EXPECT_EQ(Get(American, WShape, "W12X26").count, 1);
     EXPECT_EQ(Get(American, 999, "W12X26").count, 0); // nothing of the query before
-    EXPECT_TRUE(shownBoxes.empty()); // in engine mode
+    EXPECT_TRUE(shownBoxes.empty());                  // in engine mode
 }
 
 TEST_F(EngineEntryTest, JoinsTwoSectionsInOneValue) {
@@ -238,6 +238,22 @@ TEST_F(EngineEntryTest, TellsCountsUnitsAndCustomization) {
     } catch (CInvalidArgException* e) {
         e->Delete();
     }
+}
+
+TEST_F(EngineEntryTest, TellsTheCallerOfAShortListOfUnits) {
+    UNIT::DeleteFieldUnits(gblSectionDatabase, "Rod");
+    CStringArray units;
+    for (const char* unit : {"Rod", "NUMBER", "TEXT", "TEXT", "INCHES"})
+        units.Add(unit);
+    UNIT::WriteFieldUnits(gblSectionDatabase, &units);
+    EXPECT_EQ(Get(American, Rod, "RA").values[1], 0.8F); // unconverted, none is asked for
+    try {
+        Get(American, Rod, "RA", Millimetre);
+        ADD_FAILURE() << "a short list of units was accepted";
+    } catch (CInvalidArgException* e) {
+        e->Delete();
+    }
+    EXPECT_EQ(Get(American, WShape, "W12X26", Millimetre).count, 1); // the state is whole
 }
 
 TEST_F(EngineEntryTest, LivesWithoutUnitsAndWithoutTheFile) {
