@@ -5,6 +5,7 @@
 #include "sectiondb/CatalogueBuilder.h"
 #include "sectiondb/CsvTable.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 #include <string>
@@ -61,10 +62,9 @@ bool Lists(std::string_view list, std::string_view item) {
 }
 
 bool IsException(const std::string& name, const char* column) {
-    for (const Exception& exception : Exceptions)
-        if (Lists(exception.names, name) && Lists(exception.column, column))
-            return true;
-    return false;
+    return std::ranges::any_of(Exceptions, [&](const Exception& exception) {
+        return Lists(exception.names, name) && Lists(exception.column, column);
+    });
 }
 
 std::unique_ptr<SECTIONINFO> Summary(int index, const char* name, unsigned length, unsigned force) {
