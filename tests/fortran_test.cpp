@@ -334,7 +334,9 @@ TEST_F(BeamDesign, PicksTheLightestShapeOfTheRealCatalogue) {
 
 TEST_F(BeamDesign, PrintsBothUnitsAndFailsClearly) {
     const Outcome run = Design("20 0.5 1");
-    for (const char* text : {" in:\n", " mm:\n", "+W12X26:\n", "in^4", "mm^4"})
+    // The span in ft and m; the limit of the deflection in inches and mm.
+    for (const char* text : {"20.000 ft           6.096 m\n", "0.667 in          16.933 mm\n",
+                             " in:\n", " mm:\n", "+W12X26:\n", "in^4", "mm^4"})
         EXPECT_NE(run.output.find(text), std::string::npos) << text << run.output;
     const Outcome tooLong = Design("900 50 50");
     EXPECT_EQ(tooLong.status, 1);

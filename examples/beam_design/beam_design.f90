@@ -24,6 +24,20 @@ program beam_design
     real(dp), parameter :: weight_of_steel = 0.490_dp ! kip/ft^3
     real(dp), parameter :: inches_per_foot = 12
 
+    !> The units that a quantity is printed in.
+    type :: unit_pair
+        character(6) :: name
+        character(4) :: metric_name
+        real(dp) :: factor ! from the first to the metric one
+    end type unit_pair
+    real(dp), parameter :: kilonewton = 4.4482216152605_dp ! of a kip
+    real(dp), parameter :: metres = 0.3048_dp ! of a foot
+    type(unit_pair), parameter :: length = unit_pair("ft", "m", metres)
+    type(unit_pair), parameter :: small_length = unit_pair("in", "mm", 25.4_dp)
+    type(unit_pair), parameter :: line_load = unit_pair("kip/ft", "kN/m", kilonewton / metres)
+    type(unit_pair), parameter :: weight = unit_pair("lb/ft", "kN/m", kilonewton / metres / 1000)
+    type(unit_pair), parameter :: moment = unit_pair("kip-ft", "kN-m", kilonewton * metres)
+
     ! The values of an I shape.
     integer, parameter :: ax = 1, bf = 3, tf = 4, iz = 6, zz = 10
     character(2), parameter :: labels(11) = &
@@ -139,21 +153,23 @@ contains
     end function greatest_deflection
 
     subroutine print_checks()
-        call print_value("Span", span, "ft")
-        call print_value("Dead load, beam apart", dead_load, "kip/ft")
-        call print_value("Live load", live_load, "kip/ft")
+        call print_value("Span", span, length)
+        call print_value("Dead load, beam apart", dead_load, line_load)
+        call print_value("Live load", live_load, line_load)
         print "(a)", "Lightest W shape: " // trim(name)
-        call print_value("Own weight", 1000 * own_weight(), "lb/ft")
-        call print_value("Required strength Mu", required_strength(), "kip-ft")
-        call print_value("Strength phi Mn (F2.1)", strength(), "kip-ft")
-        call print_value("Live-load deflection", deflection(), "in")
-        call print_value("Limit L/360", greatest_deflection(), "in")
+        call print_value("Own weight", 1000 * own_weight(), weight)
+        call print_value("Required strength Mu", required_strength(), moment)
+        call print_value("Strength phi Mn (F2.1)", strength(), moment)
+        call print_value("Live-load deflection", deflection(), small_length)
+        call print_value("Limit L/360", greatest_deflection(), small_length)
     end subroutine print_checks
 
     subroutine print_value(label, value, unit)
-        character(*), intent(in) :: label, unit
+        character(*), intent(in) :: label
         real(dp), intent(in) :: value
-        print "(2x, a, t28, f10.3, 1x, a)", label, value, unit
+        type(unit_pair), intent(in) :: unit
+        print "(2x, a, t26, 2(f12.3, 1x, a))", label, value, unit%name, value * unit%factor, &
+            trim(unit%metric_name)
     end subroutine print_value
 
     subroutine print_properties(unit, unit_name)
