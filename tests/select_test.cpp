@@ -159,6 +159,7 @@ TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
         Case{"select American 'W Shape' --like \"W1'\"", "holds a quote"},
         Case{"select American 'W Shape' --length parsec", "\"parsec\" is no unit of length"},
         Case{"select American Tea", "There is no family \"Tea\""},
+        Case{"select American HSS", "There is no family \"HSS\""}, // two begin so
         Case{"select Canadian W", "is not in the folder"},
         Case{"select 21 OWJoistMaster", "holds joists"},
         Case{"find W99X9", "There is no section \"W99X9\" in the 5 catalogues"},
@@ -169,6 +170,12 @@ TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
         EXPECT_NE(outcome.output.find(each.message), std::string::npos) << outcome.output;
         EXPECT_EQ(std::ranges::count(outcome.output, '\n'), 1) << outcome.output;
     }
+}
+
+TEST_F(SelectTest, TakesAFamilyByItsFirstWords) {
+    EXPECT_EQ(Names(Selected("American w --like W12X26")), NameList{"W12X26"});
+    EXPECT_EQ(Names(Selected("American 'hss round' --like HSS28X.875")),
+              NameList{"HSS28X.875"}); // another begins with the whole of it
 }
 
 TEST_F(SelectTest, FindsANameInAllCataloguesInOrder) {

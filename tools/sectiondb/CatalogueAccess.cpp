@@ -8,6 +8,8 @@
 
 #include <charconv>
 #include <fmt/format.h>
+#include <string_view>
+#include <vector>
 
 namespace dbsection {
 namespace {
@@ -92,12 +94,19 @@ OpenCatalogue Open(int index) {
 }
 
 const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& name) {
+    const std::string firstWords = name + " ";
+    std::vector<const SectionFamily*> beginning;
     std::string known;
     for (const SectionFamily& family : open.catalogue->Families()) {
-        if (EqualNoCase(family.table, name))
+        const std::string_view table = family.table;
+        if (EqualNoCase(table, name))
             return family;
-        known += (known.empty() ? "" : ", ") + std::string(family.table);
+        if (EqualNoCase(table.substr(0, firstWords.size()), firstWords))
+            beginning.push_back(&family);
+        known += (known.empty() ? "" : ", ") + std::string(table);
     }
+    if (beginning.size() == 1)
+        return *beginning.front();
     throw CommandError(fmt::format("There is no family \"{}\"; the families are {}.", name, known));
 }
 

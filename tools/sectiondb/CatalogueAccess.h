@@ -30,7 +30,8 @@ OpenCatalogue Open(int index);
 /// CommandError.
 std::string TitleOf(const CString& path);
 
-/// The family of a catalogue that a person named. Throws CommandError, naming the families.
+/// The family of a catalogue that a person named, by its whole name or by its first words where no
+/// other begins so ("W" for "W Shape"). Throws CommandError, naming the families.
 const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& name);
 
 /// Whether the family has a table of sections; the tables of joists are of another kind.
