@@ -92,7 +92,9 @@ TEST_F(EngineEntryTest, JoinsTwoSectionsInOneValue) {
     EXPECT_EQ(beams.values[3], 2 * Get(American, WShape, "W12X26", Millimetre).values[3]);
     EXPECT_EQ(beams.values[0], Get(American, WShape, "W12X26", Millimetre).values[0]);
     EXPECT_EQ(Get(American, WShape, "W12X26+nothing").values[3], 0.38F);
-    EXPECT_EQ(Get(American, WShape, "nothing+W12X26").values[0], -1);
+    const EngineAnswer second = Get(American, WShape, "nothing+W12X26");
+    EXPECT_EQ(second.count, 0);
+    EXPECT_EQ(second.values, EngineAnswer().values);
 }
 
 TEST_F(EngineEntryTest, WalksASlotBothWays) {
@@ -177,6 +179,26 @@ TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
     EXPECT_EQ(Walk(4), "RB");
 }
 
+TEST_F(EngineEntryTest, ListsARangeOfOneCatalogueAfterTheOther) {
+    constexpr std::int32_t European = 7;
+    CatalogueFile(File("EuropeanSections.db3"))
+        .AddTable("IPE Shape", LayoutId::IShape, {{"IPE 100", "IPE100", {1.6, 3.94}}});
+    const auto inRange = [](std::int32_t catalogue) {
+        const std::int32_t type = 1, end = -1, one = 1;
+        float upper = 1e6F;
+        float lower = 0;
+        return Ask([&](auto... out) {
+                   GETRANGESORTEDSECTIONS(&catalogue, &type, &end, &one, &ColumnD, &upper, &lower,
+                                          &Millimetre, out...);
+               })
+            .count;
+    };
+    EXPECT_EQ(inRange(American), 2);
+    EXPECT_EQ(inRange(European), 1);
+    EXPECT_EQ(Walk(3), "IPE100");
+    EXPECT_EQ(inRange(American), 2);
+}
+
 TEST_F(EngineEntryTest, FindsTheTypeOfASection) {
     const std::int32_t catalogue = American, unit = Millimetre;
     EngineAnswer found;
@@ -231,12 +253,13 @@ TEST_F(EngineEntryTest, TellsCountsUnitsAndCustomization) {
     GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &value, &unit, &id, &factor, &err);
     EXPECT_EQ(id, Inch);
     EXPECT_NEAR(factor, 25.4, 1e-5);
-    value = 99;
-    try {
-        GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &value, &unit, &id, &factor, &err);
-        ADD_FAILURE() << "a value that the table does not have has a unit";
-    } catch (CInvalidArgException* e) {
-        e->Delete();
+    for (const std::int32_t none : {99, -4, INT32_MAX, INT32_MIN}) {
+        try {
+            GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &none, &unit, &id, &factor, &err);
+            ADD_FAILURE() << "value " << none << ", which the table does not have, has a unit";
+        } catch (CInvalidArgException* e) {
+            e->Delete();
+        }
     }
 }
 

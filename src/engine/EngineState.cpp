@@ -23,6 +23,7 @@ void EngineSlot::Close() {
 }
 
 void EngineSlot::Begin(int newCatalogue, int newType) {
+    closeRecordset(&rows);
     catalogue = newCatalogue;
     type = newType;
 }

@@ -24,7 +24,8 @@ struct EngineSlot {
     /// Closes the rows and sets everything else to 0, factors included.
     void Close();
 
-    /// Begins a query of a section type.
+    /// Begins a query of a section type: the rows of the one before, which may be of a database
+    /// that is closed by now, are given up, but not its counts.
     void Begin(int newCatalogue, int newType);
 
     /// Runs a query into the slot and counts its rows and values. A query that does nothing leaves

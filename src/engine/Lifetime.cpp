@@ -107,7 +107,9 @@ void GETUNITFORFIELDANDCONVFACT(const std::int32_t* catalogue, const std::int32_
             gblSectionDatabase, SectionDBInterface::GetTableFromSectionType(*catalogue, *type)));
         if (!units)
             return;
-        const CString& text = units->GetAt(*value_index + BookkeepingColumns);
+        // Unsigned, as the largest index would overflow; it comes out negative, which is refused.
+        const auto column = static_cast<unsigned>(*value_index) + BookkeepingColumns;
+        const CString& text = units->GetAt(static_cast<int>(column));
         *unit_id = static_cast<std::int32_t>(UNIT::StringToId(text));
         *factor = static_cast<float>(
             UNIT::ConvertUnitTo(1.0, text, Kip, static_cast<unsigned int>(*unit)));

@@ -46,7 +46,7 @@ void ReadJoined(const CString& first, const CString& second, int unit, float* va
     std::int32_t ignoredCount = 0;
     std::int32_t ignoredValueCount = 0;
     Read(second, unit, others.data(), &ignoredCount, &ignoredValueCount);
-    if (ignoredCount > 0 && ignoredValueCount > JoinedValue)
+    if (*count > 0 && ignoredCount > 0 && ignoredValueCount > JoinedValue)
         values[JoinedValue] += others[JoinedValue];
 }
 
@@ -118,7 +118,6 @@ void GETCASTELLATEDROOTBEAMSECTION(const std::int32_t* catalogue, std::int32_t* 
     Enter("GETCASTELLATEDROOTBEAMSECTION()", err, [&] {
         EngineSlot& slot = Lookup();
         slot.Begin(*catalogue, *type);
-        closeRecordset(&slot.rows);
         SectionDBInterface::GetSectionRecord(*catalogue, *type, EngineName(name, name_length),
                                              &gblSectionDatabase, &slot.rows);
         const CString beam = RootBeam();
