@@ -341,7 +341,13 @@ TEST_F(BeamDesign, PrintsBothUnitsAndFailsClearly) {
     const Outcome tooLong = Design("900 50 50");
     EXPECT_EQ(tooLong.status, 1);
     EXPECT_NE(tooLong.output.find("SECTIONDB_FOLDER"), std::string::npos);
-    EXPECT_NE(Design("long").output.find("long is not a number"), std::string::npos);
+    for (const char* bad : {"long", "nan", "inf", "/", "30,5", "2*30", "'30 40'",
+                            "30.0000000000000000000000000000001"}) {
+        const Outcome refused = Design(bad);
+        EXPECT_EQ(refused.status, 1) << bad;
+        EXPECT_NE(refused.output.find(" is not a number"), std::string::npos) << bad;
+    }
+    EXPECT_NE(Design("30 1 1 1").output.find("Usage"), std::string::npos);
 }
 
 } // namespace

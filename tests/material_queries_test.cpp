@@ -1,5 +1,6 @@
 // Castellated beams and aluminium. The beams are made from a root beam by the geometry of the cut;
 // the strengths of the alloys are made up.
+#include "ProgramSupport.h"
 #include "QuerySupport.h"
 
 #include <cmath>
@@ -49,17 +50,43 @@ protected:
                           {{"CB18X26", "CB18X26", CutFromW12X26()}});
         american.AddTable("Castellated Comp Beam", LayoutId::Castellated,
                           {{"CB18X26", "CC18X26", CutFromW12X26()}});
-        const auto alloy = [](const char* product, double lower, double upper, int welded) {
-            return std::vector<COleVariant>{
-                COleVariant(product), lower, upper, static_cast<double>(welded), 0.0, 38.0, 35.0};
+        AddAlloys();
+    }
+
+    /// Several rows of one alloy, in the catalogue file as it is built.
+    void AddAlloys() const {
+        const Outcome built = Program("build " + Quote(SECTIONDB_DATA_DIR "/AluminumSections") +
+                                      " -o " + Quote(File("")));
+        ASSERT_EQ(built.status, 0) << built.output;
+        CSectionDatabase aluminium;
+        aluminium.Open(File("AluminumSections.db3").c_str(), 0, 0, "");
+        CSectionRecordset rows(&aluminium);
+        rows.Open(CSectionRecordset::Table, "Alloy");
+        int number = 0;
+        const auto add = [&](const char* product, double lower, double upper, double welded) {
+            const std::vector<COleVariant> values{COleVariant(++number),
+                                                  COleVariant("6061"),
+                                                  COleVariant("6061"),
+                                                  COleVariant(product),
+                                                  lower,
+                                                  upper,
+                                                  welded,
+                                                  0.0,
+                                                  38.0,
+                                                  35.0,
+                                                  35.0,
+                                                  24.0,
+                                                  10000.0};
+            rows.AddNew();
+            for (int i = 0; i < std::ssize(values); ++i)
+                rows.SetFieldValue(i, values[static_cast<std::size_t>(i)]);
+            rows.Update();
         };
-        CatalogueFile(File("AluminumSections.db3"))
-            .AddTable("Alloy", LayoutId::AluminiumAlloy,
-                      {{"a", "6061", alloy("Extrusions", 0, 0.5, 0)},
-                       {"b", "6061", alloy("Extrusions", 0.5, 3, 0)},
-                       {"c", "6061", alloy("Extrusions", 0, 3, 1)},
-                       {"d", "6061", alloy("All", 0, 1, 0)},
-                       {"e", "6061", alloy("Pipe", 0, 1, 0)}});
+        add("Extrusions", 0, 0.5, 0);
+        add("Extrusions", 0.5, 3, 0);
+        add("Extrusions", 0, 3, 1);
+        add("All", 0, 1, 0);
+        add("Pipe", 0, 1, 0);
     }
 
     Result Strengths(unsigned product, unsigned welded, float thickness) {

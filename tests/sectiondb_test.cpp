@@ -174,6 +174,10 @@ TEST_F(CatalogueTest, ErrorsSayWhatFailedAndWhatToDo) {
         EXPECT_EQ(outcome.status, 1) << each.arguments;
         EXPECT_NE(outcome.output.find(each.message), std::string::npos) << outcome.output;
     }
+    const Outcome full = Shell("{ " + Quote(SECTIONDB_PROGRAM) + " list --folder " +
+                               folder->Path() + " >/dev/full; }");
+    EXPECT_EQ(full.status, 1);
+    EXPECT_NE(full.output.find("cannot be written: No space left"), std::string::npos);
 }
 
 TEST_F(CatalogueTest, AnotherLayoutVersionIsRefused) {

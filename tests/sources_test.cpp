@@ -116,6 +116,8 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
          "Pipe.csv:4: column Name: \"p\": also the name in line 3"},
         {"Pipe.csv", pipe + "P,Q,100,10,28.3\nR,q,100,10,28.3\n",
          "Pipe.csv:4: column VessaName: \"q\": also the name in line 3"},
+        {"Pipe.csv", pipe + "P,P+Q,100,10,28.3\n", "Pipe.csv:3: column VessaName: \"P+Q\": not a"},
+        {"Pipe.csv", pipe + "P's,P,100,10,28.3\n", "Pipe.csv:3: column Name: \"P's\": not a name"},
         // geometry
         {"Pipe.csv", pipe + "P,P,100,10,29.3\n",
          "Pipe.csv:3: column AX: \"29.3\": 3.50 % too large, 1.00 % is allowed; the section's "

@@ -103,8 +103,14 @@ TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
         {"add", "Pipe P2 OD=nan", "\"OD=nan\": the outside"},
         {"add", "Pipe P2 OD=0", "\"OD=0\": the outside"},
         {"add", "Pipe P2 T=-1", "\"T=-1\": the wall thickness"},
-        {"add", std::string("Pipe \"6' pipe\"") + Values, "cannot be a section's name"},
-        {"add", std::string("Pipe ''") + Values, "cannot be a section's name"},
+        {"add", "Pipe P2 OD=1 od=2", "\"od=2\": OD is given twice"},
+        {"add", std::string("Pipe \"6' pipe\"") + Values, "section's name: it holds a quote"},
+        {"add", std::string("Pipe ''") + Values, "section's name: it is empty"},
+        {"add", std::string("Pipe 'P2 '") + Values, "section's name: it begins or ends with"},
+        {"add", std::string("Pipe P2 --vessa-name A+B") + Values, R"(VessaName: it holds a "+")"},
+        {"add", std::string("Pipe 'P\n2'") + Values, "it holds a control character"},
+        {"add", std::string("Pipe R\u00F6hre") + Values, "--vessa-name"},
+        {"add", "Pipe " + std::string(65, 'P') + Values, "more than 64 characters"},
         {"add", std::string("Pipe P1 --vessa-name p2") + Values,
          R"("P1": Duplicate section name!! Record not saved.)"},
         {"add", std::string("Pipe P2 --vessa-name p1") + Values,
@@ -128,6 +134,23 @@ TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
     Create("--password secret");
     EXPECT_NE(User("list").output.find("password"), std::string::npos);
     EXPECT_NE(User("list", "--password wrong").output.find("password"), std::string::npos);
+}
+
+TEST_F(UserFileTest, TakesTheGivenPasswordBeforeThatOfTheEnvironment) {
+    ::setenv("SECTIONDB_PASSWORD", "ours", 1);
+    Create("--password given");
+    EXPECT_EQ(User("list", "--password given").status, 0);
+    EXPECT_EQ(User("list").status, 1);
+    ::setenv("SECTIONDB_PASSWORD", "given", 1);
+    EXPECT_EQ(User("list").status, 0);
+    ::unsetenv("SECTIONDB_PASSWORD");
+}
+
+TEST_F(UserFileTest, UpdatesTheSectionOfThatPublicNameFirst) {
+    Create();
+    EXPECT_EQ(User("add", std::string("Pipe First --vessa-name Second") + Values).status, 0);
+    EXPECT_EQ(User("add", std::string("Pipe Second --vessa-name Other") + Values).status, 0);
+    EXPECT_NE(User("update", "Pipe second T=6").output.find("Other"), std::string::npos);
 }
 
 TEST_F(UserFileTest, RefusesAFileOfAnotherLayout) {

@@ -48,9 +48,14 @@ program beam_design
     real(dp) :: span, dead_load, live_load ! ft, kip/ft, kip/ft
     character(longest_name) :: name
     real(section_real), allocatable :: values(:)
+    integer(section_int) :: status
 
     call read_arguments()
-    call open_catalogue(american)
+    call open_catalogue(american, status)
+    if (status /= status_ok) then
+        call fail("The American catalogue cannot be opened: check its file in the folder that " // &
+                  "SECTIONDB_FOLDER names, and SECTIONDB_PASSWORD.")
+    end if
     call choose()
     if (size(values) == 0) then
         call close_catalogue()
@@ -68,6 +73,7 @@ program beam_design
 contains
 
     subroutine read_arguments()
+        if (command_argument_count() > 3) call fail("Usage: beam_design [SPAN DEAD LIVE]")
         span = argument(1, 30.0_dp)
         dead_load = argument(2, 0.8_dp)
         live_load = argument(3, 1.2_dp)
@@ -81,12 +87,12 @@ contains
         real(dp), intent(in) :: default_value
         real(dp) :: value
         character(32) :: text
-        integer :: failure
+        integer :: cut, failure
         value = default_value
         if (command_argument_count() < number) return
-        call get_command_argument(number, text)
+        call get_command_argument(number, text, status=cut)
         read (text, *, iostat=failure) value
-        if (failure /= 0) then
+        if (cut /= 0 .or. failure /= 0 .or. verify(trim(text), "+-.0123456789Ee") /= 0) then
             call fail(trim(text) // " is not a number. Usage: beam_design [SPAN DEAD LIVE]")
         end if
     end function argument

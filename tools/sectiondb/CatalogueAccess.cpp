@@ -76,6 +76,11 @@ bool HasFile(int index) { return !SectionDBInterface::GetDatabaseFileName(index)
 
 OpenCatalogue Open(int index) {
     const CString path = SectionDBInterface::GetDatabaseFileName(index);
+    if (path.IsEmpty() && SectionDBInterface::IsCustomized(index) != 0)
+        throw CommandError(fmt::format(
+            "The settings file replaces {}.db3 by a file that there is not; mend its section "
+            "\"CustomDBNames\", or build that file.",
+            SectionDBInterface::m_saSectionFile[index]));
     if (path.IsEmpty())
         throw CommandError(fmt::format(
             "{}.db3 is not in the folder \"{}\"; build it there, or name its folder with --folder.",

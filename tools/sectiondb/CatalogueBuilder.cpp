@@ -44,8 +44,10 @@ public:
         else // unlike renaming, this fails where there is a file
             std::filesystem::create_hard_link(m_path, m_target, error);
         if (error)
-            throw CommandError(fmt::format("{}: the finished file cannot take this name: {}.",
-                                           m_target.string(), error.message()));
+            throw CommandError(
+                fmt::format("{}: the finished file cannot take this name: {}; choose another "
+                            "one.",
+                            m_target.string(), error.message()));
     }
 
 private:

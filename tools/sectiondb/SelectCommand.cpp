@@ -144,7 +144,7 @@ struct Criteria {
 Criteria ParseCriteria(const Table& table, const SelectOptions& options) {
     if (options.prefix.find('\'') != std::string::npos)
         throw CommandError(fmt::format(
-            "The prefix \"{}\" holds a quote, which no section's name does; leave it out.",
+            "The prefix \"{}\" holds a quote, which no section's name can; leave it out.",
             options.prefix));
     Criteria criteria{options.prefix, std::nullopt, ParseSort(table, options.sort)};
     if (options.range)

@@ -28,12 +28,14 @@ SourceTable MakeJoistTable(const JoistTable& joists) {
 
 SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layout,
                              const char* areaColumn, const std::vector<std::string>& units) {
+    // An alloy has a row for each product and range of thickness.
+    const bool isUnique = layout.id != LayoutId::AluminiumAlloy;
     // What the fixed statements search and sort by.
     SourceTable table{name,
                       {{"RECNO", SectionField::Long, "NUMBER", true},
                        {"Name", SectionField::Text, "TEXT"},
                        {"VessaName", SectionField::Text, "TEXT"}},
-                      {{"UPPER([VessaName])", true}, {"[Name]", true}},
+                      {{"UPPER([VessaName])", isUnique}, {"[Name]", isUnique}},
                       {}};
     auto unit = units.begin();
     for (const LayoutColumn& column : layout.columns) {

@@ -1,6 +1,7 @@
 #include "sectiondb/SourceTableReader.h"
 
 #include "platform/Text.h"
+#include "sectiondb/NameRule.h"
 #include "sectiondb/SourceUnits.h"
 
 #include <algorithm>
@@ -120,7 +121,9 @@ private:
     }
 
     SourceRow ReadRow(const CsvTable::Record& record) {
-        SourceRow row{UniqueName(record, NameColumn), UniqueName(record, VessaNameColumn), {}};
+        SourceRow row{UniqueName(record, NameColumn, NameFault),
+                      UniqueName(record, VessaNameColumn, VessaNameFault),
+                      {}};
         const Figures published = Published(record);
         const Figures computed = Computed(record, published);
         for (std::size_t i = 0; i < m_units.size(); ++i) {
@@ -141,8 +144,11 @@ private:
     }
 
     /// A name that no earlier section of the table has, whatever its case.
-    std::string UniqueName(const CsvTable::Record& record, const char* column) {
+    std::string UniqueName(const CsvTable::Record& record, const char* column,
+                           std::string (*faultOf)(const std::string&)) {
         std::string name = m_csv.RequiredText(record, column);
+        if (const std::string fault = faultOf(name); !fault.empty())
+            throw m_csv.Error(record, column, "not a name: " + fault);
         const auto [place, isNew] = m_lines.try_emplace({column, UpperCase(name)}, record.line);
         if (!isNew)
             throw m_csv.Error(record, column,

@@ -48,7 +48,8 @@ std::map<std::string, double> ParseValues(const UserTable& table,
         if (!value || *value < 0 || (*value == 0 && !MayBeZero(property->column->quantity)))
             throw table.Error(fmt::format("\"{}\": the {} must be a number above zero, in {}.",
                                           text, property->column->meaning, property->unit));
-        values[title] = *value;
+        if (!values.try_emplace(title, *value).second)
+            throw table.Error(fmt::format("\"{}\": {} is given twice.", text, title));
     }
     return values;
 }
@@ -81,9 +82,11 @@ std::vector<double> RequireAll(const UserTable& table,
 }
 
 Row FindRow(const UserTable& table, const std::string& name) {
-    for (const Row& row : table.Rows())
-        if (EqualNoCase(row.name, name) || EqualNoCase(row.vessaName, name))
-            return row;
+    const std::vector<Row> rows = table.Rows();
+    for (const auto kind : {&Row::name, &Row::vessaName}) // a public name goes before
+        for (const Row& row : rows)
+            if (EqualNoCase(row.*kind, name))
+                return row;
     throw table.Error(fmt::format("there is no section \"{}\".", name));
 }
 

@@ -6,6 +6,7 @@
 #include "interface/SectionDBInterface.h"
 #include "platform/MessageBox.h"
 #include "platform/Text.h"
+#include "sectiondb/NameRule.h"
 #include "units/UNIT.h"
 
 #include <array>
@@ -137,10 +138,12 @@ std::vector<UserTable::Row> UserTable::Rows() const {
 
 /// The library finds a section by its VessaName in all tables: two of one name hide each other.
 void UserTable::RequireFreeNames(const Row& row) const {
-    for (const std::string& name : {row.name, row.vessaName})
-        if (Trim(name).empty() || name.find('\'') != std::string::npos)
-            throw Error(
-                fmt::format("\"{}\" cannot be a section's name; give one without quotes.", name));
+    if (const std::string fault = NameFault(row.name); !fault.empty())
+        throw Error(fmt::format("\"{}\" cannot be a section's name: {}.", row.name, fault));
+    if (const std::string fault = VessaNameFault(row.vessaName); !fault.empty())
+        throw Error(fmt::format("\"{}\" cannot be a section's VessaName: {}; choose another one "
+                                "with --vessa-name.",
+                                row.vessaName, fault));
     for (const Row& other : Rows())
         if (other.id != row.id && EqualNoCase(other.vessaName, row.vessaName))
             throw Error(fmt::format("the section \"{}\" has the VessaName \"{}\" already; choose "

@@ -5,8 +5,11 @@
 #include "sectiondb/Commands.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <system_error>
 
 namespace {
 
@@ -68,6 +71,9 @@ void AddFindCommand(CLI::App& app, CommonOptions& common, std::string& name) {
 }
 
 void AddUserCommands(CLI::App& app, UserOptions& user) {
+    // Not as the variable of each option: those of the commands that are not called would set it.
+    if (const char* password = std::getenv("SECTIONDB_PASSWORD"))
+        user.password = password;
     auto* group = app.add_subcommand("user", "Keep sections of your own");
     group->require_subcommand(1);
     const auto add = [&](const char* name, const char* text, void (*run)(const UserOptions&)) {
@@ -76,7 +82,7 @@ void AddUserCommands(CLI::App& app, UserOptions& user) {
         command
             ->add_option("--password", user.password,
                          "Password of the file (default: SECTIONDB_PASSWORD)")
-            ->envname("SECTIONDB_PASSWORD");
+            ->option_text("TEXT");
         command->callback([&user, run] {
             if (!user.password.empty())
                 SectionDBInterface::SetSectionDBPassword(ConnectText(user.password).c_str());
@@ -150,12 +156,15 @@ int Run(CLI::App& app, int argc, char** argv) {
     UserOptions user;
     AddUserCommands(app, user);
 
-    app.require_subcommand(1);
     try {
         app.parse(argc, argv);
+        if (app.get_subcommands().empty()) // required here, since an unknown one is named first
+            throw CLI::RequiredError("A command");
     } catch (const CLI::ParseError& e) {
         return app.exit(e);
     }
+    if (std::fflush(stdout) != 0)
+        throw std::system_error(errno, std::generic_category(), "the output cannot be written");
     return 0;
 }
 
