@@ -188,3 +188,17 @@ TEST_F(SelectTest, FindsANameInAllCataloguesInOrder) {
                       "RHS 100 x 50 x 5.0\n");
     EXPECT_EQ(On("find 'RHS 100 x 50 x 5.0'").output, byName);
 }
+
+TEST_F(SelectTest, GoesOnWithoutADamagedCatalogue) {
+    const std::string file = folder->File("CanadianSections.db3"); // before those that hold it
+    testsupport::WriteFile(file, "not a catalogue");
+    const std::string hits = "European                     RHS";
+    for (const auto& [command, text] :
+         {std::pair("find RHS100X50X5", hits), std::pair("list", std::string("at fault"))}) {
+        const Outcome outcome = On(command);
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.output.find(text), std::string::npos) << outcome.output;
+        EXPECT_NE(outcome.output.find("CanadianSections.db3: "), std::string::npos);
+    }
+    std::filesystem::remove(file);
+}

@@ -102,13 +102,16 @@ const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& na
     const std::string firstWords = name + " ";
     std::vector<const SectionFamily*> beginning;
     std::string known;
+    std::string_view last;
     for (const SectionFamily& family : open.catalogue->Families()) {
         const std::string_view table = family.table;
         if (EqualNoCase(table, name))
             return family;
         if (EqualNoCase(table.substr(0, firstWords.size()), firstWords))
             beginning.push_back(&family);
-        known += (known.empty() ? "" : ", ") + std::string(table);
+        if (table != last) // the series of joists share one
+            known += (known.empty() ? "" : ", ") + std::string(table);
+        last = table;
     }
     if (beginning.size() == 1)
         return *beginning.front();
@@ -142,6 +145,21 @@ void ThrowUnreadable(const OpenCatalogue& open, const SectionFamily& family) {
     throw CommandError(fmt::format("{}: table \"{}\" cannot be read; the file is damaged or in "
                                    "use. Build it again, or close the other program.",
                                    open.database->GetName().View(), family.table));
+}
+
+bool CatalogueFaults::Try(const std::function<void()>& visit) {
+    try {
+        visit();
+        return true;
+    } catch (const CommandError& fault) {
+        m_faults += (m_faults.empty() ? "" : "\n") + std::string(fault.what());
+        return false;
+    }
+}
+
+void CatalogueFaults::ThrowIfAny() const {
+    if (!m_faults.empty())
+        throw CommandError(m_faults);
 }
 
 std::string ConnectText(const std::string& password) {

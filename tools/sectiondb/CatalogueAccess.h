@@ -50,6 +50,20 @@ void VisitSections(const OpenCatalogue& open, const std::string& name, const Sec
 /// Prints the families of a catalogue with their numbers of sections.
 void ListFamilies(const OpenCatalogue& open);
 
+/// What was wrong with single catalogues in a walk over all of them, which goes on without those.
+class CatalogueFaults {
+public:
+    /// Runs `visit`, which throws CommandError where a catalogue is at fault. Returns whether it
+    /// did not.
+    bool Try(const std::function<void()>& visit);
+
+    /// Throws a CommandError of all faults, if any.
+    void ThrowIfAny() const;
+
+private:
+    std::string m_faults;
+};
+
 /// The connect text that carries a password. Throws CommandError where none can.
 std::string ConnectText(const std::string& password);
 

@@ -11,25 +11,27 @@ namespace dbsection {
 
 void Find(const std::string& name) {
     std::string found;
+    CatalogueFaults faults;
     int catalogues = 0;
     for (int index = 1; index <= LastCatalogueIndex; ++index) {
         if (!HasFile(index))
             continue;
         ++catalogues;
-        VisitSections(
-            Open(index), name, [&](const SectionFamily& family, const CSectionRecordset& rows) {
-                found += fmt::format("{:<28} {:<20} {:<20} {}\n",
-                                     SectionDBInterface::m_saCountryName[index], family.table,
-                                     CCrack::strVARIANT(rows.GetFieldValue(VessaNameColumn)).View(),
-                                     CCrack::strVARIANT(rows.GetFieldValue(NameColumn)).View());
-            });
+        const auto print = [&](const SectionFamily& family, const CSectionRecordset& rows) {
+            found += fmt::format("{:<28} {:<20} {:<20} {}\n",
+                                 SectionDBInterface::m_saCountryName[index], family.table,
+                                 CCrack::strVARIANT(rows.GetFieldValue(VessaNameColumn)).View(),
+                                 CCrack::strVARIANT(rows.GetFieldValue(NameColumn)).View());
+        };
+        faults.Try([&] { VisitSections(Open(index), name, print); });
     }
+    fmt::print("{}", found);
+    faults.ThrowIfAny();
     if (found.empty())
         throw CommandError(fmt::format(
             "There is no section \"{}\" in the {} catalogues in the folder \"{}\"; \"sectiondb "
             "list CATALOGUE FAMILY\" prints the names.",
             name, catalogues, NativePath(SectionDBInterface::GetDatabaseDirectoryName().View())));
-    fmt::print("{}", found);
 }
 
 } // namespace dbsection

@@ -37,6 +37,7 @@ std::string SectionsText(int sections) {
 }
 
 void ListCatalogues() {
+    CatalogueFaults faults;
     fmt::print("{:>3}  {:<28} {:<30} {:>8} {:>10}\n", "No", "Name", "File", "Families", "Sections");
     for (int index = 1; index <= LastCatalogueIndex; ++index) {
         fmt::print("{:>3}  {:<28} {:<30} ", index, SectionDBInterface::m_saCountryName[index],
@@ -45,9 +46,13 @@ void ListCatalogues() {
             fmt::print("{:>8} {:>10}\n", "-", "no file");
             continue;
         }
-        const auto counts = CountFamilies(Open(index));
-        fmt::print("{:>8} {:>10}\n", counts.size(), SectionsText(Total(counts)));
+        std::vector<FamilyCount> counts;
+        if (faults.Try([&] { counts = CountFamilies(Open(index)); }))
+            fmt::print("{:>8} {:>10}\n", counts.size(), SectionsText(Total(counts)));
+        else
+            fmt::print("{:>8} {:>10}\n", "-", "at fault");
     }
+    faults.ThrowIfAny();
 }
 
 void ListSections(const OpenCatalogue& open, const SectionFamily& family) {
