@@ -196,6 +196,28 @@ TEST(ReplaceFile, KeepsPermissionsAndLinks) {
     EXPECT_EQ(dbsection::ReplaceFile(folder.File("loop").c_str(), "x"), ELOOP);
 }
 
+TEST(MoveOver, TakesThePlaceOfAFileWithItsPermissions) {
+    const TempFolder folder;
+    const std::string finished = folder.File("finished");
+    const std::string target = folder.File("a.db3");
+    const std::string link = folder.File("link.db3");
+    WriteFile(target, "old");
+    ::chmod(target.c_str(), 0620);
+    std::filesystem::create_symlink("a.db3", link);
+    WriteFile(finished, "new");
+    EXPECT_EQ(dbsection::MoveOver(finished.c_str(), link.c_str()), 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(ReadFile(target), "new");
+    EXPECT_EQ(PermissionsOf(target), 0620U);
+    EXPECT_FALSE(std::filesystem::exists(finished));
+
+    ::chmod(target.c_str(), 0444);
+    WriteFile(finished, "newer");
+    EXPECT_EQ(dbsection::MoveOver(finished.c_str(), target.c_str()), EACCES);
+    EXPECT_EQ(dbsection::MoveOver(folder.File("none").c_str(), folder.File("b").c_str()), ENOENT);
+    EXPECT_EQ(ReadFile(target), "new");
+}
+
 TEST(MessageBoxes, GoToTheHostsHandlerOrToStderr) {
     static std::string shown;
     const MessageBoxHandler record = [](const char* text, const char* caption, unsigned flags) {

@@ -153,6 +153,21 @@ TEST(Profile, SeveralEntriesAreWrittenInTheirOrder) {
     EXPECT_EQ(ReadFile(file), "[b]\nk=2\n[a]\nn=1\nm=3\n");
 }
 
+TEST(Profile, AFileIsCreatedOnlyWhereThereIsNone) {
+    const TempFolder folder;
+    const std::string file = folder.File("a.ini");
+    const ProfileEntry entry{"a", "k", "1"};
+    EXPECT_EQ(CreatePrivateProfile({}, file.c_str()), 1);
+    EXPECT_EQ(ReadFile(file), "");
+    EXPECT_EQ(CreatePrivateProfile({&entry, 1}, file.c_str()), 1);
+    EXPECT_EQ(ReadFile(file), "");
+    std::filesystem::remove(file);
+    EXPECT_EQ(CreatePrivateProfile({&entry, 1}, file.c_str()), 1);
+    EXPECT_EQ(ReadFile(file), "[a]\nk=1\n");
+    EXPECT_EQ(CreatePrivateProfile({&entry, 1}, folder.File("none/a.ini").c_str()), 0);
+    EXPECT_EQ(GetLastProfileError(), 2);
+}
+
 TEST(Profile, WhatCouldNotBeReadBackIsRefused) {
     const TempFolder folder;
     const std::string file = folder.File("a.ini");

@@ -57,10 +57,15 @@ std::string NativePath(std::string_view path) {
     return native;
 }
 
-bool IsRegularFile(const char* path) {
-    const unsigned attributes = GetFileAttributesA(path);
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+int LookForFile(const char* path) {
+    struct stat status {};
+    if (ReadStatus(path, status))
+        return S_ISDIR(status.st_mode) ? ENOENT : 0;
+    const bool cannotExist = errno == ENOTDIR || errno == ENAMETOOLONG;
+    return cannotExist ? ENOENT : errno;
 }
+
+bool IsRegularFile(const char* path) { return LookForFile(path) == 0; }
 
 PathParts SplitPath(const char* path) {
     std::string_view rest(path == nullptr ? "" : path);
@@ -92,12 +97,23 @@ CString ComposePath(const PathParts& parts) {
     return path.size() > MaxPathLength ? CString() : CString(std::move(path));
 }
 
-std::string FollowLinks(const std::string& path) {
+int FollowLinks(std::string& path) {
     std::filesystem::path target(path);
-    std::error_code error;
-    for (int links = 0; links < MaxLinks && std::filesystem::is_symlink(target, error); ++links)
-        target = target.parent_path() / std::filesystem::read_symlink(target, error);
-    return target.string();
+    for (int links = 0; links < MaxLinks; ++links) {
+        std::error_code error;
+        const auto type = std::filesystem::symlink_status(target, error).type();
+        if (error && type != std::filesystem::file_type::not_found)
+            return error.value();
+        if (type != std::filesystem::file_type::symlink) {
+            path = target.string();
+            return 0;
+        }
+        const auto next = std::filesystem::read_symlink(target, error);
+        if (error)
+            return error.value();
+        target = target.parent_path() / next;
+    }
+    return ELOOP;
 }
 
 std::string FolderOf(const std::string& path) {
@@ -107,7 +123,7 @@ std::string FolderOf(const std::string& path) {
 
 namespace {
 
-/// A file beside the one to be replaced, removed again unless it took its place.
+/// A file beside the one to be replaced, removed again unless it was moved away.
 class TemporaryFile {
 public:
     TemporaryFile(const std::string& folder, mode_t mode)
@@ -116,11 +132,12 @@ public:
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() {
-        if (m_file.IsOpen() && !m_moved)
+        if (m_file.IsOpen())
             ::unlink(m_path.c_str());
     }
 
     bool IsOpen() const { return m_file.IsOpen(); }
+    const std::string& Path() const { return m_path; }
 
     bool Write(std::string_view content) {
         while (!content.empty()) {
@@ -130,22 +147,6 @@ public:
             content.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
         }
         return true;
-    }
-
-    /// Takes over owner and permissions; only the latter can be required of an ordinary user.
-    bool TakeOver(const struct stat& old) {
-        struct stat own {};
-        if (::fstat(m_file.Get(), &own) != 0)
-            return false;
-        const bool foreign = own.st_uid != old.st_uid || own.st_gid != old.st_gid;
-        const bool ownerKept = !foreign || ::fchown(m_file.Get(), old.st_uid, old.st_gid) == 0;
-        const mode_t kept = ownerKept ? AllPermissions : mode_t{0777};
-        return ::fchmod(m_file.Get(), old.st_mode & kept) == 0;
-    }
-
-    bool MoveTo(const std::string& path) {
-        m_moved = ::fsync(m_file.Get()) == 0 && ::rename(m_path.c_str(), path.c_str()) == 0;
-        return m_moved;
     }
 
 private:
@@ -161,40 +162,77 @@ private:
 
     std::string m_path;
     FileDescriptor m_file;
-    bool m_moved = false;
+};
+
+/// A file that may be replaced: where it stands, and what it is when there is one.
+struct Target {
+    std::string path{};
+    bool exists = false;
+    struct stat status {};
 };
 
 /// Why the file must not be replaced, or 0.
-int Refusal(const std::string& path, const struct stat& status) {
-    if (S_ISDIR(status.st_mode))
+int Refusal(const Target& target) {
+    if (S_ISDIR(target.status.st_mode))
         return EISDIR;
-    if (!S_ISREG(status.st_mode))
+    if (!S_ISREG(target.status.st_mode))
         return EINVAL;
-    if ((status.st_mode & S_IWUSR) == 0)
+    if ((target.status.st_mode & S_IWUSR) == 0)
         return EACCES;
-    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
+    return ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) == 0 ? 0 : errno;
+}
+
+/// Finds what `path` leads to. Returns 0 or why it cannot be replaced.
+int FindTarget(const char* path, Target& target) {
+    target.exists = ReadStatus(path, target.status);
+    if (!target.exists && (errno != ENOENT || path == nullptr))
+        return errno;
+    target.path = NativePath(path);
+    if (const int error = FollowLinks(target.path); error != 0)
+        return error;
+    return target.exists ? Refusal(target) : 0;
+}
+
+/// Takes over owner and permissions; only the latter can be required of an ordinary user.
+bool TakeOver(int file, const struct stat& old) {
+    struct stat own {};
+    if (::fstat(file, &own) != 0)
+        return false;
+    const bool foreign = own.st_uid != old.st_uid || own.st_gid != old.st_gid;
+    const bool ownerKept = !foreign || ::fchown(file, old.st_uid, old.st_gid) == 0;
+    const mode_t kept = ownerKept ? AllPermissions : mode_t{0777};
+    return ::fchmod(file, old.st_mode & kept) == 0;
+}
+
+int MoveTo(const Target& target, const std::string& finished) {
+    const FileDescriptor file(::open(finished.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!file.IsOpen() || (target.exists && !TakeOver(file.Get(), target.status)) ||
+        ::fsync(file.Get()) != 0 || ::rename(finished.c_str(), target.path.c_str()) != 0)
+        return errno;
+    // The file is replaced now. A folder that cannot be synced only delays it on the disk.
+    const FileDescriptor folder(
+        ::open(FolderOf(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ::fsync(folder.Get());
+    return 0;
 }
 
 } // namespace
 
 int ReplaceFile(const char* path, std::string_view content) {
-    struct stat old {};
-    const bool exists = ReadStatus(path, old);
-    if (!exists && (errno != ENOENT || path == nullptr))
+    Target target;
+    if (const int error = FindTarget(path, target); error != 0)
+        return error;
+    const mode_t mode = target.exists ? (target.status.st_mode & 0777) | S_IRUSR : 0666;
+    TemporaryFile file(FolderOf(target.path), mode);
+    if (!file.IsOpen() || !file.Write(content))
         return errno;
-    const std::string target = FollowLinks(NativePath(path));
-    if (const int refusal = exists ? Refusal(target, old) : 0; refusal != 0)
-        return refusal;
+    return MoveTo(target, file.Path());
+}
 
-    const std::string folder = FolderOf(target);
-    TemporaryFile file(folder, exists ? old.st_mode & 0777 : 0666);
-    if (!file.IsOpen() || !file.Write(content) || (exists && !file.TakeOver(old)) ||
-        !file.MoveTo(target))
-        return errno;
-    // The file is replaced now. A folder that cannot be synced only delays it on the disk.
-    const FileDescriptor entry(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    ::fsync(entry.Get());
-    return 0;
+int MoveOver(const char* finished, const char* path) {
+    Target target;
+    const int error = FindTarget(path, target);
+    return error != 0 ? error : MoveTo(target, NativePath(finished));
 }
 
 } // namespace dbsection

@@ -35,6 +35,10 @@ namespace dbsection {
 /// The path as system calls take it: `\` becomes `/` on systems that use `/`.
 DBSECTION_API std::string NativePath(std::string_view path);
 
+/// Looks for a file, anything but a folder: 0 where there is one, ENOENT where there is none, and
+/// otherwise the error that keeps this from being told.
+DBSECTION_API int LookForFile(const char* path);
+
 /// Whether the attributes of `path` can be read and it is not a folder.
 DBSECTION_API bool IsRegularFile(const char* path);
 
@@ -55,8 +59,9 @@ DBSECTION_API PathParts SplitPath(const char* path);
 /// they are missing. Empty when it would be longer than MaxPathLength: never a cut path.
 DBSECTION_API CString ComposePath(const PathParts& parts);
 
-/// The file that a native path leads to through symbolic links, whether it exists or not.
-std::string FollowLinks(const std::string& path);
+/// Replaces a native path by that of the file that it leads to through symbolic links, whether that
+/// exists or not. Returns 0 or an error number.
+DBSECTION_API int FollowLinks(std::string& path);
 
 /// The folder in which the file of a native path stands.
 std::string FolderOf(const std::string& path);
@@ -66,5 +71,9 @@ std::string FolderOf(const std::string& path);
 /// a symbolic link stays a link. Returns 0 or an error number; on error the file is unchanged. A
 /// read-only file is not replaced (EACCES).
 DBSECTION_API int ReplaceFile(const char* path, std::string_view content);
+
+/// The same by a finished file, which takes the place of `path` and must stand in the folder of the
+/// file that `path` leads to.
+DBSECTION_API int MoveOver(const char* finished, const char* path);
 
 } // namespace dbsection

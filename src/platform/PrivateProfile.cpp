@@ -15,6 +15,7 @@
 #include <new>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 
 namespace {
 
@@ -103,33 +104,68 @@ std::optional<std::string_view> Find(const char* section, const char* key, const
 class WriteLock {
 public:
     explicit WriteLock(const std::string& folder)
-        : m_folder(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-        while (m_folder.IsOpen() && ::flock(m_folder.Get(), LOCK_EX) != 0 && errno == EINTR)
-            continue;
-    }
+        : m_folder(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+          m_error(m_folder.IsOpen() ? Wait() : errno) {}
 
-    bool IsUsable() const { return m_folder.IsOpen(); }
+    /// Why nothing may be written, or 0.
+    int Error() const { return m_error; }
 
 private:
+    int Wait() const {
+        using Clock = std::chrono::steady_clock;
+        constexpr std::chrono::seconds Patience(5); // a write takes milliseconds
+        constexpr std::chrono::milliseconds Pause(2);
+        const auto end = Clock::now() + Patience;
+        while (::flock(m_folder.Get(), LOCK_EX | LOCK_NB) != 0) {
+            if (errno == EINTR)
+                continue;
+            if (errno != EWOULDBLOCK)
+                return 0;
+            if (Clock::now() >= end)
+                return EWOULDBLOCK;
+            std::this_thread::sleep_for(Pause);
+        }
+        return 0;
+    }
+
     dbsection::FileDescriptor m_folder;
+    int m_error;
 };
 
-int Write(std::span<const ProfileEntry> entries, const char* file) {
+enum class Purpose { Change, Create };
+
+/// Makes the changes; to create means to leave a file alone that there is by then.
+int Write(std::span<const ProfileEntry> entries, const char* file, Purpose purpose) {
     if (!std::ranges::all_of(entries, dbsection::IsWritable))
         return EINVAL;
-    const std::string path =
-        dbsection::FollowLinks(dbsection::NativePath(file == nullptr ? "" : file));
+    std::string path = dbsection::NativePath(file == nullptr ? "" : file);
+    if (const int error = dbsection::FollowLinks(path); error != 0)
+        return error;
     const WriteLock lock(dbsection::FolderOf(path));
-    if (!lock.IsUsable())
-        return errno;
+    if (lock.Error() != 0)
+        return lock.Error();
     std::string text;
     struct stat status {};
-    if (const int error = ReadText(path, text, status); error != 0 && error != ENOENT)
+    const int error = ReadText(path, text, status);
+    if (error != 0 && error != ENOENT)
         return error;
+    if (error == 0 && purpose == Purpose::Create)
+        return 0;
     const std::string changed = dbsection::ChangeProfileText(text, entries);
     if (changed.size() > MaxFileSize)
         return EFBIG;
-    return changed == text ? 0 : dbsection::ReplaceFile(path.c_str(), changed);
+    if (changed == text && purpose == Purpose::Change)
+        return 0;
+    return dbsection::ReplaceFile(path.c_str(), changed);
+}
+
+int WriteOrTell(std::span<const ProfileEntry> entries, const char* file, Purpose purpose) {
+    try {
+        lastError = Write(entries, file, purpose);
+    } catch (const std::bad_alloc&) {
+        lastError = ENOMEM;
+    }
+    return lastError == 0 ? 1 : 0;
 }
 
 } // namespace
@@ -165,12 +201,11 @@ int WritePrivateProfileStringA(const char* section, const char* key, const char*
 #endif
 
 int WritePrivateProfileEntries(std::span<const ProfileEntry> entries, const char* file) {
-    try {
-        lastError = Write(entries, file);
-    } catch (const std::bad_alloc&) {
-        lastError = ENOMEM;
-    }
-    return lastError == 0 ? 1 : 0;
+    return WriteOrTell(entries, file, Purpose::Change);
+}
+
+int CreatePrivateProfile(std::span<const ProfileEntry> entries, const char* file) {
+    return WriteOrTell(entries, file, Purpose::Create);
 }
 
 int GetLastProfileError() { return lastError; }

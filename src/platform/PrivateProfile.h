@@ -8,7 +8,8 @@
 // without `=` is no entry, nor is one before the first section. The first section of a name and
 // the first key in it count. Files above 16 MiB are refused (EFBIG).
 //
-// Each call sets the error that GetLastProfileError() tells.
+// Each call sets the error that GetLastProfileError() tells: a file that cannot be read gives the
+// same values as one without the entry.
 #pragma once
 
 #include "platform/Collections.h"
@@ -44,10 +45,14 @@ struct ProfileEntry {
 
 /// Makes the changes in their order and in one step: readers find all of them or none, and
 /// everything else in the file stays byte for byte. A missing file is created. Processes that write
-/// the same file wait for each other. Returns 1, or 0 on failure, the file then being unchanged;
-/// names that could not be read back and values of several lines are refused (EINVAL).
+/// in the same folder wait for each other, five seconds at most (EWOULDBLOCK). Returns 1, or 0 on
+/// failure, the file then being unchanged; names that could not be read back and values of several
+/// lines are refused (EINVAL).
 DBSECTION_API int WritePrivateProfileEntries(std::span<const ProfileEntry> entries,
                                              const char* file);
+
+/// Creates a file of these entries, maybe none, in the same way; one that there is stays as it is.
+DBSECTION_API int CreatePrivateProfile(std::span<const ProfileEntry> entries, const char* file);
 
 /// Error number of the last private-profile call: 0 success, 2 missing file, else as errno.
 DBSECTION_API int GetLastProfileError();
