@@ -74,10 +74,12 @@ public:
     static CString GetINIFileName();
     static CString GetDatabaseUpdateLogFileName();
 
-    /// The path of the existing database file of a catalogue, or empty.
+    /// The path of the existing database file of a catalogue, or empty. Empty, too, where the
+    /// settings file cannot be read, or the folder not be searched: a file error (kind 2).
     static CString GetDatabaseFileName(int index);
 
-    /// Whether the settings file redirects a catalogue to another file, and to which file stem.
+    /// Whether the settings file redirects a catalogue to another file, and to which file stem. One
+    /// that cannot be read is a file error (kind 2) and gives 0.
     static int IsCustomized(CString fileStem, CString& customName);
     static int IsCustomized(int index);
 
@@ -99,11 +101,12 @@ public:
     static int GetSectionFieldCount(int index, int sectionType, CSectionDatabase** ppDb);
 
     /// Reads the information record of a database file: its five fields, in the order 2, 0, 3, 1,
-    /// 4 of the arguments. Returns 1 when the record was read.
+    /// 4 of the arguments. Returns 1 when the record was read. Read-only marks stay as they are.
     static int GetDBInfo(CString fileName, CString& info2, CString& info0, CString& info3,
                          CString& info1, CString& info4);
 
-    /// Writes the table-index file: a section per catalogue, a key per table, each "0".
+    /// Writes the table-index file: a section per catalogue, a key per table, each "0". Failures
+    /// are file errors (kind 2).
     static void InitialiseDBIFile();
 
     // Catalogue tables.
@@ -178,19 +181,23 @@ public:
     // first number 0 means every section, -1 none.
 
     /// Writes the selection into the first elements of an array, which grows as needed and keeps
-    /// what it holds beyond them. A selection that is not stored is [0].
+    /// what it holds beyond them. A selection that is not stored is [0]. Where the file cannot be
+    /// read, that is a file error (kind 2), GetLastProfileError() tells its number, and the first
+    /// element is -1: no section is offered, nor should that be saved.
     static void GetUserSelectedSections(int index, int sectionType, CDWordArray& selection);
 
     /// Stores a selection, at once or not at all, and builds the table-index file when there is
-    /// none; GetLastProfileError() tells whether it was written. An empty array throws the
-    /// invalid-argument error (CInvalidArgException*).
+    /// none. A section type without a table is not stored. What cannot be written is a file error
+    /// (kind 2), and GetLastProfileError() tells its number: after five seconds, when another
+    /// process keeps writing in the folder. An empty array throws the invalid-argument error
+    /// (CInvalidArgException*).
     static void SaveUserSelectedSections(int index, int sectionType, CDWordArray& selection);
 
-    /// Whether a section is selected: 1 or 0.
+    /// Whether a section is selected: 1 or 0; 0, too, where the file cannot be read (kind 2).
     static int IsSectionInProject(int index, int sectionType, int recordNumber);
 
     /// A new list, the caller's, of the VessaNames of the selected sections by record number; null
-    /// when there are none.
+    /// when there are none, or the file cannot be read (kind 2).
     static CStringList* GetUserSelectedSectionNameList(int index, int sectionType);
 
     // Lists and display data. Lists, arrays and records are new and the caller's; null, or 0, means
@@ -376,4 +383,8 @@ private:
     /// object's working table, too, to that of a section type.
     static SectionDBBase* OpenCatalogue(int index);
     static SectionDBBase* OpenCatalogue(int index, int workingType);
+
+    /// Creates the table-index file where there is none, and writes it anew on request. False when
+    /// that fails, which is reported.
+    static bool MakeTableIndex(bool resetsExisting);
 };

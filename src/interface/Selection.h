@@ -7,7 +7,7 @@
 namespace dbsection {
 
 /// Writes the user's selection of the sections of a catalogue's table into the first elements of an
-/// array, as GetUserSelectedSections does.
-void ReadSelection(int index, const CString& table, CDWordArray& selection);
+/// array, as GetUserSelectedSections does. False where it cannot be read, which is reported.
+bool ReadSelection(int index, const CString& table, CDWordArray& selection);
 
 } // namespace dbsection

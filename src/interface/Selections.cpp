@@ -1,6 +1,7 @@
 // The user's selections of sections, kept in the table-index file.
 #include "interface/SectionDBInterface.h"
 #include "interface/Selection.h"
+#include "interface/SettingsFile.h"
 
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
@@ -11,9 +12,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -58,50 +62,65 @@ CString SelectionQuery(const CString& table, const CDWordArray& selection) {
     return "Select * From [" + table + "]" + restriction + " ORDER BY [RECNO] ASC";
 }
 
+/// The numbers of a stored selection. What is no record number, or too large for one, is 0.
+std::vector<DWORD> ParseSelection(std::string_view text) {
+    if (text.starts_with('0'))
+        return {EverySection};
+    std::vector<DWORD> numbers;
+    for (;;) {
+        const std::size_t comma = text.find(',');
+        const std::int64_t number = dbsection::LeadingInteger(text.substr(0, comma));
+        const bool fits = std::in_range<std::int32_t>(number);
+        numbers.push_back(static_cast<DWORD>(fits ? number : 0));
+        if (comma == std::string_view::npos)
+            return numbers;
+        text.remove_prefix(comma + 1);
+    }
+}
+
 } // namespace
 
 void SectionDBInterface::GetUserSelectedSections(int index, int sectionType,
                                                  CDWordArray& selection) {
-    selection.SetAtGrow(0, EverySection);
-    if (dbsection::IsRegularFile(GetDBIFileName()))
-        dbsection::ReadSelection(index, SelectionKey(index, sectionType), selection);
+    const bool hasFile = dbsection::LookForFile(GetDBIFileName()) != ENOENT;
+    const CString key = hasFile ? SelectionKey(index, sectionType) : CString();
+    dbsection::ReadSelection(index, key, selection);
 }
 
-void dbsection::ReadSelection(int index, const CString& table, CDWordArray& selection) {
-    constexpr int FileNotFound = 2;
+bool dbsection::ReadSelection(int index, const CString& table, CDWordArray& selection) {
     constexpr std::size_t LongestValue = 8750;
-    selection.SetAtGrow(0, EverySection);
-    if (index > LastCatalogueIndex || table.IsEmpty())
-        return;
+    if (index > LastCatalogueIndex || table.IsEmpty()) {
+        selection.SetAtGrow(0, EverySection);
+        return true;
+    }
     const CString file = SectionDBInterface::GetDBIFileName();
     std::array<char, LongestValue> buffer; // left as it is: the value is written over it
     const DWORD length = GetPrivateProfileStringA(SectionDBInterface::m_saSectionFile[index], table,
                                                   "0", buffer.data(), buffer.size(), file);
-    if (GetLastProfileError() == FileNotFound)
-        return;
-    std::string_view text(buffer.data(), length);
-    if (text.starts_with('0'))
-        return;
-    for (int element = 0;; ++element) {
-        const std::size_t comma = text.find(',');
-        const std::int64_t number = dbsection::LeadingInteger(text.substr(0, comma));
-        selection.SetAtGrow(element, static_cast<DWORD>(number));
-        if (comma == std::string_view::npos)
-            return;
-        text.remove_prefix(comma + 1);
-    }
+    const bool isRead = SettingsWereRead(
+        file, {"GetUserSelectedSections()", "Failed to read the selected sections."});
+    const std::vector<DWORD> numbers = isRead ? ParseSelection({buffer.data(), length})
+                                              : std::vector<DWORD>{static_cast<DWORD>(NoSection)};
+    selection.SetSize(std::max(selection.GetSize(), static_cast<int>(numbers.size())));
+    int element = 0;
+    for (const DWORD number : numbers)
+        selection.SetAt(element++, number);
+    return isRead;
 }
 
 void SectionDBInterface::SaveUserSelectedSections(int index, int sectionType,
                                                   CDWordArray& selection) {
     const CString file = GetDBIFileName();
-    if (!dbsection::IsRegularFile(file))
-        InitialiseDBIFile();
+    if (dbsection::LookForFile(file) == ENOENT && !MakeTableIndex(false))
+        return;
     const bool everySection = NumberAt(selection, 0) == EverySection;
     const CString value = everySection ? CString("0") : SelectionText(selection);
     const CString key = SelectionKey(index, sectionType);
-    if (!key.IsEmpty())
-        WritePrivateProfileStringA(m_saSectionFile[index], key, value, file);
+    if (key.IsEmpty())
+        return;
+    WritePrivateProfileStringA(m_saSectionFile[index], key, value, file);
+    dbsection::SettingsWereWritten(
+        file, {"SaveUserSelectedSections()", "Failed to save the selected sections."});
 }
 
 int SectionDBInterface::IsSectionInProject(int index, int sectionType, int recordNumber) {
@@ -123,7 +142,8 @@ CStringList* SectionDBInterface::GetUserSelectedSectionNameList(int index, int s
     if (table.IsEmpty())
         return nullptr;
     CDWordArray selection;
-    GetUserSelectedSections(index, sectionType, selection);
+    if (!dbsection::ReadSelection(index, SelectionKey(index, sectionType), selection))
+        return nullptr;
     RecordsetHandle rows;
     if (openRecordset(&gblSectionDatabase, rows.Address(), SelectionQuery(table, selection),
                       CSectionRecordset::Snapshot, 1) != 1)

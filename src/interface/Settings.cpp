@@ -1,16 +1,19 @@
 // Settings, paths of the catalogue files, and the table-index file.
 #include "interface/SectionDBInterface.h"
+#include "interface/SettingsFile.h"
 
 #include "platform/FileSystem.h"
 #include "platform/HostDefaults.h"
 #include "platform/PrivateProfile.h"
 
 #include <array>
+#include <cerrno>
 #include <vector>
 
 using dbsection::ComposePath;
-using dbsection::IsRegularFile;
 using dbsection::PathParts;
+using dbsection::SettingsWereRead;
+using dbsection::SettingsWereWritten;
 using dbsection::SplitPath;
 
 CString SectionDBInterface::m_szPassword;
@@ -29,6 +32,37 @@ CString BesideSettingsFile(const CString& path) {
     const PathParts settings = SplitPath(SectionDBInterface::GetINIFileName());
     const PathParts file = SplitPath(path);
     return ComposePath({settings.drive, settings.folder, file.name, file.extension});
+}
+
+/// Whether there is a database file; that it cannot be told is reported.
+bool IsThere(const CString& path) {
+    const int error = dbsection::LookForFile(path);
+    if (error != 0 && error != ENOENT)
+        dbsection::Report({"GetDatabaseFileName()", "Failed to look for the database file."},
+                          new CFileException(error, path), HandleFileException);
+    return error == 0;
+}
+
+enum class Customisation { None, Replaced, Unreadable };
+
+/// What the settings file says of a catalogue. Where it cannot be read, none of the two files that
+/// the catalogue may have is the right one.
+Customisation ReadCustomisation(const CString& fileStem, CString& customName) {
+    const dbsection::FailureRule rule{"IsCustomized()", "Failed to read the settings."};
+    CString settings = SectionDBInterface::GetINIFileName();
+    if (settings.IsEmpty())
+        settings = SectionDBInterface::GetDatabaseDirectoryName() + "Custom.Ini";
+    const unsigned flag = GetPrivateProfileIntA("CustomDBFlags", fileStem, 0, settings);
+    if (!SettingsWereRead(settings, rule))
+        return Customisation::Unreadable;
+    if (flag == 0)
+        return Customisation::None;
+    std::array<char, 256> name{};
+    GetPrivateProfileStringA("CustomDBNames", fileStem, "", name.data(), name.size(), settings);
+    if (!SettingsWereRead(settings, rule))
+        return Customisation::Unreadable;
+    customName = name.data();
+    return customName.IsEmpty() ? Customisation::None : Customisation::Replaced;
 }
 
 } // namespace
@@ -58,36 +92,31 @@ CString SectionDBInterface::GetDatabaseUpdateLogFileName() {
 
 CString SectionDBInterface::GetDatabaseFileName(int index) {
     CString path;
-    bool customised = false;
+    Customisation customisation = Customisation::None;
     if (IsCatalogue(index)) {
-        const CString stem = m_saSectionFile[index];
+        CString stem = m_saSectionFile[index];
         CString replacement;
-        customised = IsCustomized(stem, replacement) != 0;
-        path =
-            ComposePath({"", GetDatabaseDirectoryName(), customised ? replacement : stem, ".db3"});
+        customisation = ReadCustomisation(stem, replacement);
+        if (customisation == Customisation::Unreadable)
+            return {};
+        if (customisation == Customisation::Replaced)
+            stem = replacement;
+        path = ComposePath({"", GetDatabaseDirectoryName(), stem, ".db3"});
     } else if (index == UserTableIndex) {
         path = GetUserTableFileName();
     } else if (index == GenericTableIndex) {
         path = GetGenericTableFileName();
     }
-    if (path.IsEmpty() || IsRegularFile(path))
+    if (path.IsEmpty() || IsThere(path))
         return path;
-    if (!customised)
+    if (customisation != Customisation::Replaced)
         return {};
     path = BesideSettingsFile(path);
-    return IsRegularFile(path) ? path : CString();
+    return IsThere(path) ? path : CString();
 }
 
 int SectionDBInterface::IsCustomized(CString fileStem, CString& customName) {
-    CString settings = GetINIFileName();
-    if (settings.IsEmpty())
-        settings = GetDatabaseDirectoryName() + "Custom.Ini";
-    if (GetPrivateProfileIntA("CustomDBFlags", fileStem, 0, settings) == 0)
-        return 0;
-    std::array<char, 256> name{};
-    GetPrivateProfileStringA("CustomDBNames", fileStem, "", name.data(), name.size(), settings);
-    customName = name.data();
-    return customName.IsEmpty() ? 0 : 1;
+    return ReadCustomisation(fileStem, customName) == Customisation::Replaced ? 1 : 0;
 }
 
 int SectionDBInterface::IsCustomized(int index) {
@@ -95,7 +124,7 @@ int SectionDBInterface::IsCustomized(int index) {
     return IsCatalogue(index) ? IsCustomized(m_saSectionFile[index], scratch) : 0;
 }
 
-void SectionDBInterface::InitialiseDBIFile() {
+bool SectionDBInterface::MakeTableIndex(bool resetsExisting) {
     constexpr int LastSectionType = 50;
     std::vector<CString> tables;
     std::vector<ProfileEntry> entries;
@@ -110,7 +139,11 @@ void SectionDBInterface::InitialiseDBIFile() {
         }
     }
     const CString file = GetDBIFileName();
-    WritePrivateProfileEntries(entries, file);
-    if (!IsRegularFile(file)) // without a catalogue there is nothing to write
-        dbsection::ReplaceFile(file, "");
+    CreatePrivateProfile(entries, file);
+    if (resetsExisting && GetLastProfileError() == 0)
+        WritePrivateProfileEntries(entries, file);
+    return SettingsWereWritten(
+        file, {"InitialiseDBIFile()", "Failed to write the file of the selections."});
 }
+
+void SectionDBInterface::InitialiseDBIFile() { MakeTableIndex(true); }

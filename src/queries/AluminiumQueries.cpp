@@ -20,7 +20,10 @@ void SectionDBInterface::GetAluminiumMaterialProperty(int catalogue, int type, c
     if (table.IsEmpty())
         return;
     CDWordArray selection;
-    dbsection::ReadSelection(catalogue, table, selection);
+    if (!dbsection::ReadSelection(catalogue, table, selection)) {
+        closeRecordset(rs);
+        return;
+    }
     const auto decimal = [](unsigned number) {
         return CString(std::to_string(static_cast<int>(number)));
     };

@@ -15,14 +15,17 @@ using dbsection::SelectionForm;
 
 namespace {
 
-/// A table to be queried, and the selection of its rows.
+/// A table to be queried, and the selection of its rows. There is none where the selection cannot
+/// be read: the recordset is then closed, as after a statement that failed.
 struct Target {
-    Target(int catalogue, int type, CSectionDatabase** db) {
+    Target(int catalogue, int type, CSectionDatabase** db, CSectionRecordset** rs) {
         if (!dbsection::RequireOpen(db))
             return;
         table = SectionDBInterface::GetTableFromSectionType(catalogue, type);
-        if (!table.IsEmpty())
-            dbsection::ReadSelection(catalogue, table, selection);
+        if (table.IsEmpty() || dbsection::ReadSelection(catalogue, table, selection))
+            return;
+        table = {};
+        closeRecordset(rs);
     }
 
     explicit operator bool() const { return !table.IsEmpty(); }
@@ -105,7 +108,7 @@ CString ByName(const Target& target, const char* name) {
 
 void SectionDBInterface::GetSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
                                                  CSectionDatabase** db, CSectionRecordset** rs) {
-    const Target target(catalogue, type, db);
+    const Target target(catalogue, type, db, rs);
     OpenSorted(target, keys, db, rs,
                [&](const TableDefHandle&) { return target.Selected(SelectionForm::Where); });
 }
@@ -113,7 +116,7 @@ void SectionDBInterface::GetSortedSectionRecords(int catalogue, int type, int co
 void SectionDBInterface::GetLikeSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
                                                      const char* pattern, CSectionDatabase** db,
                                                      CSectionRecordset** rs) {
-    const Target target(catalogue, type, db);
+    const Target target(catalogue, type, db, rs);
     OpenSorted(target, keys, db, rs, [&](const TableDefHandle&) {
         return CString(" WHERE [VessaName] LIKE '") + pattern + "%'" +
                target.Selected(SelectionForm::And);
@@ -124,7 +127,7 @@ void SectionDBInterface::GetRangeSortedSectionRecords(int catalogue, int type, i
                                                       int column, float upper, float lower,
                                                       CSectionDatabase** db,
                                                       CSectionRecordset** rs) {
-    const Target target(catalogue, type, db);
+    const Target target(catalogue, type, db, rs);
     OpenSorted(target, keys, db, rs, [&](const TableDefHandle& table) {
         const CString name = "[" + ColumnName(table, column) + "]";
         return " WHERE " + name + " >= " + Fixed(lower) + " AND " + name + " <= " + Fixed(upper) +
@@ -135,7 +138,7 @@ void SectionDBInterface::GetRangeSortedSectionRecords(int catalogue, int type, i
 void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* name,
                                           CSectionDatabase** db, CSectionRecordset** rs) {
     constexpr int SteelJoists = 21;
-    const Target target(catalogue, type, db);
+    const Target target(catalogue, type, db, rs);
     if (!target)
         return;
     const CString byName = catalogue == SteelJoists
@@ -147,7 +150,7 @@ void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* n
 
 void SectionDBInterface::GetAssignSectionRecords(int catalogue, int type, const char* name,
                                                  CSectionDatabase** db, CSectionRecordset** rs) {
-    const Target target(catalogue, type, db);
+    const Target target(catalogue, type, db, rs);
     if (!target)
         return;
     const CString selected = target.Selected(SelectionForm::Bare);
