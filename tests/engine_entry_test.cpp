@@ -199,6 +199,33 @@ TEST_F(EngineEntryTest, ListsARangeOfOneCatalogueAfterTheOther) {
     EXPECT_EQ(inRange(American), 2);
 }
 
+// The Canadian catalogue would have its W shapes in a table of the same name.
+TEST_F(EngineEntryTest, CountsNothingInPlaceOfACatalogueThatIsMissingOrDamaged) {
+    const std::int32_t canadian = 4, end = -1, one = 1;
+    for (const bool isDamaged : {false, true}) {
+        if (isDamaged)
+            WriteFile(File("CanadianSections.db3"), std::string(4096, 'x'));
+        std::int32_t sections = -7, fields = -7, err = -7;
+        GETSECTIONCOUNT(&canadian, &WShape, &sections, &err);
+        EXPECT_EQ(sections, 0);
+        EXPECT_EQ(err, isDamaged ? 4 : 0);
+        Open(American);
+        GETFIELDCOUNT(&canadian, &WShape, &fields, &err);
+        EXPECT_EQ(fields, 0);
+        Open(American);
+        float upper = 400;
+        float lower = 300;
+        const List list = Ask([&](auto... out) {
+            GETRANGESORTEDSECTIONS(&canadian, &WShape, &end, &one, &ColumnD, &upper, &lower,
+                                   &Millimetre, out...);
+        });
+        EXPECT_EQ(list.count, 0);
+        EXPECT_EQ(list.valueCount, 0);
+        EXPECT_EQ(Walk(3), "");
+    }
+    EXPECT_EQ(shownBoxes, std::vector<Box>{});
+}
+
 TEST_F(EngineEntryTest, FindsTheTypeOfASection) {
     const std::int32_t catalogue = American, unit = Millimetre;
     EngineAnswer found;

@@ -15,13 +15,16 @@ namespace {
 
 int engineSessionOpen = 0;
 
-/// Opens a catalogue in engine mode, which ends with the call, and asks it for a number.
+/// Opens a catalogue in engine mode, which ends with the call, and asks it for a number. One that
+/// cannot be opened has 0 of everything, whatever stays open in its place.
 template <class Ask>
-void AskCatalogue(const char* label, const std::int32_t* catalogue, std::int32_t* err, Ask ask) {
+void AskCatalogue(const char* label, const std::int32_t* catalogue, std::int32_t* number,
+                  std::int32_t* err, Ask ask) {
+    *number = 0;
     SectionDBInterface::SetEngineMode(1);
     Enter(label, err, [&] {
-        SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase);
-        ask();
+        if (SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase) == 1)
+            *number = ask();
     });
     SectionDBInterface::SetEngineMode(0);
 }
@@ -85,16 +88,15 @@ void TERMINATEDAOSESSION() {
 
 void GETSECTIONCOUNT(const std::int32_t* catalogue, const std::int32_t* type, std::int32_t* count,
                      std::int32_t* err) {
-    AskCatalogue("GETSECTIONCOUNT()", catalogue, err, [&] {
-        *count = SectionDBInterface::GetSectionCount(*catalogue, *type, &gblSectionDatabase);
+    AskCatalogue("GETSECTIONCOUNT()", catalogue, count, err, [&] {
+        return SectionDBInterface::GetSectionCount(*catalogue, *type, &gblSectionDatabase);
     });
 }
 
 void GETFIELDCOUNT(const std::int32_t* catalogue, const std::int32_t* type,
                    std::int32_t* field_count, std::int32_t* err) {
-    AskCatalogue("GETFIELDCOUNT()", catalogue, err, [&] {
-        *field_count =
-            SectionDBInterface::GetSectionFieldCount(*catalogue, *type, &gblSectionDatabase);
+    AskCatalogue("GETFIELDCOUNT()", catalogue, field_count, err, [&] {
+        return SectionDBInterface::GetSectionFieldCount(*catalogue, *type, &gblSectionDatabase);
     });
 }
 

@@ -66,6 +66,13 @@ void AskJoists(const List& list, Query query) {
     Ask(list, query, [](EngineSlot&) {});
 }
 
+/// Whether the library-wide database is that of a catalogue, which is not so after a failed
+/// opening.
+bool IsOpen(int catalogue) {
+    return gblSectionDatabase != nullptr && gblSectionDatabase->IsOpen() &&
+           SectionDBInterface::m_nCountry == catalogue;
+}
+
 void FindLoadType(const char* label, const std::int32_t* catalogue, const std::int32_t* type,
                   const float* span, const float* depth, std::int32_t* load_type,
                   std::int32_t* err) {
@@ -115,6 +122,8 @@ void GETRANGESORTEDSECTIONS(const std::int32_t* catalogue, const std::int32_t* t
         EngineSlot& slot = engineSlots[Slot];
         slot.Begin(*catalogue, *type);
         slot.valueCount = *value_count;
+        if (!IsOpen(*catalogue)) // nor would the bounds be in its units
+            return;
         slot.ConvertTo(*unit);
         const bool isColumn = *column >= 0 && *column < EngineSlot::Columns;
         const float factor = isColumn ? slot.factors[static_cast<std::size_t>(*column)] : 1;

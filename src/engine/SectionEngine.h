@@ -55,7 +55,8 @@ DBSECTION_API void ISSECTIONDATABASECUSTOMIZED(const int32_t* catalogue /* in */
 /* To be called once, at the end of the run. */
 DBSECTION_API void TERMINATEDAOSESSION(void);
 
-/* The number of sections, and of values of each, of a section type. */
+/* The number of sections, and of values of each, of a section type; 0 when the catalogue cannot be
+ * opened. */
 DBSECTION_API void GETSECTIONCOUNT(const int32_t* catalogue /* in */, const int32_t* type /* in */,
                                    int32_t* count /* out */, int32_t* err /* out */);
 DBSECTION_API void GETFIELDCOUNT(const int32_t* catalogue /* in */, const int32_t* type /* in */,
