@@ -149,6 +149,22 @@ TEST_F(FacadeTest, ReadsTheInformationOfACatalogue) {
     EXPECT_EQ(Facade::m_nCountry, 0); // the library's own database is not touched
 }
 
+TEST_F(FacadeTest, ReadingTheInformationLeavesTheMarksOfAllFiles) {
+    MakeCatalogue(File("AISCSections.db3"), 1);
+    MakeCatalogue(File("other.db3"), 1);
+    for (const unsigned mark : {FILE_ATTRIBUTE_READONLY, FILE_ATTRIBUTE_NORMAL}) {
+        const unsigned otherMark = FILE_ATTRIBUTE_READONLY + FILE_ATTRIBUTE_NORMAL - mark;
+        SetFileAttributesA(File("AISCSections.db3").c_str(), mark);
+        SetFileAttributesA(File("other.db3").c_str(), otherMark);
+        EXPECT_EQ(Facade::GetSectionCount(1, 1), 1);
+        CString info;
+        EXPECT_EQ(Facade::GetDBInfo(File("other.db3").c_str(), info, info, info, info, info), 1);
+        EXPECT_EQ(GetFileAttributesA(File("other.db3").c_str()), otherMark);
+        Facade::CloseGblSectionDBObject(1);
+        EXPECT_EQ(GetFileAttributesA(File("AISCSections.db3").c_str()), mark);
+    }
+}
+
 TEST_F(FacadeTest, WritesTheTableIndexOfTheCataloguesThatAreThere) {
     const std::string path = File("tables.dbi");
     MakeCatalogue(File("JapaneseSections.db3"), 0);

@@ -115,7 +115,8 @@ int SectionDBInterface::GetSectionFieldCount(int index, int sectionType, CSectio
 
 int SectionDBInterface::GetDBInfo(CString fileName, CString& info2, CString& info0, CString& info3,
                                   CString& info1, CString& info4) {
-    DatabaseHandle db;
+    // Destroyed, not closed: closing would mark this file as another one was marked that is open.
+    dbsection::Handle<CSectionDatabase, destroyDatabase> db;
     RecordsetHandle rows;
     if (openDatabase(db.Address(), fileName, 1, 0, 1, m_szPassword, nullptr) != 1 ||
         openRecordset(db.Address(), rows.Address(), "Select * From [DBInfo]",
