@@ -233,7 +233,7 @@ void Connection::Key(const std::string& password) {
     const FileKind kind = ClassifyFile(std::span(firstBytes).first(count));
     if (kind == FileKind::NotADatabase)
         Fail(SectionError::NotADatabase,
-             m_path + ": this is not a catalogue file; name another file, or build it again.");
+             m_path + ": this is not a catalogue file; name another file.");
     if (kind == FileKind::Protected)
         KeyProtectedFile(firstBytes.data(), password);
     // Must follow the key: these read the file.
