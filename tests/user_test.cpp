@@ -114,9 +114,9 @@ TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
         {"add", std::string("Pipe P1 --vessa-name p2") + Values,
          R"("P1": Duplicate section name!! Record not saved.)"},
         {"add", std::string("Pipe P2 --vessa-name p1") + Values,
-         R"(the section "P1" has the VessaName "P1" already)"},
+         R"(the section "P1" of table "Pipe" has the VessaName "P1" already)"},
         {"add", "Prismatic P1 D=1 B=1 AX=1 IZ=1 IY=1 IX=1",
-         R"(a section of table "Pipe" has the VessaName "P1" already)"},
+         R"(table "Prismatic": the section "P1" of table "Pipe" has the VessaName "P1" already)"},
         {"update", "Pipe P9 T=1", "there is no section \"P9\""},
         {"update", "Pipe P1 Q=1", "names none of its columns"},
     };
@@ -153,15 +153,34 @@ TEST_F(UserFileTest, UpdatesTheSectionOfThatPublicNameFirst) {
     EXPECT_NE(User("update", "Pipe second T=6").output.find("Other"), std::string::npos);
 }
 
+/// Makes a catalogue one of user tables, by its title.
+void MakeUserTables(const CatalogueFile& file) {
+    CSectionRecordset info(file.Database());
+    info.Open(CSectionRecordset::Table, "DBInfo");
+    info.Edit();
+    info.SetFieldValue(0, "User tables");
+    info.Update();
+}
+
+TEST_F(UserFileTest, MakesNoFigureOfAMissingOne) {
+    {
+        CatalogueFile file(m_file);
+        file.AddTable("Pipe", LayoutId::RoundTube, {{"P1", "P1", {100.0, 5.0, 14.9}}});
+        MakeUserTables(file);
+    }
+    const Outcome refused = User("update", "Pipe P1 T=6 Z=45.1");
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.output.find("these values are missing: I (moment of inertia, in INCHES^4)."),
+              std::string::npos)
+        << refused.output;
+    EXPECT_EQ(User("update", "Pipe P1 Z=45.1 I=168").status, 0);
+}
+
 TEST_F(UserFileTest, RefusesAFileOfAnotherLayout) {
     {
         CatalogueFile file(m_file);
         file.AddTable("Pipe", LayoutId::RoundBar);
-        CSectionRecordset info(file.Database());
-        info.Open(CSectionRecordset::Table, "DBInfo");
-        info.Edit();
-        info.SetFieldValue(0, "User tables");
-        info.Update();
+        MakeUserTables(file);
     }
     const Outcome listed = User("list", "Pipe");
     EXPECT_NE(
@@ -170,6 +189,105 @@ TEST_F(UserFileTest, RefusesAFileOfAnotherLayout) {
         std::string::npos)
         << listed.output;
     EXPECT_EQ(User("add", std::string("Pipe P1") + Values).status, 1);
+}
+
+TEST_F(UserFileTest, RefusesRecordNumbersThatTheLibraryCannotChange) {
+    Create();
+    ASSERT_EQ(User("add", std::string("Pipe P1") + Values).status, 0);
+    {
+        CSectionDatabase database;
+        database.Open(m_file.c_str());
+        CSectionRecordset rows(&database);
+        rows.Open(CSectionRecordset::Table, "Pipe");
+        rows.AddNew();
+        rows.SetFieldValue(0, COleVariant(65537));
+        for (const int name : {1, 2})
+            rows.SetFieldValue(name, "BIG");
+        for (int column = 3; column < rows.GetFieldCount(); ++column)
+            rows.SetFieldValue(column, COleVariant(7.0));
+        rows.Update();
+    }
+    const std::string before = ReadFile(m_file);
+    for (const auto& [arguments, message] :
+         {std::pair("update Pipe BIG T=6", "\"BIG\" has the record number 65537; only those of 1"),
+          {"add Pipe P2 OD=100 T=5 AX=14.9 I=168 Z=45.1", "its last record number is 65537"}}) {
+        const std::string text = arguments;
+        const std::size_t blank = text.find(' ');
+        const Outcome outcome = User(text.substr(0, blank), text.substr(blank));
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
+        EXPECT_EQ(ReadFile(m_file), before);
+    }
+    EXPECT_NE(User("list", "Pipe").output.find("BIG"), std::string::npos);
+}
+
+TEST_F(UserFileTest, LeavesAReadOnlyFileAlone) {
+    Create();
+    SetFileAttributesA(m_file.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_NE(User("add", std::string("Pipe P1") + Values).output.find("the file is read-only"),
+              std::string::npos);
+    EXPECT_EQ(User("list", "Pipe").status, 0);
+    EXPECT_EQ(GetFileAttributesA(m_file.c_str()), FILE_ATTRIBUTE_READONLY);
+}
+
+// The library finds sections by public names, too, and refuses those alone.
+TEST_F(UserFileTest, RefusesAVessaNameThatTheLibraryWouldTake) {
+    constexpr int Pipe = 2006;
+    Create();
+    ASSERT_EQ(User("add", std::string("Pipe P1") + Values).status, 0);
+    EXPECT_EQ(User("add", std::string("Pipe P2 --vessa-name p1") + Values).status, 1);
+    Facade::m_szUserTableFileName = m_file.c_str();
+    CSectionDatabase* database = Facade::GetDatabasePtr(UserTableIndex);
+    SectionDBBase* catalogue = Facade::m_SectionDBDrv.GetSectionDBObject(UserTableIndex);
+    catalogue->SetDatabase(database);
+    catalogue->SetWorkingTable("Pipe");
+    SECTIONINFO section;
+    section.PublicName = "P2";
+    section.VessaName = "p1";
+    section.Values = {100, 5, 14.9, 168, 45.1};
+    EXPECT_EQ(catalogue->AddSectionData(2, &section), 1);
+    EXPECT_EQ(Names(UserTableIndex, Pipe), "P1 p1");
+}
+
+/// Runs two commands on the file at once; which of them succeeded.
+std::pair<bool, bool> RunBoth(const std::string& first, const std::string& second) {
+    const Outcome outcome = Shell(fmt::format("({} > /dev/null 2>&1 && echo first) & ({} > "
+                                              "/dev/null 2>&1 && echo second); wait",
+                                              first, second));
+    return {outcome.output.find("first") != std::string::npos,
+            outcome.output.find("second") != std::string::npos};
+}
+
+TEST_F(UserFileTest, TwoProcessesThatChangeOneSectionLoseNothing) {
+    Create();
+    ASSERT_EQ(User("add", std::string("Pipe P1") + Values).status, 0);
+    const std::string update =
+        Quote(SECTIONDB_PROGRAM) + " user update " + Quote(m_file) + " Pipe P1 ";
+    int both = 0;
+    for (int round = 1; round <= 25; ++round) {
+        const std::string number = std::to_string(1000 + round);
+        const auto [first, second] =
+            RunBoth(fmt::format("{}T={}", update, number), fmt::format("{}I={}", update, number));
+        const std::string listed = User("list", "Pipe").output;
+        std::size_t found = 0;
+        for (std::size_t at = 0; (at = listed.find(number, at)) != std::string::npos; ++at)
+            ++found;
+        ASSERT_EQ(found, (first ? 1U : 0U) + (second ? 1U : 0U)) << listed;
+        both += first && second ? 1 : 0;
+    }
+    EXPECT_GT(both, 0);
+}
+
+TEST_F(UserFileTest, ANameGoesToOneFamily) {
+    Create();
+    const std::string add = Quote(SECTIONDB_PROGRAM) + " user add " + Quote(m_file);
+    for (int round = 1; round <= 25; ++round) {
+        const std::string name = "P" + std::to_string(round);
+        const auto [first, second] =
+            RunBoth(fmt::format("{} Pipe {}{}", add, name, Values),
+                    fmt::format("{} Prismatic {} D=1 B=1 AX=1 IZ=1 IY=1 IX=1", add, name));
+        ASSERT_NE(first, second) << name;
+    }
 }
 
 TEST_F(UserFileTest, OneOfTwoProcessesGetsAName) {

@@ -1,15 +1,17 @@
 #include "sectiondb/CatalogueAccess.h"
 
+#include "dataaccess/CCrack.h"
 #include "dataaccess/CSectionException.h"
-#include "dataaccess/Handles.h"
 #include "interface/SectionDBInterface.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
+#include "sectiondb/LibraryFailure.h"
 
+#include <algorithm>
 #include <charconv>
 #include <fmt/format.h>
+#include <memory>
 #include <string_view>
-#include <vector>
 
 namespace dbsection {
 namespace {
@@ -23,45 +25,26 @@ bool IsNamed(int index, const std::string& name) {
            EqualNoCase(SectionDBInterface::m_saCountryName[index], name);
 }
 
-/// Why a file cannot be opened, in the words of the data-access layer.
-std::string ReasonNotToOpen(const CString& path) {
-    try {
-        CSectionDatabase database;
-        database.Open(path, 0, 1, SectionDBInterface::m_szPassword);
-        return "it can be opened now; try again";
-    } catch (CException* e) {
-        const CString message = e->GetMessage();
-        e->Delete();
-        return std::string(message.View());
-    }
+/// The path of a catalogue's file, empty where there is none.
+CString FileOf(int index) {
+    ForgetFailure();
+    CString path = SectionDBInterface::GetDatabaseFileName(index);
+    if (path.IsEmpty() && HasFailed())
+        throw CommandError(ReasonOfFailure());
+    return path;
 }
 
-/// A text as it stands between single quotes in a statement.
-std::string QuoteEscaped(const std::string& text) {
-    std::string escaped;
-    for (const char c : text)
-        escaped.append(c == '\'' ? 2 : 1, c);
-    return escaped;
+std::string PathOf(const CSectionDatabase& database) {
+    return NativePath(database.GetName().View());
+}
+
+bool HasTable(const CSectionDatabase& database, std::string_view name) {
+    return std::ranges::any_of(database.GetUserTableNames(), [&](const CString& table) {
+        return EqualNoCase(table.View(), name);
+    });
 }
 
 } // namespace
-
-std::string TitleOf(const CString& path) {
-    CString title;
-    CString standard;
-    CString source;
-    CString version;
-    CString hash;
-    if (SectionDBInterface::GetDBInfo(path, source, title, version, standard, hash) != 1)
-        throw CommandError(fmt::format("{}: it has no catalogue information (table \"DBInfo\"); "
-                                       "build it again.",
-                                       NativePath(path.View())));
-    if (version.View() != std::to_string(CatalogueLayoutVersion))
-        throw CommandError(fmt::format("{}: its layout version is {}, expected {}; build it again.",
-                                       NativePath(path.View()), version.View(),
-                                       CatalogueLayoutVersion));
-    return std::string(title.View());
-}
 
 int FindCatalogue(const std::string& name) {
     for (int index = 1; index <= LastCatalogueIndex; ++index)
@@ -72,30 +55,68 @@ int FindCatalogue(const std::string& name) {
                                    name, LastCatalogueIndex));
 }
 
-bool HasFile(int index) { return !SectionDBInterface::GetDatabaseFileName(index).IsEmpty(); }
+bool HasFile(int index) { return !FileOf(index).IsEmpty(); }
+
+void CloseLibraryDatabase() {
+    destroyDatabase(&gblSectionDatabase); // closeDatabase would change the marks of the file
+    SectionDBInterface::m_nCountry = 0;
+}
+
+OpenCatalogue Attach(int index, CSectionDatabase& database) {
+    SectionDBInterface::InitSectionDBInterface();
+    auto* catalogue = dynamic_cast<CatalogueSectionDB*>(
+        SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
+    if (catalogue == nullptr)
+        throw CommandError("Out of memory.");
+    catalogue->SetDatabase(&database);
+    return {index, &database, catalogue};
+}
+
+CatalogueInformation ReadInformation(CSectionDatabase& database) {
+    constexpr int Fields = 5;
+    const CommandError foreign(
+        fmt::format("{}: this is no catalogue, but maybe another program's database: it has no "
+                    "catalogue information (table \"DBInfo\"); name another file.",
+                    PathOf(database)));
+    if (!HasTable(database, "DBInfo"))
+        throw foreign;
+    CSectionRecordset rows(&database);
+    rows.Open(CSectionRecordset::Snapshot, "Select * From [DBInfo]");
+    if (rows.IsEOF() || rows.GetFieldCount() < Fields)
+        throw foreign;
+    return {TextAt(rows, 0), TextAt(rows, 3), TextAt(rows, 4)};
+}
+
+void RequireLayoutVersion(const CSectionDatabase& database, const CatalogueInformation& found) {
+    if (found.layoutVersion == std::to_string(CatalogueLayoutVersion))
+        return;
+    const char* advice = found.sourceHash.empty()
+                             ? "use the version of this program that made it"
+                             : "build it again from its text sources, and keep a copy where "
+                               "sections were added to it";
+    throw CommandError(fmt::format("{}: its layout version is {}, expected {}; {}.",
+                                   PathOf(database), found.layoutVersion, CatalogueLayoutVersion,
+                                   advice));
+}
 
 OpenCatalogue Open(int index) {
-    const CString path = SectionDBInterface::GetDatabaseFileName(index);
+    const CString path = FileOf(index);
     if (path.IsEmpty() && SectionDBInterface::IsCustomized(index) != 0)
         throw CommandError(fmt::format(
             "The settings file replaces {}.db3 by a file that there is not; mend its section "
-            "\"CustomDBNames\", or build that file.",
+            "\"CustomDBNames\", or put that file into the folder.",
             SectionDBInterface::m_saSectionFile[index]));
     if (path.IsEmpty())
         throw CommandError(fmt::format(
             "{}.db3 is not in the folder \"{}\"; build it there, or name its folder with --folder.",
             SectionDBInterface::m_saSectionFile[index],
             NativePath(SectionDBInterface::GetDatabaseDirectoryName().View())));
-    CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
-    if (database == nullptr)
-        throw CommandError(ReasonNotToOpen(path));
-    TitleOf(path);
-    auto* catalogue = dynamic_cast<CatalogueSectionDB*>(
-        SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
-    if (catalogue == nullptr)
-        throw CommandError("Out of memory.");
-    catalogue->SetDatabase(database);
-    return {index, database, catalogue};
+    CloseLibraryDatabase();
+    gblSectionDatabase = new CSectionDatabase;
+    gblSectionDatabase->Open(path, 0, 1, SectionDBInterface::m_szPassword);
+    SectionDBInterface::m_nCountry = index;
+    RequireLayoutVersion(*gblSectionDatabase, ReadInformation(*gblSectionDatabase));
+    return Attach(index, *gblSectionDatabase);
 }
 
 const SectionFamily& FindFamily(const OpenCatalogue& open, const std::string& name) {
@@ -122,39 +143,96 @@ bool HasSectionTable(const SectionFamily& family) {
     return family.layout != LayoutId::Joist && family.layout != LayoutId::JoistGirder;
 }
 
-void VisitSections(const OpenCatalogue& open, const std::string& name,
-                   const SectionVisitor& visit) {
-    CSectionDatabase* database = open.database;
-    const std::string literal = QuoteEscaped(name);
-    for (const SectionFamily& family : open.catalogue->Families()) {
-        if (!HasSectionTable(family) || IsExistentTable(database, family.table) == 0)
-            continue;
-        const std::string sql = fmt::format("Select * From [{0}] WHERE UPPER([VessaName]) = "
-                                            "UPPER('{1}') OR UPPER([Name]) = UPPER('{1}')",
-                                            family.table, literal);
-        RecordsetHandle rows;
-        if (openRecordset(&database, rows.Address(), sql.c_str(), CSectionRecordset::Snapshot, 1) !=
-            1)
-            ThrowUnreadable(open, family);
-        for (; !rows->IsEOF(); rows->MoveNext())
-            visit(family, *rows);
+std::vector<const SectionFamily*> PresentFamilies(const OpenCatalogue& open) {
+    const std::vector<CString> tables = open.database->GetUserTableNames();
+    std::vector<const SectionFamily*> present;
+    for (const SectionFamily& family : open.catalogue->Families())
+        if (std::ranges::find(tables, CString(family.table)) != tables.end())
+            present.push_back(&family);
+    return present;
+}
+
+void ReadTable(const SectionFamily& family, const std::function<void()>& read) {
+    try {
+        read();
+    } catch (CSectionException* e) {
+        const CString reason = e->GetMessage();
+        e->Delete();
+        throw CommandError(
+            fmt::format("Table \"{}\" cannot be read: {}", family.table, reason.View()));
     }
 }
 
-void ThrowUnreadable(const OpenCatalogue& open, const SectionFamily& family) {
-    throw CommandError(fmt::format("{}: table \"{}\" cannot be read; the file is damaged or in "
-                                   "use. Build it again, or close the other program.",
-                                   open.database->GetName().View(), family.table));
+void RequireBookkeeping(const OpenCatalogue& open, const SectionFamily& family, int columns) {
+    if (columns < BookkeepingColumns)
+        throw CommandError(
+            fmt::format("{}: table \"{}\" has {} columns; a table of sections begins "
+                        "with RECNO, Name and VessaName.",
+                        PathOf(*open.database), family.table, columns));
+}
+
+void VisitRows(const OpenCatalogue& open, const SectionFamily& family, const std::string& clause,
+               const RowVisitor& visit) {
+    ReadTable(family, [&] {
+        CSectionRecordset rows(open.database);
+        rows.Open(CSectionRecordset::Snapshot,
+                  fmt::format("Select * From [{}]{}", family.table, clause).c_str());
+        RequireBookkeeping(open, family, rows.GetFieldCount());
+        for (; !rows.IsEOF(); rows.MoveNext())
+            visit(rows);
+    });
+}
+
+void VisitSections(const OpenCatalogue& open, const std::string& name,
+                   const SectionVisitor& visit) {
+    if (name.find('\'') != std::string::npos)
+        return; // no section's name can hold a quote
+    const std::string clause = fmt::format(
+        " WHERE UPPER([VessaName]) = UPPER('{0}') OR UPPER([Name]) = UPPER('{0}')", name);
+    for (const SectionFamily* family : PresentFamilies(open))
+        if (HasSectionTable(*family))
+            VisitRows(open, *family, clause,
+                      [&](const CSectionRecordset& rows) { visit(*family, rows); });
+}
+
+std::string TextAt(const CSectionRecordset& rows, int column) {
+    return std::string(CCrack::strVARIANT(rows.GetFieldValue(column)).View());
+}
+
+std::vector<std::string> UnitsOf(const OpenCatalogue& open, const SectionFamily& family) {
+    std::vector<std::string> units;
+    ReadTable(family, [&] {
+        if (!HasTable(*open.database, "Field Units"))
+            return;
+        CSectionRecordset rows(open.database);
+        rows.Open(CSectionRecordset::Snapshot,
+                  fmt::format("Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('{}')",
+                              family.table)
+                      .c_str());
+        for (int column = 1; !rows.IsEOF() && column < rows.GetFieldCount(); ++column)
+            units.push_back(rows.GetFieldValue(column).vt == VT_NULL ? "" : TextAt(rows, column));
+        if (!rows.IsEOF())
+            rows.MoveLast();
+        if (rows.GetRecordCount() > 1) // which of them is meant cannot be told
+            units.clear();
+    });
+    return units;
 }
 
 bool CatalogueFaults::Try(const std::function<void()>& visit) {
+    std::string fault;
     try {
         visit();
         return true;
-    } catch (const CommandError& fault) {
-        m_faults += (m_faults.empty() ? "" : "\n") + std::string(fault.what());
-        return false;
+    } catch (const CommandError& error) {
+        fault = error.what();
+    } catch (CException* e) {
+        fault = e->GetMessage();
+        e->Delete();
     }
+    if (m_faults.find(fault) == std::string::npos) // one settings file may keep all from being read
+        m_faults += (m_faults.empty() ? "" : "\n") + fault;
+    return false;
 }
 
 void CatalogueFaults::ThrowIfAny() const {
@@ -162,10 +240,4 @@ void CatalogueFaults::ThrowIfAny() const {
         throw CommandError(m_faults);
 }
 
-std::string ConnectText(const std::string& password) {
-    const bool hasEquals = password.find('=') != std::string::npos;
-    if (hasEquals && password.find(';') != std::string::npos)
-        throw CommandError(R"(A password cannot hold both "=" and ";"; choose another one.)");
-    return hasEquals ? ";PWD=" + password : password;
-}
 } // namespace dbsection

@@ -3,8 +3,8 @@
 #include "dataaccess/CSectionDatabase.h"
 #include "dataaccess/CSectionException.h"
 #include "dataaccess/CSectionRecordset.h"
-#include "sectiondb/CatalogueAccess.h"
 #include "sectiondb/Commands.h"
+#include "sectiondb/Password.h"
 
 #include <algorithm>
 #include <fmt/format.h>

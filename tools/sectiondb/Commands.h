@@ -2,6 +2,8 @@
 // CommandError and printed by main.
 #pragma once
 
+#include "sectiondb/Password.h"
+
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
@@ -18,7 +20,7 @@ struct CommandError : std::runtime_error {
 struct BuildOptions {
     std::vector<std::filesystem::path> sources; ///< one folder per catalogue
     std::filesystem::path output;
-    std::string password;
+    PasswordSource password;
 };
 
 struct ListOptions {
@@ -47,7 +49,7 @@ struct SelectOptions {
 
 struct UserOptions {
     std::filesystem::path file;
-    std::string password;
+    PasswordSource password;
 
     // to create a file
     bool isGeneric = false; ///< generic shapes instead of user tables

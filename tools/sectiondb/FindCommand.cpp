@@ -1,7 +1,7 @@
 #include "sectiondb/CatalogueAccess.h"
 #include "sectiondb/Commands.h"
+#include "sectiondb/OutputText.h"
 
-#include "dataaccess/CCrack.h"
 #include "interface/SectionDBInterface.h"
 #include "platform/FileSystem.h"
 
@@ -14,16 +14,18 @@ void Find(const std::string& name) {
     CatalogueFaults faults;
     int catalogues = 0;
     for (int index = 1; index <= LastCatalogueIndex; ++index) {
-        if (!HasFile(index))
-            continue;
-        ++catalogues;
         const auto print = [&](const SectionFamily& family, const CSectionRecordset& rows) {
-            found += fmt::format("{:<28} {:<20} {:<20} {}\n",
-                                 SectionDBInterface::m_saCountryName[index], family.table,
-                                 CCrack::strVARIANT(rows.GetFieldValue(VessaNameColumn)).View(),
-                                 CCrack::strVARIANT(rows.GetFieldValue(NameColumn)).View());
+            found +=
+                fmt::format("{:<28} {:<20} {:<20} {}\n", SectionDBInterface::m_saCountryName[index],
+                            family.table, PlainText(TextAt(rows, VessaNameColumn)),
+                            PlainText(TextAt(rows, NameColumn)));
         };
-        faults.Try([&] { VisitSections(Open(index), name, print); });
+        faults.Try([&] {
+            if (!HasFile(index))
+                return;
+            ++catalogues;
+            VisitSections(Open(index), name, print);
+        });
     }
     fmt::print("{}", found);
     faults.ThrowIfAny();

@@ -1,10 +1,7 @@
+#include "interface/SectionDBInterface.h"
 #include "sectiondb/CatalogueAccess.h"
 #include "sectiondb/Commands.h"
-
-#include "dataaccess/CCrack.h"
-#include "dataaccess/Handles.h"
-#include "interface/SectionDBInterface.h"
-#include "platform/Text.h"
+#include "sectiondb/OutputText.h"
 
 #include <cstdio>
 #include <fmt/format.h>
@@ -19,9 +16,12 @@ struct FamilyCount {
 
 std::vector<FamilyCount> CountFamilies(const OpenCatalogue& open) {
     std::vector<FamilyCount> counts;
-    for (const SectionFamily& family : open.catalogue->Families())
-        if (IsExistentTable(open.database, family.table) == 1)
-            counts.push_back({&family, open.catalogue->GetSectionCount(family.sectionType)});
+    for (const SectionFamily* family : PresentFamilies(open)) {
+        CSectionTableDefInfo info;
+        ReadTable(*family,
+                  [&] { open.database->GetTableDefInfo(family->table, info, AllInformation); });
+        counts.push_back({family, info.m_lRecordCount});
+    }
     return counts;
 }
 
@@ -42,28 +42,30 @@ void ListCatalogues() {
     for (int index = 1; index <= LastCatalogueIndex; ++index) {
         fmt::print("{:>3}  {:<28} {:<30} ", index, SectionDBInterface::m_saCountryName[index],
                    SectionDBInterface::m_saSectionFile[index]);
-        if (!HasFile(index)) {
-            fmt::print("{:>8} {:>10}\n", "-", "no file");
-            continue;
-        }
+        bool hasFile = false;
         std::vector<FamilyCount> counts;
-        if (faults.Try([&] { counts = CountFamilies(Open(index)); }))
-            fmt::print("{:>8} {:>10}\n", counts.size(), SectionsText(Total(counts)));
-        else
+        const auto count = [&] {
+            hasFile = HasFile(index);
+            if (hasFile)
+                counts = CountFamilies(Open(index));
+        };
+        if (!faults.Try(count))
             fmt::print("{:>8} {:>10}\n", "-", "at fault");
+        else if (!hasFile)
+            fmt::print("{:>8} {:>10}\n", "-", "no file");
+        else
+            fmt::print("{:>8} {:>10}\n", counts.size(), SectionsText(Total(counts)));
     }
     faults.ThrowIfAny();
 }
 
 void ListSections(const OpenCatalogue& open, const SectionFamily& family) {
-    CStringList names;
-    CStringList publicNames;
-    open.catalogue->GetSectionNameList(family.sectionType, &names, nullptr, 1, 0);
-    open.catalogue->GetSectionNameList(family.sectionType, &publicNames, nullptr, 1, 1);
-    fmt::print("{:<30} {}\n", "Name", "Name in the analysis program");
-    auto name = names.begin();
-    for (const CString& publicName : publicNames)
-        fmt::print("{:<30} {}\n", publicName.View(), (name++)->View());
+    std::string lines = fmt::format("{:<30} {}\n", "Name", "Name in the analysis program");
+    VisitRows(open, family, " ORDER BY 1", [&](const CSectionRecordset& rows) {
+        lines += fmt::format("{:<30} {}\n", PlainText(TextAt(rows, NameColumn)),
+                             PlainText(TextAt(rows, VessaNameColumn)));
+    });
+    fmt::print("{}", lines);
 }
 
 } // namespace

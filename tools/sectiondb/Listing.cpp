@@ -22,28 +22,32 @@ std::string CellText(const Cell& cell, const char* nothing, Number number, Text 
     return nothing;
 }
 
-std::string ReadableText(const Cell& cell, const Column& column) {
-    return CellText(
-        cell, "", [&](double number) { return FigureText(number, column.isConverted); },
-        [](const std::string& text) { return text; });
-}
-
 /// All lines that are printed, the two header lines first.
 std::vector<std::vector<std::string>> ReadableLines(const Listing& listing) {
     std::vector<std::vector<std::string>> lines(2);
     for (const Column& column : listing.columns) {
-        lines[0].push_back(column.name);
-        lines[1].push_back(column.unit);
+        lines[0].push_back(PlainText(column.name));
+        lines[1].push_back(PlainText(column.unit));
     }
     for (const auto& row : listing.rows) {
         auto& line = lines.emplace_back();
         for (std::size_t i = 0; i < row.size(); ++i)
-            line.push_back(ReadableText(row[i], listing.columns[i]));
+            line.push_back(ReadableText(row[i], listing.columns[i].isConverted));
     }
     return lines;
 }
 
 } // namespace
+
+std::string ReadableText(const Cell& cell, bool isConverted) {
+    return CellText(
+        cell, "", [&](double number) { return FigureText(number, isConverted); }, PlainText);
+}
+
+std::string JsonValue(const Cell& cell) {
+    return CellText(
+        cell, "null", [](double number) { return ExactText(number, "null"); }, JsonText);
+}
 
 void PrintAligned(const Listing& listing) {
     const auto lines = ReadableLines(listing);
@@ -74,7 +78,9 @@ void PrintCsv(const Listing& listing) {
     for (const auto& row : listing.rows) {
         std::string line;
         for (const Cell& cell : row)
-            line += CellText(cell, "", ExactText, CsvText) + ',';
+            line += CellText(
+                        cell, "", [](double number) { return ExactText(number); }, CsvText) +
+                    ',';
         line.back() = '\n';
         fmt::print("{}", line);
     }
@@ -91,8 +97,7 @@ void PrintJson(const Listing& listing) {
     for (const auto& row : listing.rows) {
         fmt::print("{}  {{", separator);
         for (std::size_t i = 0; i < row.size(); ++i)
-            fmt::print("{}: {}, ", JsonText(listing.columns[i].name),
-                       CellText(row[i], "null", ExactText, JsonText));
+            fmt::print("{}: {}, ", JsonText(listing.columns[i].name), JsonValue(row[i]));
         fmt::print("\"units\": {{{}}}}}", units);
         separator = ",\n";
     }

@@ -20,6 +20,10 @@ struct Listing {
     std::vector<std::vector<Cell>> rows; ///< a cell per column
 };
 
+/// A cell to be read by a person, and as a JSON value.
+std::string ReadableText(const Listing::Cell& cell, bool isConverted);
+std::string JsonValue(const Listing::Cell& cell);
+
 /// Columns side by side, names and units above them.
 void PrintAligned(const Listing& listing);
 

@@ -6,14 +6,18 @@
 
 namespace dbsection {
 
-/// A JSON string, its quotes included.
+/// A text as a terminal may get it. Names come from files that may hold anything: what controls a
+/// terminal or turns the direction of writing is written as \u001b, what is not UTF-8 as U+FFFD.
+std::string PlainText(std::string_view text);
+
+/// A JSON string, its quotes included, of the same characters.
 std::string JsonText(std::string_view text);
 
 /// A field of comma-separated text, in quotes where it needs them (RFC 4180).
 std::string CsvText(std::string_view text);
 
-/// The shortest text that reads back to the same number.
-std::string ExactText(double number);
+/// The shortest text that reads back to the same number; `nothing` for what is no finite number.
+std::string ExactText(double number, const char* nothing = "");
 
 /// A number to be read by a person: a published figure as it stands, a converted one to the digits
 /// that it can carry.

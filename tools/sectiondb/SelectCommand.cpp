@@ -1,14 +1,13 @@
 #include "sectiondb/CatalogueAccess.h"
 #include "sectiondb/Commands.h"
 #include "sectiondb/CsvTable.h"
+#include "sectiondb/LibraryFailure.h"
 #include "sectiondb/Listing.h"
 #include "sectiondb/UnitLabels.h"
 
-#include "dataaccess/CCrack.h"
 #include "dataaccess/Handles.h"
 #include "interface/SectionDBInterface.h"
 #include "platform/Text.h"
-#include "units/UNIT.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,22 +40,23 @@ struct Table {
 
 std::vector<TableColumn> ReadColumns(const OpenCatalogue& open, const SectionFamily& family,
                                      const UnitChoice& choice) {
-    CSectionDatabase* database = open.database;
-    TableDefHandle table;
-    if (openTableDef(database, table.Address(), family.table) != 1)
-        ThrowUnreadable(open, family);
-    CStringArray units;
-    UNIT::GetFieldUnitArray(database, family.table, &units);
+    std::vector<std::string> units = UnitsOf(open, family);
     std::vector<TableColumn> columns;
-    for (int i = 0; i < table->GetFieldCount(); ++i) {
-        CSectionFieldInfo field;
-        table->GetFieldInfo(i, field);
-        const bool isText =
-            field.m_nType == SectionField::Text || field.m_nType == SectionField::Memo;
-        const std::string unit(i < units.GetSize() && !isText ? units[i].View() : "");
-        columns.push_back(
-            {std::string(field.m_strName.View()), unit, InChosenUnits(1, unit, choice), isText});
-    }
+    ReadTable(family, [&] {
+        CSectionTableDef table(open.database);
+        table.Open(family.table);
+        units.resize(static_cast<std::size_t>(table.GetFieldCount()));
+        for (int i = 0; i < table.GetFieldCount(); ++i) {
+            CSectionFieldInfo field;
+            table.GetFieldInfo(i, field);
+            const bool isText =
+                field.m_nType == SectionField::Text || field.m_nType == SectionField::Memo;
+            const std::string unit = isText ? "" : units[static_cast<std::size_t>(i)];
+            columns.push_back({std::string(field.m_strName.View()), unit,
+                               InChosenUnits(1, unit, choice), isText});
+        }
+    });
+    RequireBookkeeping(open, family, static_cast<int>(columns.size()));
     return columns;
 }
 
@@ -169,6 +169,7 @@ void Query(const Table& table, const Criteria& criteria, RecordsetHandle& rows) 
     const int catalogue = table.open.index;
     const int type = table.family.sectionType;
     const auto* keys = criteria.keys.get();
+    ForgetFailure();
     if (!criteria.prefix.empty()) {
         SectionDBInterface::GetLikeSortedSectionRecords(
             catalogue, type, keys, criteria.prefix.c_str(), &gblSectionDatabase, rows.Address());
@@ -183,7 +184,8 @@ void Query(const Table& table, const Criteria& criteria, RecordsetHandle& rows) 
                                                     rows.Address());
     }
     if (rows.Get() == nullptr)
-        ThrowUnreadable(table.open, table.family);
+        throw CommandError(
+            fmt::format("Table \"{}\" cannot be read: {}.", table.family.table, ReasonOfFailure()));
 }
 
 Listing::Cell ReadCell(const Table& table, const CSectionRecordset& rows, int column) {
@@ -199,8 +201,8 @@ Listing::Cell ReadCell(const Table& table, const CSectionRecordset& rows, int co
 /// Whether the current row is asked for: a prefix is meant letter by letter, where the query takes
 /// "%" and "_" for any letters.
 bool Meets(const Criteria& criteria, const Table& table, const CSectionRecordset& rows) {
-    const CString name = CCrack::strVARIANT(rows.GetFieldValue(VessaNameColumn));
-    if (!EqualNoCase(name.View().substr(0, criteria.prefix.size()), criteria.prefix))
+    const std::string name = TextAt(rows, VessaNameColumn);
+    if (!EqualNoCase(name.substr(0, criteria.prefix.size()), criteria.prefix))
         return false;
     if (!criteria.range)
         return true;
@@ -238,9 +240,12 @@ void Select(const SelectOptions& options) {
                                        family.table));
     const Table table{open, family, choice, ReadColumns(open, family, choice)};
     const Criteria criteria = ParseCriteria(table, options);
-    RecordsetHandle rows;
-    Query(table, criteria, rows);
-    const Listing listing = Collect(table, criteria, *rows);
+    Listing listing;
+    ReadTable(family, [&] {
+        RecordsetHandle rows;
+        Query(table, criteria, rows);
+        listing = Collect(table, criteria, *rows);
+    });
     const auto print = options.csv ? PrintCsv : options.json ? PrintJson : PrintAligned;
     print(listing);
 }

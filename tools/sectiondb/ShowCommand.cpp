@@ -1,17 +1,13 @@
+#include "interface/SectionDBInterface.h"
+#include "platform/Text.h"
 #include "sectiondb/CatalogueAccess.h"
 #include "sectiondb/Commands.h"
+#include "sectiondb/Listing.h"
 #include "sectiondb/OutputText.h"
 #include "sectiondb/UnitLabels.h"
 
-#include "dataaccess/CCrack.h"
-#include "interface/SectionDBInterface.h"
-#include "platform/Text.h"
-#include "units/UNIT.h"
-
 #include <algorithm>
-#include <cstdio>
 #include <fmt/format.h>
-#include <memory>
 
 namespace dbsection {
 namespace {
@@ -19,9 +15,9 @@ namespace {
 struct Property {
     std::string column;
     std::string meaning;
-    std::string value;
+    Listing::Cell value;
     std::string unit;
-    bool isText;
+    bool isConverted;
 };
 
 struct Section {
@@ -39,36 +35,32 @@ const char* MeaningOf(LayoutId layout, std::string_view column) {
 }
 
 Property ReadProperty(const CSectionRecordset& rows, int column, LayoutId layout,
-                      const CStringArray& units, const UnitChoice& choice) {
+                      std::string_view unit, const UnitChoice& choice) {
     CSectionFieldInfo field;
     rows.GetFieldInfo(column, field);
     const std::string name(field.m_strName.View());
     const COleVariant value = rows.GetFieldValue(column);
-    Property property{name, MeaningOf(layout, name), "", "", value.vt == VT_BSTR};
-    if (property.isText || value.vt == VT_NULL) {
-        property.value = value.vt == VT_NULL ? "" : std::string(value.strVal.View());
-        property.isText = true;
+    Property property{name, MeaningOf(layout, name), {}, "", false};
+    if (value.vt == VT_BSTR)
+        property.value = TextAt(rows, column);
+    if (value.vt == VT_BSTR || value.vt == VT_NULL)
         return property;
-    }
-    const std::string_view unit =
-        column < units.GetSize() ? units[column].View() : std::string_view();
     const double stored = NumberIn(value).value_or(0);
     const LabelledValue labelled = InChosenUnits(stored, unit, choice);
-    property.value = FigureText(labelled.value, labelled.value != stored);
+    property.value = labelled.value;
     property.unit = labelled.unit;
+    property.isConverted = labelled.value != stored;
     return property;
 }
 
 Section ReadSection(const OpenCatalogue& open, const SectionFamily& family,
                     const CSectionRecordset& rows, const UnitChoice& choice) {
-    Section section{family.table,
-                    std::string(CCrack::strVARIANT(rows.GetFieldValue(1)).View()),
-                    std::string(CCrack::strVARIANT(rows.GetFieldValue(2)).View()),
-                    {}};
-    const std::unique_ptr<CStringArray> list(UNIT::GetFieldUnitList(open.database, family.table));
-    const CStringArray units = list ? *list : CStringArray();
+    Section section{family.table, TextAt(rows, NameColumn), TextAt(rows, VessaNameColumn), {}};
+    std::vector<std::string> units = UnitsOf(open, family);
+    units.resize(static_cast<std::size_t>(rows.GetFieldCount()));
     for (int column = BookkeepingColumns; column < rows.GetFieldCount(); ++column)
-        section.properties.push_back(ReadProperty(rows, column, family.layout, units, choice));
+        section.properties.push_back(ReadProperty(rows, column, family.layout,
+                                                  units[static_cast<std::size_t>(column)], choice));
     return section;
 }
 
@@ -82,32 +74,43 @@ std::vector<Section> FindSections(const OpenCatalogue& open, const std::string& 
 }
 
 void PrintTable(const Section& section, const std::string& catalogue) {
-    fmt::print("{} ({}, {})\n", section.publicName, catalogue, section.table);
+    fmt::print("{} ({}, {})\n", PlainText(section.publicName), catalogue, section.table);
+    std::vector<std::pair<std::string, std::string>> texts; // value and unit
     std::size_t valueWidth = 0;
     std::size_t unitWidth = 0;
     for (const Property& property : section.properties) {
-        valueWidth = std::max(valueWidth, property.value.size());
-        unitWidth = std::max(unitWidth, property.unit.size());
+        const auto& [value, unit] = texts.emplace_back(
+            ReadableText(property.value, property.isConverted), PlainText(property.unit));
+        valueWidth = std::max(valueWidth, value.size());
+        unitWidth = std::max(unitWidth, unit.size());
     }
-    for (const Property& property : section.properties)
-        fmt::print("  {:<9} {:>{}} {:<{}}  {}\n", property.column, property.value, valueWidth,
-                   property.unit, unitWidth, property.meaning);
+    auto text = texts.begin();
+    for (const Property& property : section.properties) {
+        const auto& [value, unit] = *text++;
+        fmt::print("  {:<9} {:>{}} {:<{}}  {}\n", PlainText(property.column), value, valueWidth,
+                   unit, unitWidth, property.meaning);
+    }
 }
 
-void PrintJson(const Section& section, const std::string& catalogue) {
-    fmt::print("{{\"catalogue\": {}, \"table\": {}, \"name\": {}, \"programName\": {}, "
-               "\"properties\": [",
-               JsonText(catalogue), JsonText(section.table), JsonText(section.publicName),
-               JsonText(section.vessaName));
-    const char* separator = "";
-    for (const Property& property : section.properties) {
-        fmt::print("{}\n  {{\"column\": {}, \"value\": {}, \"unit\": {}, \"meaning\": {}}}",
-                   separator, JsonText(property.column),
-                   property.isText ? JsonText(property.value) : property.value,
-                   JsonText(property.unit), JsonText(property.meaning));
-        separator = ",";
-    }
-    fmt::print("\n]}}\n");
+std::string JsonObject(const Section& section, const std::string& catalogue) {
+    std::string properties;
+    for (const Property& property : section.properties)
+        properties += fmt::format(
+            "{}\n    {{\"column\": {}, \"value\": {}, \"unit\": {}, \"meaning\": {}}}",
+            properties.empty() ? "" : ",", JsonText(property.column), JsonValue(property.value),
+            JsonText(property.unit), JsonText(property.meaning));
+    return fmt::format("  {{\"catalogue\": {}, \"table\": {}, \"name\": {}, \"programName\": {}, "
+                       "\"properties\": [{}\n  ]}}",
+                       JsonText(catalogue), JsonText(section.table), JsonText(section.publicName),
+                       JsonText(section.vessaName), properties);
+}
+
+/// An array, since a name may stand in several tables.
+void PrintJson(const std::vector<Section>& sections, const std::string& catalogue) {
+    std::string objects;
+    for (const Section& section : sections)
+        objects += (objects.empty() ? "" : ",\n") + JsonObject(section, catalogue);
+    fmt::print("[\n{}\n]\n", objects);
 }
 
 } // namespace
@@ -122,8 +125,11 @@ void Show(const ShowOptions& options) {
             fmt::format("There is no section \"{}\" in the catalogue {}; \"sectiondb "
                         "list {} FAMILY\" prints the names.",
                         options.name, catalogue, index));
-    for (const Section& section : sections)
-        options.json ? PrintJson(section, catalogue) : PrintTable(section, catalogue);
+    if (options.json)
+        PrintJson(sections, catalogue);
+    else
+        for (const Section& section : sections)
+            PrintTable(section, catalogue);
 }
 
 } // namespace dbsection

@@ -35,7 +35,7 @@ SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layou
                       {{"RECNO", SectionField::Long, "NUMBER", true},
                        {"Name", SectionField::Text, "TEXT"},
                        {"VessaName", SectionField::Text, "TEXT"}},
-                      {{"UPPER([VessaName])", isUnique}, {"[Name]", isUnique}},
+                      {{"UPPER([VessaName])"}, {"[Name]", isUnique}},
                       {}};
     auto unit = units.begin();
     for (const LayoutColumn& column : layout.columns) {

@@ -3,12 +3,12 @@
 #include "sectiondb/CatalogueBuilder.h"
 #include "sectiondb/Commands.h"
 #include "sectiondb/CsvTable.h"
+#include "sectiondb/OutputText.h"
 #include "sectiondb/UnitLabels.h"
 #include "sectiondb/UserFile.h"
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <limits>
 #include <map>
 #include <optional>
 
@@ -54,19 +54,21 @@ std::map<std::string, double> ParseValues(const UserTable& table,
     return values;
 }
 
-WORD FreeIdentifier(const UserTable& table) {
-    int last = 0;
+double FreeIdentifier(const UserTable& table) {
+    double last = 0;
     for (const Row& row : table.Rows())
-        last = std::max<int>(last, row.id);
-    if (last == std::numeric_limits<WORD>::max())
-        throw table.Error("it has no room for further sections; begin another file.");
-    return static_cast<WORD>(last + 1);
+        last = std::max(last, row.id);
+    if (last >= UserTable::LastIdentifier)
+        throw table.Error(fmt::format("its last record number is {}, and no section can be added "
+                                      "beyond {}; begin another file.",
+                                      last, UserTable::LastIdentifier));
+    return last + 1;
 }
 
 /// The values of all properties in order.
-std::vector<double> RequireAll(const UserTable& table,
-                               const std::map<std::string, double>& values) {
-    std::vector<double> all;
+std::vector<std::optional<double>> RequireAll(const UserTable& table,
+                                              const std::map<std::string, double>& values) {
+    std::vector<std::optional<double>> all;
     std::string missing;
     for (const auto& [column, unit] : table.Properties()) {
         const auto place = values.find(column->name);
@@ -74,7 +76,7 @@ std::vector<double> RequireAll(const UserTable& table,
             missing += fmt::format("{}{} ({}, in {})", missing.empty() ? "" : ", ", column->name,
                                    column->meaning, unit);
         else
-            all.push_back(place->second);
+            all.emplace_back(place->second);
     }
     if (!missing.empty())
         throw table.Error("these values are missing: " + missing + ".");
@@ -96,11 +98,11 @@ void Print(const UserTable& table, const std::vector<Row>& rows) {
         fmt::print(" {:>12}", column->name);
     fmt::print("\n{:<20} {:<20}", "", "");
     for (const auto& [column, unit] : table.Properties())
-        fmt::print(" {:>12}", InChosenUnits(0, unit, {}).unit);
+        fmt::print(" {:>12}", PlainText(InChosenUnits(0, unit, {}).unit));
     for (const Row& row : rows) {
-        fmt::print("\n{:<20} {:<20}", row.name, row.vessaName);
-        for (const double value : row.values)
-            fmt::print(" {:>12g}", value);
+        fmt::print("\n{:<20} {:<20}", PlainText(row.name), PlainText(row.vessaName));
+        for (const std::optional<double>& value : row.values)
+            fmt::print(" {:>12}", value ? FigureText(*value, false) : "");
     }
     fmt::print("\n");
 }
@@ -123,43 +125,52 @@ void CreateUserFile(const UserOptions& options) {
         dynamic_cast<const CatalogueSectionDB&>(
             *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(kind.index))),
         *source.units);
+    const std::string password = ReadPassword(options.password, PasswordUse::New);
     BuildCatalogue(
-        source, options.file, options.password, [] {}, Existing::Refuse);
-    fmt::print("{}: {} tables{}\n", options.file.string(), source.tables.size(),
-               options.password.empty() ? "" : ", protected");
+        source, options.file, password, [] {}, Existing::Refuse);
+    fmt::print("{}: {} tables{}\n", PlainText(options.file.string()), source.tables.size(),
+               password.empty() ? "" : ", protected");
 }
 
 void AddUserSection(const UserOptions& options) {
-    const UserTable table(options.file, options.family);
+    SetPassword(options.password);
+    UserFile file(options.file, UserFile::Purpose::Change);
+    const UserTable table(file, options.family);
     Row row{FreeIdentifier(table), options.name,
             options.vessaName.empty() ? VessaNameOf(options.name) : options.vessaName,
             RequireAll(table, ParseValues(table, options.values))};
     table.Add(row);
+    file.Commit();
     Print(table, {row});
 }
 
 void UpdateUserSection(const UserOptions& options) {
-    const UserTable table(options.file, options.family);
+    SetPassword(options.password);
+    UserFile file(options.file, UserFile::Purpose::Change);
+    const UserTable table(file, options.family);
     Row row = FindRow(table, options.name);
     if (!options.newName.empty())
         row.name = options.newName;
     if (!options.vessaName.empty())
         row.vessaName = options.vessaName;
-    const auto values = ParseValues(table, options.values);
+    auto values = ParseValues(table, options.values);
     for (std::size_t i = 0; i < row.values.size(); ++i)
-        if (const auto place = values.find(table.Properties()[i].column->name);
-            place != values.end())
-            row.values[i] = place->second;
+        if (row.values[i])
+            values.try_emplace(table.Properties()[i].column->name, *row.values[i]);
+    row.values = RequireAll(table, values);
     table.Update(row);
+    file.Commit();
     Print(table, {row});
 }
 
 void ListUserFile(const UserOptions& options) {
+    SetPassword(options.password);
+    const UserFile file(options.file, UserFile::Purpose::Read);
     if (options.family.empty()) {
-        ListFamilies(OpenUserFile(options.file));
+        ListFamilies(file.Catalogue());
         return;
     }
-    const UserTable table(options.file, options.family);
+    const UserTable table(file, options.family);
     Print(table, table.Rows());
 }
 

@@ -1,17 +1,17 @@
 #include "sectiondb/UserFile.h"
 
-#include "dataaccess/CCrack.h"
-#include "dataaccess/CSectionException.h"
-#include "dataaccess/Handles.h"
 #include "interface/SectionDBInterface.h"
-#include "platform/MessageBox.h"
+#include "platform/FileSystem.h"
 #include "platform/Text.h"
+#include "sectiondb/LibraryFailure.h"
 #include "sectiondb/NameRule.h"
-#include "units/UNIT.h"
 
+#include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cmath>
 #include <fmt/format.h>
-#include <memory>
+#include <system_error>
 
 namespace dbsection {
 namespace {
@@ -19,82 +19,68 @@ namespace {
 constexpr std::array Kinds{UserFileKind{UserTableIndex, "User tables"},
                            UserFileKind{GenericTableIndex, "Generic shapes"}};
 
-struct Failure {
-    int number;
-    const char* text;
-};
-
-/// Why a row was not stored, for the errors that the library keeps quiet about.
-constexpr std::array Failures{
-    Failure{SectionError::ReadOnly, "the file is read-only; make it writable"},
-    Failure{SectionError::DiskFull, "the disk is full; free some space"},
-    Failure{SectionError::Io, "the file cannot be written; check the disk"},
-    Failure{SectionError::InUse, "another program uses the file; close it there"},
-    Failure{SectionError::LockedWhileWriting, "another program is writing; try again"},
-    Failure{SectionError::DuplicateKey,
-            "another program has stored a section of this name or number; try again"},
-    Failure{SectionError::NoCurrentRecord, "another program has removed the section"},
-};
-
-std::string lastMessage;
-
-int KeepMessage(const char* text, const char* /*caption*/, unsigned /*flags*/) {
-    lastMessage = text;
-    return 0;
+void RequireFile(const std::filesystem::path& path, UserFile::Purpose purpose) {
+    const int error = LookForFile(path.c_str());
+    if (error == ENOENT)
+        throw CommandError(fmt::format("{}: there is no such file; \"sectiondb user create\" makes "
+                                       "one.",
+                                       path.string()));
+    if (error != 0)
+        throw CommandError(fmt::format("{}: the file cannot be reached: {}.", path.string(),
+                                       std::generic_category().message(error)));
+    const unsigned attributes = GetFileAttributesA(path.c_str());
+    if (purpose == UserFile::Purpose::Change && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+        throw CommandError(
+            fmt::format("{}: the file is read-only; make it writable.", path.string()));
 }
 
-/// What the library has said, or kept quiet about, since `ForgetFailure`.
-std::string ReasonOfFailure() {
-    if (!lastMessage.empty())
-        return lastMessage;
-    for (const auto& [number, text] : Failures)
-        if (number == SectionLibraryState::m_nLastDaoError)
-            return text;
-    return fmt::format("error {} of the database", SectionLibraryState::m_nLastDaoError);
-}
-
-void ForgetFailure() {
-    lastMessage.clear();
-    SectionLibraryState::m_nLastDaoError = 0;
-    SetMessageBoxHandler(KeepMessage);
+double IdentifierOf(const CSectionRecordset& rows) {
+    return NumberIn(rows.GetFieldValue(IdentifierColumn)).value_or(0);
 }
 
 } // namespace
 
 UserFileKind KindOf(bool isGeneric) { return Kinds[isGeneric ? 1 : 0]; }
 
-OpenCatalogue OpenUserFile(const std::filesystem::path& file) {
-    if (!std::filesystem::is_regular_file(file))
-        throw CommandError(fmt::format("{}: there is no such file; \"sectiondb user create\" makes "
-                                       "one.",
-                                       file.string()));
-    SectionDBInterface::m_szUserTableFileName = file.c_str();
-    SectionDBInterface::SetGenericTableFileName(file.c_str());
-    OpenCatalogue open = Open(UserTableIndex);
-    const std::string title = TitleOf(file.c_str());
-    for (const UserFileKind& kind : Kinds)
-        if (title == kind.title)
-            return kind.index == open.index ? open : Open(kind.index);
-    throw CommandError(fmt::format("{}: this is the catalogue \"{}\", not a file of user tables.",
-                                   file.string(), title));
+UserFile::UserFile(const std::filesystem::path& path, Purpose purpose)
+    : m_open(OpenFile(path, purpose)) {}
+
+UserFile::~UserFile() {
+    m_open.catalogue->SetDatabase(nullptr);
+    m_workspace.Rollback(); // nothing after Commit
 }
 
-UserTable::UserTable(const std::filesystem::path& file, const std::string& family)
-    : m_path(file.string()),
-      m_open(OpenUserFile(file)),
+OpenCatalogue UserFile::OpenFile(const std::filesystem::path& path, Purpose purpose) {
+    RequireFile(path, purpose);
+    m_database.Open(path.c_str(), 0, purpose == Purpose::Read ? 1 : 0,
+                    SectionDBInterface::m_szPassword);
+    if (purpose == Purpose::Change)
+        m_workspace.BeginTrans();
+    const CatalogueInformation found = ReadInformation(m_database);
+    RequireLayoutVersion(m_database, found);
+    const auto kind = std::ranges::find(Kinds, found.title, &UserFileKind::title);
+    if (kind == Kinds.end())
+        throw CommandError(fmt::format("{}: this is the catalogue \"{}\", not a file of user "
+                                       "tables.",
+                                       path.string(), found.title));
+    return Attach(kind->index, m_database);
+}
+
+UserTable::UserTable(const UserFile& file, const std::string& family)
+    : m_open(file.Catalogue()),
       m_family(FindFamily(m_open, family)) {
     CheckColumns();
-    const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(m_open.database, Family()));
-    int column = BookkeepingColumns;
-    for (const LayoutColumn& property : GetSectionLayout(m_family.layout).columns) {
-        const bool hasUnit = units && column < units->GetSize();
-        m_properties.push_back({&property, hasUnit ? std::string(units->GetAt(column)) : ""});
-        ++column;
-    }
+    std::vector<std::string> units = UnitsOf(m_open, m_family);
+    const auto& columns = GetSectionLayout(m_family.layout).columns;
+    units.resize(BookkeepingColumns + columns.size());
+    auto unit = units.begin() + BookkeepingColumns;
+    for (const LayoutColumn& property : columns)
+        m_properties.push_back({&property, *unit++});
 }
 
 CommandError UserTable::Error(const std::string& fault) const {
-    CommandError error(fmt::format("{}: table \"{}\": {}", m_path, Family(), fault));
+    CommandError error(
+        fmt::format("{}: table \"{}\": {}", m_open.database->GetName().View(), Family(), fault));
     return error;
 }
 
@@ -102,37 +88,28 @@ void UserTable::CheckColumns() const {
     std::string expected = "RECNO, Name, VessaName";
     for (const LayoutColumn& column : GetSectionLayout(m_family.layout).columns)
         expected += std::string(", ") + column.name;
-    CStringArray names;
-    m_open.catalogue->GetSectionFieldNameArray(m_family.sectionType, &names);
     std::string found;
-    for (const CString& name : names)
-        found += (found.empty() ? "" : ", ") + std::string(name);
+    ReadTable(m_family, [&] {
+        CSectionTableDef table(m_open.database);
+        table.Open(Family());
+        for (int i = 0; i < table.GetFieldCount(); ++i) {
+            CSectionFieldInfo field;
+            table.GetFieldInfo(i, field);
+            found += (found.empty() ? "" : ", ") + std::string(field.m_strName);
+        }
+    });
     if (found != expected)
         throw Error(fmt::format("its columns are {}; expected {}.", found, expected));
 }
 
 std::vector<UserTable::Row> UserTable::Rows() const {
     std::vector<Row> all;
-    RecordsetHandle rows;
-    CSectionDatabase* database = m_open.database;
-    const std::string sql = fmt::format("Select * From [{}] ORDER BY [RECNO] ASC", Family());
-    if (openRecordset(&database, rows.Address(), sql.c_str(), CSectionRecordset::Snapshot, 1) != 1)
-        throw Error("it cannot be read; the file is damaged or in use.");
-    for (; !rows->IsEOF(); rows->MoveNext()) {
-        const auto number = [&](int column) {
-            return NumberIn(rows->GetFieldValue(column)).value_or(0);
-        };
-        const auto text = [&](int column) {
-            return std::string(CCrack::strVARIANT(rows->GetFieldValue(column)));
-        };
-        Row row{static_cast<WORD>(number(IdentifierColumn)),
-                text(NameColumn),
-                text(VessaNameColumn),
-                {}};
+    VisitRows(m_open, m_family, " ORDER BY [RECNO] ASC", [&](const CSectionRecordset& rows) {
+        Row row{IdentifierOf(rows), TextAt(rows, NameColumn), TextAt(rows, VessaNameColumn), {}};
         for (int i = 0; i < std::ssize(m_properties); ++i)
-            row.values.push_back(number(BookkeepingColumns + i));
+            row.values.push_back(NumberIn(rows.GetFieldValue(BookkeepingColumns + i)));
         all.push_back(std::move(row));
-    }
+    });
     return all;
 }
 
@@ -144,28 +121,30 @@ void UserTable::RequireFreeNames(const Row& row) const {
         throw Error(fmt::format("\"{}\" cannot be a section's VessaName: {}; choose another one "
                                 "with --vessa-name.",
                                 row.vessaName, fault));
-    for (const Row& other : Rows())
-        if (other.id != row.id && EqualNoCase(other.vessaName, row.vessaName))
-            throw Error(fmt::format("the section \"{}\" has the VessaName \"{}\" already; choose "
-                                    "another one.",
-                                    other.name, other.vessaName));
-    CString table;
-    m_open.catalogue->FindSectionTable(row.vessaName.c_str(), table);
-    if (!table.IsEmpty() && table != Family())
-        throw Error(fmt::format("a section of table \"{}\" has the VessaName \"{}\" already; "
-                                "choose another one.",
-                                table.View(), row.vessaName));
+    VisitSections(m_open, row.vessaName, [&](const SectionFamily& family, const auto& rows) {
+        const bool isOther = &family != &m_family || IdentifierOf(rows) != row.id;
+        const std::string taken = TextAt(rows, VessaNameColumn);
+        if (isOther && EqualNoCase(taken, row.vessaName))
+            throw Error(fmt::format("the section \"{}\" of table \"{}\" has the VessaName \"{}\" "
+                                    "already; choose another one.",
+                                    TextAt(rows, NameColumn), family.table, taken));
+    });
 }
 
 void UserTable::Store(const Row& row, int (SectionDBBase::*store)(WORD, SECTIONINFO*)) const {
+    if (row.id < 1 || row.id > LastIdentifier || row.id != std::floor(row.id))
+        throw Error(fmt::format("\"{}\" has the record number {}; only those of 1 to {} can be "
+                                "changed.",
+                                row.name, row.id, LastIdentifier));
     RequireFreeNames(row);
     SECTIONINFO section;
     section.PublicName = row.name.c_str();
     section.VessaName = row.vessaName.c_str();
-    section.Values = row.values;
+    for (const std::optional<double>& value : row.values)
+        section.Values.push_back(value.value());
     m_open.catalogue->SetWorkingTable(Family());
     ForgetFailure();
-    if ((m_open.catalogue->*store)(row.id, &section) != 1)
+    if ((m_open.catalogue->*store)(static_cast<WORD>(row.id), &section) != 1)
         throw Error(fmt::format("\"{}\": {}", row.name, ReasonOfFailure()));
 }
 

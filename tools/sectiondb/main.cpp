@@ -1,26 +1,38 @@
 // sectiondb: builds section catalogues and looks at them.
 #include "interface/SectionDBInterface.h"
-#include "platform/MessageBox.h"
 #include "sectiondb/CatalogueAccess.h"
 #include "sectiondb/Commands.h"
+#include "sectiondb/LibraryFailure.h"
+#include "sectiondb/OutputText.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
+#include <fmt/format.h>
+#include <new>
+#include <string_view>
 #include <system_error>
 
 namespace {
 
 using namespace dbsection;
 
-/// The program tells in its own words what failed.
-int StaySilent(const char* /*text*/, const char* /*caption*/, unsigned /*flags*/) { return 0; }
+void AddPasswordOptions(CLI::App& command, PasswordSource& password, const char* meaning) {
+    auto* text = command.add_option("--password", password.text,
+                                    std::string(meaning) + " (default: SECTIONDB_PASSWORD)");
+    text->option_text("TEXT");
+    command
+        .add_option("--password-file", password.file,
+                    "The same in the first line of a file; of - it is asked for on a terminal")
+        ->option_text("FILE")
+        ->excludes(text);
+}
 
 struct CommonOptions {
     std::string folder;
-    std::string password;
+    PasswordSource password;
 };
 
 void AddAccessOptions(CLI::App& command, CommonOptions& common) {
@@ -28,17 +40,13 @@ void AddAccessOptions(CLI::App& command, CommonOptions& common) {
         .add_option("--folder", common.folder,
                     "Folder of the catalogue files (default: SECTIONDB_FOLDER)")
         ->option_text("FOLDER");
-    command
-        .add_option("--password", common.password,
-                    "Password of the catalogue files (default: SECTIONDB_PASSWORD)")
-        ->option_text("TEXT");
+    AddPasswordOptions(command, common.password, "Password of the catalogue files");
 }
 
 void Apply(const CommonOptions& common) {
     if (!common.folder.empty())
         SectionDBInterface::SetProfileDBFolder(CString(common.folder + '\\'));
-    if (!common.password.empty())
-        SectionDBInterface::SetSectionDBPassword(ConnectText(common.password).c_str());
+    SetPassword(common.password);
 }
 
 void AddSelectCommand(CLI::App& app, CommonOptions& common, SelectOptions& select) {
@@ -71,23 +79,13 @@ void AddFindCommand(CLI::App& app, CommonOptions& common, std::string& name) {
 }
 
 void AddUserCommands(CLI::App& app, UserOptions& user) {
-    // Not as the variable of each option: those of the commands that are not called would set it.
-    if (const char* password = std::getenv("SECTIONDB_PASSWORD"))
-        user.password = password;
     auto* group = app.add_subcommand("user", "Keep sections of your own");
     group->require_subcommand(1);
     const auto add = [&](const char* name, const char* text, void (*run)(const UserOptions&)) {
         auto* command = group->add_subcommand(name, text);
         command->add_option("file", user.file, "Section file")->required();
-        command
-            ->add_option("--password", user.password,
-                         "Password of the file (default: SECTIONDB_PASSWORD)")
-            ->option_text("TEXT");
-        command->callback([&user, run] {
-            if (!user.password.empty())
-                SectionDBInterface::SetSectionDBPassword(ConnectText(user.password).c_str());
-            run(user);
-        });
+        AddPasswordOptions(*command, user.password, "Password of the file");
+        command->callback([&user, run] { run(user); });
         return command;
     };
 
@@ -121,10 +119,7 @@ int Run(CLI::App& app, int argc, char** argv) {
         ->required();
     buildCommand->add_option("-o,--output", build.output, "Folder of the catalogue files")
         ->required();
-    buildCommand
-        ->add_option("--password", build.password,
-                     "Protect the files (default: SECTIONDB_PASSWORD)")
-        ->envname("SECTIONDB_PASSWORD");
+    AddPasswordOptions(*buildCommand, build.password, "Password to protect the files");
     buildCommand->callback([&] { Build(build); });
 
     auto* listCommand = app.add_subcommand("list", "List catalogues, families or sections");
@@ -168,17 +163,32 @@ int Run(CLI::App& app, int argc, char** argv) {
     return 0;
 }
 
+/// Each line of a message, with the program's name.
+void Tell(std::string_view message) {
+    while (!message.empty()) {
+        const std::size_t end = std::min(message.find('\n'), message.size());
+        fmt::print(stderr, "sectiondb: {}\n", PlainText(message.substr(0, end)));
+        message.remove_prefix(std::min(end + 1, message.size()));
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    int status = 1;
     try {
-        SetMessageBoxHandler(StaySilent);
+        KeepMessages();
         CLI::App app("Catalogues of standard structural cross-sections", "sectiondb");
-        status = Run(app, argc, argv);
+        const int status = Run(app, argc, argv);
+        CloseLibraryDatabase();
         SectionDBInterface::ExitSectionDBInterface();
+        return status;
+    } catch (CException* e) {
+        Tell(e->GetMessage().View());
+        e->Delete();
+    } catch (const std::bad_alloc&) {
+        std::fputs("sectiondb: Out of memory.\n", stderr);
     } catch (const std::exception& e) {
-        std::fprintf(stderr, "sectiondb: %s\n", e.what());
+        Tell(e.what());
     }
-    return status;
+    return 1;
 }

@@ -1,0 +1,182 @@
+// The program on files that are busy, damaged, of other programs, or full of surprises.
+#include "FacadeSupport.h"
+#include "ProgramSupport.h"
+#include "sectiondb/Listing.h"
+#include "sectiondb/OutputText.h"
+
+#include <limits>
+#include <sys/stat.h>
+
+using namespace testsupport;
+
+namespace {
+
+class ProgramFaultTest : public FacadeTest {
+protected:
+    Outcome On(const std::string& arguments) const {
+        return Program(arguments + " --folder " + m_folder.Path());
+    }
+
+    /// A small American catalogue, and one row of W shapes more for each of `sections`.
+    void MakeAmerican(const std::vector<Section>& sections = {}) const {
+        CatalogueFile file(m_file);
+        file.AddTable("W Shape", LayoutId::IShape, {W12X26});
+        file.AddTable("Rod", LayoutId::RoundBar, sections);
+    }
+
+    const std::string m_file = m_folder.File("AISCSections.db3");
+};
+
+/// Every command that reads catalogues.
+constexpr const char* Commands[] = {"list",
+                                    "list American",
+                                    "list American W",
+                                    "show American W12X26",
+                                    "show American W12X26 --json",
+                                    "select American W",
+                                    "select American W --json --length mm",
+                                    "find W12X26"};
+
+TEST_F(ProgramFaultTest, BusyDamagedForeignAndMissingAreToldApart) {
+    using Spoil = std::function<void()>;
+    const std::pair<const char*, Spoil> cases[] = {
+        {"another program is using the file",
+         [&] {
+             MakeAmerican();
+             StartHolder([&] {
+                 static CSectionDatabase database;
+                 database.Open(m_file.c_str(), 1, 0);
+             });
+         }},
+        {"the file is damaged; replace it by a good copy",
+         [&] {
+             const std::string name(5000, 'R');
+             MakeAmerican(std::vector<Section>(10, {name.c_str(), "R", {1.0, 1.0, 1.0}}));
+             std::filesystem::resize_file(m_file, std::filesystem::file_size(m_file) / 8192 * 4096);
+         }},
+        {"this is not a catalogue file", [&] { WriteFile(m_file, "some text\n"); }},
+        {"this is no catalogue, but maybe another program's database",
+         [&] {
+             DatabaseHandle db;
+             ASSERT_EQ(createDatabase(db.Address(), m_file.c_str(), "", 0, nullptr), 1);
+             CreateShapeTable(db.Get(), "W Shape");
+         }},
+        {"Too many levels of symbolic links",
+         [&] { std::filesystem::create_symlink(m_file, m_file); }},
+        {"AISCSections.db3 is not in the folder", [] {}},
+    };
+    for (const auto& [message, spoil] : cases) {
+        StopHolder();
+        std::filesystem::remove(m_file);
+        spoil();
+        const bool isMissing = std::string(message).ends_with("in the folder");
+        for (const std::string command : Commands) {
+            const Outcome outcome = On(command);
+            const bool goesOn = isMissing && command == "list"; // says "no file"
+            const bool lists = command == "list" || (isMissing && command.starts_with("find"));
+            EXPECT_EQ(outcome.status, goesOn ? 0 : 1) << command << ": " << outcome.output;
+            if (isMissing && lists)
+                continue;
+            EXPECT_NE(outcome.output.find(message), std::string::npos)
+                << command << ": " << outcome.output;
+            EXPECT_EQ(outcome.output.find("again from"), std::string::npos) << outcome.output;
+            EXPECT_TRUE(lists || outcome.output.starts_with("sectiondb: ")) << outcome.output;
+        }
+    }
+}
+
+TEST_F(ProgramFaultTest, ATableOfTooFewColumnsIsTold) {
+    CatalogueFile(m_file).AddPlainTable("W Shape", {{"RECNO", SectionField::Long}, {"Name"}},
+                                        {{COleVariant(1), COleVariant("W12X26")}});
+    const std::pair<const char*, const char*> cases[] = {
+        {"list American W", "table \"W Shape\" has 2 columns"},
+        {"select American W", "table \"W Shape\" has 2 columns"},
+        {"show American W12X26", "Table \"W Shape\" cannot be read"},
+        {"show American W12X26 --json", "Table \"W Shape\" cannot be read"},
+        {"find W12X26", "Table \"W Shape\" cannot be read"},
+    };
+    for (const auto& [command, message] : cases) {
+        const Outcome outcome = On(command);
+        EXPECT_EQ(outcome.status, 1) << command;
+        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
+    }
+}
+
+TEST_F(ProgramFaultTest, NothingOfAFileControlsTheTerminal) {
+    MakeAmerican({{"\x1B[31mred\x07\xC2\x9B\xFF", "RED", {1.0, 1.0, 1.0}}});
+    for (const std::string command :
+         {"list American Rod", "show American RED", "show American RED --json",
+          "select American Rod", "select American Rod --csv", "select American Rod --json",
+          "find RED"}) {
+        const Outcome outcome = On(command);
+        EXPECT_EQ(outcome.status, 0) << outcome.output;
+        EXPECT_NE(outcome.output.find("\\u001b[31mred\\u0007\\u009b\xEF\xBF\xBD"),
+                  std::string::npos)
+            << command << ": " << outcome.output;
+    }
+    const Outcome unknown = On("list $'American\\e[2J'");
+    EXPECT_EQ(unknown.output.find('\x1B'), std::string::npos);
+}
+
+TEST_F(ProgramFaultTest, ReadingLeavesTheMarksOfAllFiles) {
+    MakeAmerican();
+    const std::string other = m_folder.File("CanadianSections.db3");
+    std::filesystem::copy(m_file, other);
+    for (const mode_t mode : {0444U, 0464U, 0644U}) {
+        ::chmod(m_file.c_str(), mode);
+        ::chmod(other.c_str(), 0644 + 0444 - (mode & 0644));
+        const auto modes = [&] {
+            struct stat status {};
+            struct stat otherStatus {};
+            ::stat(m_file.c_str(), &status);
+            ::stat(other.c_str(), &otherStatus);
+            return std::pair(status.st_mode, otherStatus.st_mode);
+        };
+        const auto before = modes();
+        for (const char* command : Commands) {
+            EXPECT_EQ(On(command).status, 0) << command;
+            EXPECT_EQ(modes(), before) << command;
+        }
+    }
+}
+
+TEST(OutputText, IsValidWhateverAFileHolds) {
+    struct {
+        std::string text;
+        const char* plain;
+        const char* json;
+        const char* csv;
+    } const cases[] = {
+        {"W12X26", "W12X26", R"("W12X26")", "W12X26"},
+        {"a\"b\\c,d", "a\"b\\c,d", R"("a\"b\\c,d")", R"("a""b\c,d")"},
+        {"R\xC3\xB6hre \xF0\x9F\x94\xA9", "R\xC3\xB6hre \xF0\x9F\x94\xA9",
+         "\"R\xC3\xB6hre \xF0\x9F\x94\xA9\"", "R\xC3\xB6hre \xF0\x9F\x94\xA9"},
+        {std::string("\0\n\x7F", 3), R"(\u0000\u000a\u007f)", R"("\u0000\u000a\u007f")",
+         R"(\u0000\u000a\u007f)"},
+        {"\xE2\x80\xA8", R"(\u2028)", R"("\u2028")", R"(\u2028)"},
+        // a lone lead byte, an overlong form, a surrogate, beyond the last character
+        {"\xC3", "\xEF\xBF\xBD", "\"\xEF\xBF\xBD\"", "\xEF\xBF\xBD"},
+        {"\xC1\x9B", "\xEF\xBF\xBD\xEF\xBF\xBD", "\"\xEF\xBF\xBD\xEF\xBF\xBD\"",
+         "\xEF\xBF\xBD\xEF\xBF\xBD"},
+        {"\xED\xA0\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD",
+         "\"\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\"", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
+        {"\xF4\x90\x80\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD",
+         "\"\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\"",
+         "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
+    };
+    for (const auto& [text, plain, json, csv] : cases) {
+        EXPECT_EQ(dbsection::PlainText(text), plain);
+        EXPECT_EQ(dbsection::JsonText(text), json);
+        EXPECT_EQ(dbsection::CsvText(text), csv);
+    }
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const double number : {infinite, -infinite, std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_EQ(dbsection::JsonValue(number), "null");
+        EXPECT_EQ(dbsection::ExactText(number), "");
+    }
+    EXPECT_EQ(dbsection::JsonValue(0.1), "0.1");
+    EXPECT_EQ(dbsection::JsonValue(123456789.12345679), "123456789.12345679");
+    EXPECT_EQ(dbsection::JsonValue({}), "null");
+}
+
+} // namespace
