@@ -1,3 +1,5 @@
+#include "dataaccess/CSectionDatabase.h"
+#include "platform/Exceptions.h"
 #include "sectiondb/CatalogueBuilder.h"
 #include "sectiondb/CatalogueSource.h"
 #include "sectiondb/Commands.h"
@@ -6,6 +8,8 @@
 #include "sectiondb/Progress.h"
 
 #include <fmt/format.h>
+#include <fstream>
+#include <string_view>
 
 namespace dbsection {
 namespace {
@@ -15,6 +19,29 @@ std::size_t CountRows(const CatalogueSource& source) {
     for (const SourceTable& table : source.tables)
         rows += table.rows.size();
     return rows;
+}
+
+bool IsPlain(const std::filesystem::path& file) {
+    constexpr std::string_view Beginning = "SQLite format 3";
+    std::string bytes(Beginning.size(), '\0');
+    std::ifstream(file, std::ios::binary).read(bytes.data(), std::ssize(bytes));
+    return bytes == Beginning;
+}
+
+/// Opens a protected file of the folder, where there is one of that password: the new files then
+/// share its salt, and whoever opens them all derives one key.
+void OpenOneOf(const std::filesystem::path& folder, const std::string& password) {
+    const std::string connect = ConnectText(password);
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() != ".db3" || IsPlain(entry.path()))
+            continue;
+        try {
+            CSectionDatabase().Open(entry.path().c_str(), 0, 1, connect.c_str());
+            return;
+        } catch (CException* e) { // another password, or none of our files
+            e->Delete();
+        }
+    }
 }
 
 void BuildOne(const std::filesystem::path& folder, const BuildOptions& options,
@@ -39,6 +66,8 @@ void Build(const BuildOptions& options) {
     if (error)
         throw CommandError(fmt::format("{}: the folder cannot be made: {}.",
                                        options.output.string(), error.message()));
+    if (!password.empty())
+        OpenOneOf(options.output, password);
     for (const auto& folder : options.sources)
         BuildOne(folder, options, password);
 }

@@ -1,15 +1,14 @@
 #include "sectiondb/CatalogueBuilder.h"
 
 #include "dataaccess/CSectionDatabase.h"
-#include "dataaccess/CSectionException.h"
 #include "dataaccess/CSectionRecordset.h"
 #include "sectiondb/Commands.h"
 #include "sectiondb/Password.h"
+#include "sectiondb/TableChecksum.h"
 
 #include <algorithm>
 #include <fmt/format.h>
 #include <span>
-#include <unistd.h>
 
 namespace dbsection {
 namespace {
@@ -22,53 +21,15 @@ CSectionFieldInfo MakeField(const std::string& name, SectionField::Type type, bo
     return field;
 }
 
-/// A file under construction, which is removed unless it is kept.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::filesystem::path& target)
-        : m_target(target),
-          m_path(target.parent_path() /
-                 fmt::format(".{}.{}~", target.filename().string(), getpid())) {
-        Remove();
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() { Remove(); }
-
-    const std::filesystem::path& Path() const { return m_path; }
-
-    void Keep(Existing existing) {
-        std::error_code error;
-        if (existing == Existing::Replace)
-            std::filesystem::rename(m_path, m_target, error);
-        else // unlike renaming, this fails where there is a file
-            std::filesystem::create_hard_link(m_path, m_target, error);
-        if (error)
-            throw CommandError(
-                fmt::format("{}: the finished file cannot take this name: {}; choose another "
-                            "one.",
-                            m_target.string(), error.message()));
-    }
-
-private:
-    void Remove() const {
-        std::error_code ignored;
-        std::filesystem::remove(m_path, ignored);
-        std::filesystem::remove(m_path.string() + "-journal", ignored);
-    }
-
-    std::filesystem::path m_target;
-    std::filesystem::path m_path;
-};
-
 class CatalogueWriter {
 public:
     CatalogueWriter(const CatalogueSource& source, const std::function<void()>& advance)
         : m_source(source),
           m_advance(advance) {}
 
-    void Write(const std::filesystem::path& path, const std::string& password) {
-        m_database.Create(path.c_str(), ConnectText(password).c_str());
+    void Write(const BuildTarget& target, const std::string& connect) {
+        m_database.Create(target.Temporary().c_str(), connect.c_str());
+        target.TakeOverPermissions();
         m_workspace.BeginTrans();
         for (const SourceTable& table : m_source.tables)
             WriteTable(table);
@@ -154,10 +115,13 @@ private:
                                       {"Source", m_source.sourceNote},
                                       {"LayoutVersion", std::to_string(CatalogueLayoutVersion)},
                                       {"SourceHash", m_source.sourceHash}};
+        // What follows from text sources stays as it is: a later change shows.
+        const std::string checksums = m_source.sourceHash.empty() ? "" : ChecksumsOf(m_database);
         std::vector<CSectionFieldInfo> fields;
-        fields.reserve(items.size());
+        fields.reserve(items.size() + 1);
         for (const Item& item : items)
             fields.push_back(MakeField(item.column, SectionField::Text, true));
+        fields.push_back(MakeField("Checksums", SectionField::Memo, false));
         CreateTable("DBInfo", fields);
 
         CSectionRecordset rows(&m_database);
@@ -165,6 +129,8 @@ private:
         rows.AddNew();
         for (std::size_t i = 0; i < items.size(); ++i)
             rows.SetFieldValue(static_cast<int>(i), items[i].value.c_str());
+        if (!checksums.empty())
+            rows.SetFieldValue(static_cast<int>(items.size()), checksums.c_str());
         rows.Update();
     }
 
@@ -179,15 +145,16 @@ private:
 void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& path,
                     const std::string& password, const std::function<void()>& advance,
                     Existing existing) {
-    TemporaryFile file(path);
+    const std::string connect = ConnectText(password);
+    const BuildTarget target(path, existing);
     try {
-        CatalogueWriter(source, advance).Write(file.Path(), password);
+        CatalogueWriter(source, advance).Write(target, connect);
     } catch (CException* e) {
         const CString message = e->GetMessage();
         e->Delete();
         throw CommandError(fmt::format("{}: not built: {}", path.string(), message.View()));
     }
-    file.Keep(existing);
+    target.Keep(connect);
 }
 
 } // namespace dbsection

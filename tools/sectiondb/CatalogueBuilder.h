@@ -1,6 +1,7 @@
 // Writes a catalogue file from its checked sources.
 #pragma once
 
+#include "sectiondb/BuildTarget.h"
 #include "sectiondb/CatalogueSource.h"
 
 #include <filesystem>
@@ -9,11 +10,9 @@
 
 namespace dbsection {
 
-/// What becomes of a file that has the name already.
-enum class Existing { Replace, Refuse };
-
 /// Writes `source` to `path`, protected when a password is given. The file appears under its name
-/// only when it is whole. `advance` is called after each section. Throws CommandError.
+/// only when it is whole, with the permissions of one that it replaces. `advance` is called after
+/// each section. Throws CommandError.
 void BuildCatalogue(const CatalogueSource& source, const std::filesystem::path& path,
                     const std::string& password, const std::function<void()>& advance,
                     Existing existing = Existing::Replace);

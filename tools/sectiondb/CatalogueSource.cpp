@@ -1,57 +1,20 @@
 #include "sectiondb/CatalogueSource.h"
 
 #include "interface/SectionDBInterface.h"
+#include "sectiondb/Sha256.h"
 #include "sectiondb/SourceTableReader.h"
 
 #include <algorithm>
-#include <array>
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <memory>
-#include <openssl/evp.h>
 #include <set>
 #include <sstream>
-#include <stdexcept>
 #include <utility>
 
 namespace dbsection {
 
 namespace {
-
-class Sha256 {
-public:
-    Sha256() {
-        if (m_context == nullptr || EVP_DigestInit_ex(m_context.get(), EVP_sha256(), nullptr) != 1)
-            Fail();
-    }
-
-    void Add(const std::string& text) {
-        if (EVP_DigestUpdate(m_context.get(), text.data(), text.size()) != 1)
-            Fail();
-    }
-
-    std::string Hex() {
-        std::array<unsigned char, EVP_MAX_MD_SIZE> digest{};
-        unsigned int size = 0;
-        if (EVP_DigestFinal_ex(m_context.get(), digest.data(), &size) != 1)
-            Fail();
-        std::string hex;
-        for (unsigned int i = 0; i < size; ++i) {
-            hex += "0123456789abcdef"[digest[i] >> 4];
-            hex += "0123456789abcdef"[digest[i] & 15];
-        }
-        return hex;
-    }
-
-private:
-    [[noreturn]] static void Fail() {
-        throw std::runtime_error("The SHA-256 of the sources cannot be computed by libcrypto.");
-    }
-
-    std::unique_ptr<EVP_MD_CTX, decltype(&EVP_MD_CTX_free)> m_context{EVP_MD_CTX_new(),
-                                                                      &EVP_MD_CTX_free};
-};
 
 /// Reads the texts of a folder, each once; their hash follows the order of reading.
 class SourceFolder {
