@@ -208,6 +208,8 @@ TEST_F(BrowserTest, TellsWhatIsWrongAndGoesOn) {
 TEST_F(BrowserTest, NeedsFilesAPasswordAndAPlaceForSelections) {
     MakeAmerican(m_own.File("AISCSections.db3"), ";PWD=secret");
     const std::string own = "--folder " + m_own.Path();
+    const std::string loop = m_own.File("loop.dbi");
+    std::filesystem::create_symlink(loop, loop);
     struct {
         const char* script;
         std::string options;
@@ -216,6 +218,8 @@ TEST_F(BrowserTest, NeedsFilesAPasswordAndAPlaceForSelections) {
         {"use 3\n", own, "error: BritishSections.db3 is not in the folder"},
         {"use 1\n", own, "cannot be opened: the password is missing or wrong"},
         {"use 1\nfamily 1\nprefer all\n", own + " --password secret", "name it with --dbi"},
+        {"use 1\nfamily 1\npreferred\n", own + " --password secret --dbi " + loop,
+         "error: The preferred sections cannot be read."},
         {"", "--colour", "usage: browser"},
         {"", "none.txt", "browser: none.txt cannot be read."},
     };

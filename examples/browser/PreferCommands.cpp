@@ -32,12 +32,16 @@ CDWordArray SelectionOf(const Session& session, const Arguments& names) {
     return selection;
 }
 
+/// The library gives no list where nothing is preferred, and where that cannot be read.
 OwnedList ReadPreferred(const Session& session) {
-    return OwnedList(SectionDBInterface::GetUserSelectedSectionNameList(
+    SectionDBInterface::SetExceptionType(0);
+    OwnedList preferred(SectionDBInterface::GetUserSelectedSectionNameList(
         session.Catalogue(), session.ChosenFamily().type));
+    if (!preferred && SectionDBInterface::GetExceptionType() != 0)
+        throw Refusal("The preferred sections cannot be read.");
+    return preferred;
 }
 
-/// The library gives no list, rather than an empty one.
 void PrintCount(const Session& session, const OwnedList& preferred) {
     std::cout << session.Place() << ": " << (preferred ? preferred->GetCount() : 0)
               << " preferred sections\n";
