@@ -1,12 +1,16 @@
-// The one catch of the data-access functions.
+// The one catch of the library: of the data-access functions, and of the public operations on top.
 #pragma once
 
 #include "dataaccess/ExceptionHandlers.h"
+#include "platform/CallState.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <new>
+#include <type_traits>
+#include <utility>
 
 namespace dbsection {
 
@@ -39,19 +43,39 @@ inline void HandleFailure(const FailureRule& rule, CSectionException* e) {
         Report(rule, e, HandleDaoException);
 }
 
+/// One report does for a call of the host, however often memory runs out in it.
 inline void HandleFailure(const FailureRule& rule, CMemoryException* e) {
-    if (rule.label == nullptr)
+    NoteMemoryRanOut();
+    if (rule.label == nullptr || callState.memory == CallState::Memory::Reported) {
         e->Delete();
-    else
-        Report(rule, e, HandleMemoryException);
+        return;
+    }
+    callState.memory = CallState::Memory::Reported;
+    Report(rule, e, HandleMemoryException);
 }
 
-/// Runs `body`, an int function; what it throws is handled as the rule says, and the rule's result
-/// returned. `errorNumber` receives the number of a failure that has one.
+/// Fails the call where memory has run out in it, though what met that went on: an answer that was
+/// come to in spite of it may be wrong.
+inline void RequireMemory() {
+    if (callState.memory != CallState::Memory::Sufficed)
+        throw CMemoryException::Instance();
+}
+
+/// Gives an object to the host, as the last step of a call.
+template <class Object>
+Object* HandOver(std::unique_ptr<Object> object) {
+    RequireMemory();
+    return object.release();
+}
+
+/// Runs `body`; what it throws is handled as the rule says. Whether it came to its end.
+/// `errorNumber` receives the number of a failure that has one.
 template <class Body>
-int Guarded(const FailureRule& rule, Body body, int* errorNumber = nullptr) {
+bool Completes(const FailureRule& rule, Body body, int* errorNumber = nullptr) {
+    const CallScope scope;
     try {
-        return body();
+        body();
+        return true;
     } catch (CSectionException* e) {
         if (errorNumber != nullptr)
             *errorNumber = e->GetErrorNumber();
@@ -61,7 +85,44 @@ int Guarded(const FailureRule& rule, Body body, int* errorNumber = nullptr) {
     } catch (const std::bad_alloc&) {
         HandleFailure(rule, CMemoryException::Instance());
     }
-    return rule.result;
+    return false;
+}
+
+/// Runs `body`, an int function, and returns its result, or the rule's where it failed.
+template <class Body>
+int Guarded(const FailureRule& rule, Body body, int* errorNumber = nullptr) {
+    int result = rule.result;
+    Completes(
+        rule, [&] { result = body(); }, errorNumber);
+    return result;
+}
+
+/// Runs the body of a public operation and returns its result. Where the host made the call, what
+/// the body throws, and memory that ran out in it, is reported under the label, and the failure
+/// value returned, by default that of the type; a call from inside the library leaves that to the
+/// operation that the host called, so that a failure is not taken for an answer there, nor reported
+/// twice. The invalid-argument error, a fault of the host, always passes.
+template <class Body, class... Failure>
+std::invoke_result_t<Body> Operation(const char* label, Body body, Failure... failure) {
+    using Result = std::invoke_result_t<Body>;
+    const CallScope scope;
+    if (!scope.IsHosts())
+        return body();
+    const FailureRule rule{label, "The call could not be completed."};
+    if constexpr (std::is_void_v<Result>) {
+        Completes(rule, [&] {
+            body();
+            RequireMemory();
+        });
+    } else {
+        Result result{failure...};
+        Completes(rule, [&] {
+            Result answer = body();
+            RequireMemory();
+            result = std::move(answer);
+        });
+        return result;
+    }
 }
 
 } // namespace dbsection

@@ -1,6 +1,7 @@
 #include "dataaccess/DataAccess.h"
 
 #include "dataaccess/Guard.h"
+#include "platform/CallState.h"
 #include "platform/MessageBox.h"
 
 #include <utility>
@@ -65,8 +66,10 @@ int openRecordset(CSectionDatabase** db, CSectionRecordset** rs, const char* sql
                        "Error - openRecordset()");
         return -1;
     }
-    if (statementObserver != nullptr)
+    if (statementObserver != nullptr) {
+        const dbsection::HostScope host;
         statementObserver(sql, openType);
+    }
     closeRecordset(rs);
     const int result = Guarded({"openRecordset()", "Failed to open Recordset.", -1}, [&] {
         *rs = new CSectionRecordset(*db);

@@ -9,7 +9,7 @@ namespace {
 
 void ReportSettings(int error, const CString& file, FailureRule rule) {
     if (error == ENOMEM) {
-        Report(rule, CMemoryException::Instance(), HandleMemoryException);
+        HandleFailure(rule, CMemoryException::Instance());
         return;
     }
     if (error == EWOULDBLOCK)

@@ -129,12 +129,17 @@ public:
     void InitHashTable(unsigned int buckets) { m_index.reserve(buckets); }
 
     void SetAt(KeyArgument key, ValueArgument value) {
-        if (const auto place = m_index.find(key); place != m_index.end()) {
+        const auto [place, isNew] = m_index.try_emplace(key, m_entries.size());
+        if (!isNew) {
             m_entries[place->second].second = value;
             return;
         }
-        m_entries.emplace_back(key, value);
-        m_index.emplace(key, m_entries.size() - 1);
+        try {
+            m_entries.emplace_back(key, value);
+        } catch (...) { // out of memory: the map stays as it was
+            m_index.erase(place);
+            throw;
+        }
     }
 
     /// Writes the value of `key` and returns true, or returns false and writes nothing.

@@ -4,8 +4,8 @@
 //
 //     try { ... } catch (CFileException* e) { ...; e->Delete(); }
 //
-// No exception leaves the library's free functions and façade, except the invalid-argument error
-// of an index out of range, which is a fault of the caller.
+// No exception leaves the library's free functions, façade and catalogue objects, except the
+// invalid-argument error where their headers name it.
 #pragma once
 
 #include "platform/CString.h"

@@ -205,13 +205,13 @@ bool TakeOver(int file, const struct stat& old) {
 }
 
 int MoveTo(const Target& target, const std::string& finished) {
+    const std::string folderPath = FolderOf(target.path); // memory may run out before, not after
     const FileDescriptor file(::open(finished.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.IsOpen() || (target.exists && !TakeOver(file.Get(), target.status)) ||
         ::fsync(file.Get()) != 0 || ::rename(finished.c_str(), target.path.c_str()) != 0)
         return errno;
     // The file is replaced now. A folder that cannot be synced only delays it on the disk.
-    const FileDescriptor folder(
-        ::open(FolderOf(target.path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(::open(folderPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     ::fsync(folder.Get());
     return 0;
 }

@@ -1,23 +1,27 @@
 #include "platform/MessageBox.h"
 
+#include "platform/CallState.h"
+
+#include <atomic>
 #include <cstdio>
-#include <utility>
 
 namespace {
 
-MessageBoxHandler hostHandler = nullptr;
+/// A thread that is refused reads it while another one is inside the library.
+std::atomic<MessageBoxHandler> hostHandler = nullptr;
 
 } // namespace
 
 MessageBoxHandler SetMessageBoxHandler(MessageBoxHandler handler) {
-    return std::exchange(hostHandler, handler);
+    return hostHandler.exchange(handler);
 }
 
 namespace dbsection {
 
 void ShowMessageBox(const char* text, const char* caption) {
-    if (hostHandler != nullptr)
-        hostHandler(text, caption, MB_ICONERROR);
+    const HostScope host;
+    if (const MessageBoxHandler handler = hostHandler)
+        handler(text, caption, MB_ICONERROR);
     else
         std::fprintf(stderr, "%s\n%s\n", caption, text);
 }

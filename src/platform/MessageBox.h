@@ -1,6 +1,7 @@
 // Message boxes: how the library speaks to the person at the screen.
 //
-// The host supplies the box; without one, caption and text go to stderr.
+// The host supplies the box; without one, caption and text go to stderr. A box may be shown on any
+// thread that calls the library, and may itself call the library.
 #pragma once
 
 #include "platform/Export.h"

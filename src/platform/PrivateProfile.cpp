@@ -1,5 +1,6 @@
 #include "platform/PrivateProfile.h"
 
+#include "platform/CallState.h"
 #include "platform/FileDescriptor.h"
 #include "platform/FileSystem.h"
 #include "platform/FileVersion.h"
@@ -94,6 +95,7 @@ std::optional<std::string_view> Find(const char* section, const char* key, const
             return std::nullopt;
         return index->Find(section, key);
     } catch (const std::bad_alloc&) {
+        dbsection::NoteMemoryRanOut();
         lastError = ENOMEM;
         return std::nullopt;
     }
@@ -163,6 +165,7 @@ int WriteOrTell(std::span<const ProfileEntry> entries, const char* file, Purpose
     try {
         lastError = Write(entries, file, purpose);
     } catch (const std::bad_alloc&) {
+        dbsection::NoteMemoryRanOut();
         lastError = ENOMEM;
     }
     return lastError == 0 ? 1 : 0;
