@@ -3,6 +3,7 @@
 
 #include "interface/RequireOpen.h"
 #include "interface/Selection.h"
+#include "queries/QueryCall.h"
 #include "queries/QueryText.h"
 
 #include <array>
@@ -13,25 +14,27 @@ void SectionDBInterface::GetAluminiumMaterialProperty(int catalogue, int type, c
                                                       unsigned welded, float thickness,
                                                       CSectionDatabase** db,
                                                       CSectionRecordset** rs) {
-    static constexpr std::array Products{"All", "Extrusions", "Drawn_Tube", "Pipe"};
-    if (!dbsection::RequireOpen(db) || product >= Products.size())
-        return;
-    const CString table = GetTableFromSectionType(catalogue, type);
-    if (table.IsEmpty())
-        return;
-    CDWordArray selection;
-    if (!dbsection::ReadSelection(catalogue, table, selection)) {
-        closeRecordset(rs);
-        return;
-    }
-    const auto decimal = [](unsigned number) {
-        return CString(std::to_string(static_cast<int>(number)));
-    };
-    const CString t = dbsection::Fixed(thickness);
-    const CString sql =
-        "Select * From [" + table + "] WHERE UPPER([VessaName]) = UPPER('" + name + "') AND " + t +
-        " >= [ThLower] AND " + t + " <= [ThHigher] AND [Welded] = " + decimal(welded) +
-        " AND [Alclad] = " + decimal(alclad) + " AND [Product] = '" + Products[product] + "'" +
-        dbsection::SelectionClause(selection, dbsection::SelectionForm::And);
-    openRecordset(db, rs, sql, CSectionRecordset::Snapshot, 1);
+    dbsection::QueryCall("GetAluminiumMaterialProperty()", rs, [&] {
+        static constexpr std::array Products{"All", "Extrusions", "Drawn_Tube", "Pipe"};
+        if (!dbsection::RequireOpen(db) || product >= Products.size())
+            return;
+        const CString table = GetTableFromSectionType(catalogue, type);
+        if (table.IsEmpty())
+            return;
+        CDWordArray selection;
+        if (!dbsection::ReadSelection(catalogue, table, selection)) {
+            closeRecordset(rs);
+            return;
+        }
+        const auto decimal = [](unsigned number) {
+            return CString(std::to_string(static_cast<int>(number)));
+        };
+        const CString t = dbsection::Fixed(thickness);
+        const CString sql =
+            "Select * From [" + table + "] WHERE UPPER([VessaName]) = UPPER('" + name + "') AND " +
+            t + " >= [ThLower] AND " + t + " <= [ThHigher] AND [Welded] = " + decimal(welded) +
+            " AND [Alclad] = " + decimal(alclad) + " AND [Product] = '" + Products[product] + "'" +
+            dbsection::SelectionClause(selection, dbsection::SelectionForm::And);
+        openRecordset(db, rs, sql, CSectionRecordset::Snapshot, 1);
+    });
 }

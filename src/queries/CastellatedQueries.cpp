@@ -2,6 +2,9 @@
 #include "interface/SectionDBInterface.h"
 
 #include "catalogues/Catalogues.h"
+#include "interface/PublicCall.h"
+
+#include <utility>
 
 namespace {
 
@@ -11,17 +14,21 @@ void FillRecord(int catalogue, int type, const char* name, CastellatedRecord& re
     const CString table = SectionDBInterface::GetTableFromSectionType(catalogue, type);
     AISCSectionDB american;
     american.SetDatabase(gblSectionDatabase);
-    american.ReadSection(table, name, record);
+    CastellatedRecord read = record;
+    if (american.ReadSection(table, name, read) == 1)
+        record = std::move(read);
 }
 
 } // namespace
 
 void SectionDBInterface::GetCastellatedNonCompBeamData(
     int catalogue, int type, const char* name, AISCSECTION::AM_CastellatedNonCompBeam& record) {
-    FillRecord(catalogue, type, name, record);
+    dbsection::PublicCall("GetCastellatedNonCompBeamData()",
+                          [&] { FillRecord(catalogue, type, name, record); });
 }
 
 void SectionDBInterface::GetCastellatedCompBeamData(int catalogue, int type, const char* name,
                                                     AISCSECTION::AM_CastellatedCompBeam& record) {
-    FillRecord(catalogue, type, name, record);
+    dbsection::PublicCall("GetCastellatedCompBeamData()",
+                          [&] { FillRecord(catalogue, type, name, record); });
 }

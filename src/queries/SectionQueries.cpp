@@ -6,11 +6,13 @@
 #include "dataaccess/Handles.h"
 #include "interface/RequireOpen.h"
 #include "interface/Selection.h"
+#include "queries/QueryCall.h"
 #include "queries/QueryText.h"
 
 #include <charconv>
 
 using dbsection::Fixed;
+using dbsection::QueryCall;
 using dbsection::SelectionForm;
 
 namespace {
@@ -108,18 +110,22 @@ CString ByName(const Target& target, const char* name) {
 
 void SectionDBInterface::GetSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
                                                  CSectionDatabase** db, CSectionRecordset** rs) {
-    const Target target(catalogue, type, db, rs);
-    OpenSorted(target, keys, db, rs,
-               [&](const TableDefHandle&) { return target.Selected(SelectionForm::Where); });
+    QueryCall("GetSortedSectionRecords()", rs, [&] {
+        const Target target(catalogue, type, db, rs);
+        OpenSorted(target, keys, db, rs,
+                   [&](const TableDefHandle&) { return target.Selected(SelectionForm::Where); });
+    });
 }
 
 void SectionDBInterface::GetLikeSortedSectionRecords(int catalogue, int type, int const (*keys)[2],
                                                      const char* pattern, CSectionDatabase** db,
                                                      CSectionRecordset** rs) {
-    const Target target(catalogue, type, db, rs);
-    OpenSorted(target, keys, db, rs, [&](const TableDefHandle&) {
-        return CString(" WHERE [VessaName] LIKE '") + pattern + "%'" +
-               target.Selected(SelectionForm::And);
+    QueryCall("GetLikeSortedSectionRecords()", rs, [&] {
+        const Target target(catalogue, type, db, rs);
+        OpenSorted(target, keys, db, rs, [&](const TableDefHandle&) {
+            return CString(" WHERE [VessaName] LIKE '") + pattern + "%'" +
+                   target.Selected(SelectionForm::And);
+        });
     });
 }
 
@@ -127,41 +133,47 @@ void SectionDBInterface::GetRangeSortedSectionRecords(int catalogue, int type, i
                                                       int column, float upper, float lower,
                                                       CSectionDatabase** db,
                                                       CSectionRecordset** rs) {
-    const Target target(catalogue, type, db, rs);
-    OpenSorted(target, keys, db, rs, [&](const TableDefHandle& table) {
-        const CString name = "[" + ColumnName(table, column) + "]";
-        return " WHERE " + name + " >= " + Fixed(lower) + " AND " + name + " <= " + Fixed(upper) +
-               target.Selected(SelectionForm::And);
+    QueryCall("GetRangeSortedSectionRecords()", rs, [&] {
+        const Target target(catalogue, type, db, rs);
+        OpenSorted(target, keys, db, rs, [&](const TableDefHandle& table) {
+            const CString name = "[" + ColumnName(table, column) + "]";
+            return " WHERE " + name + " >= " + Fixed(lower) + " AND " + name +
+                   " <= " + Fixed(upper) + target.Selected(SelectionForm::And);
+        });
     });
 }
 
 void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* name,
                                           CSectionDatabase** db, CSectionRecordset** rs) {
-    constexpr int SteelJoists = 21;
-    const Target target(catalogue, type, db, rs);
-    if (!target)
-        return;
-    const CString byName = catalogue == SteelJoists
-                               ? target.Rows() + " WHERE [Designation] = '" + name + "'"
-                               : ByName(target, name);
-    openRecordset(db, rs, byName + target.Selected(SelectionForm::And), CSectionRecordset::Snapshot,
-                  1);
+    QueryCall("GetSectionRecord()", rs, [&] {
+        constexpr int SteelJoists = 21;
+        const Target target(catalogue, type, db, rs);
+        if (!target)
+            return;
+        const CString byName = catalogue == SteelJoists
+                                   ? target.Rows() + " WHERE [Designation] = '" + name + "'"
+                                   : ByName(target, name);
+        openRecordset(db, rs, byName + target.Selected(SelectionForm::And),
+                      CSectionRecordset::Snapshot, 1);
+    });
 }
 
 void SectionDBInterface::GetAssignSectionRecords(int catalogue, int type, const char* name,
                                                  CSectionDatabase** db, CSectionRecordset** rs) {
-    const Target target(catalogue, type, db, rs);
-    if (!target)
-        return;
-    const CString selected = target.Selected(SelectionForm::Bare);
-    if (name != nullptr &&
-        openRecordset(db, rs, ByName(target, name) + target.Selected(SelectionForm::And),
-                      CSectionRecordset::Dynaset, 1) == 1 &&
-        getRecordCount(rs) == 1)
-        return;
-    const CString area = AreaColumnOf(catalogue);
-    const CString atLeast =
-        "[" + area + "] >= " + Fixed(Average(target, area, db)) + " ORDER BY [" + area + "] ASC";
-    const CString condition = selected.IsEmpty() ? " WHERE " : " WHERE " + selected + " AND ";
-    openRecordset(db, rs, target.Rows() + condition + atLeast, CSectionRecordset::Dynaset, 1);
+    QueryCall("GetAssignSectionRecords()", rs, [&] {
+        const Target target(catalogue, type, db, rs);
+        if (!target)
+            return;
+        const CString selected = target.Selected(SelectionForm::Bare);
+        if (name != nullptr &&
+            openRecordset(db, rs, ByName(target, name) + target.Selected(SelectionForm::And),
+                          CSectionRecordset::Dynaset, 1) == 1 &&
+            getRecordCount(rs) == 1)
+            return;
+        const CString area = AreaColumnOf(catalogue);
+        const CString atLeast = "[" + area + "] >= " + Fixed(Average(target, area, db)) +
+                                " ORDER BY [" + area + "] ASC";
+        const CString condition = selected.IsEmpty() ? " WHERE " : " WHERE " + selected + " AND ";
+        openRecordset(db, rs, target.Rows() + condition + atLeast, CSectionRecordset::Dynaset, 1);
+    });
 }

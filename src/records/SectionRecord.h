@@ -15,7 +15,9 @@ class DBSECTION_API SectionRecord {
 public:
     SectionRecord() = default;
     SectionRecord(const SectionRecord&) = default;
+    SectionRecord(SectionRecord&&) = default;
     SectionRecord& operator=(const SectionRecord&) = default;
+    SectionRecord& operator=(SectionRecord&&) = default;
     virtual ~SectionRecord();
 
     /// The number of property columns.
