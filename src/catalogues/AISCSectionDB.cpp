@@ -1,5 +1,7 @@
 #include "catalogues/Catalogues.h"
 
+#include "dataaccess/Guard.h"
+
 #include <array>
 #include <string_view>
 
@@ -34,7 +36,9 @@ AISCSectionDB::AISCSectionDB() : CatalogueSectionDB(Tables) {}
 
 int AISCSectionDB::GetSectionDataForGUIAllValues(int /*index*/, const char* name, int* sectionType,
                                                  int* recordNo, float* values) {
-    return DisplaySection(name, sectionType, recordNo, values, nullptr);
+    return dbsection::Operation("GetSectionDataForGUIAllValues()", [&] {
+        return DisplaySection(name, sectionType, recordNo, values, nullptr);
+    });
 }
 
 /// Castellated beams are read from tables whose names have blanks, and edited in tables whose names

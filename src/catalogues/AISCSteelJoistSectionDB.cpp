@@ -7,6 +7,8 @@
 #include <cmath>
 #include <string>
 
+using dbsection::Operation;
+
 namespace {
 
 constexpr int FirstSeries = 1;
@@ -62,9 +64,11 @@ int Numbers(const SectionRecord& record, float* values) {
 AISCSteelJoistSectionDB::AISCSteelJoistSectionDB() : CatalogueSectionDB(Tables) {}
 
 int AISCSteelJoistSectionDB::GetSectionTypeList(CStringList* list) {
-    for (const char* series : SeriesNames)
-        list->AddTail(series);
-    return 1;
+    return Operation("GetSectionTypeList()", [&] {
+        for (const char* series : SeriesNames)
+            list->AddTail(series);
+        return 1;
+    });
 }
 
 /// All joists, or girders, that a statement selects.
@@ -73,13 +77,15 @@ AISCSteelJoistSectionDB::Records AISCSteelJoistSectionDB::Read(const CString& sq
     Records records;
     if (OpenSectionDatabase() != 1 || OpenSql(sql, CSectionRecordset::Snapshot) != 1)
         return records;
-    dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
+    const dbsection::FailureRule rule{"GetSectionData()", "Failed to read the section."};
+    const bool areRead = dbsection::Completes(rule, [&] {
         for (; !m_pRecordset->IsEOF(); m_pRecordset->MoveNext())
             if (auto record = dbsection::MakeSectionRecord(layout); ReadCurrentRow(*record))
                 records.push_back(std::move(record));
-        return 1;
     });
     closeRecordset(&m_pRecordset);
+    if (!areRead)
+        return {};
     for (const auto& record : records)
         if (auto* girder = dynamic_cast<JoistGirderRecord*>(record.get()))
             girder->PublicName = girder->VessaName = DesignationOf(*girder).Text();
@@ -88,60 +94,74 @@ AISCSteelJoistSectionDB::Records AISCSteelJoistSectionDB::Read(const CString& sq
 
 int AISCSteelJoistSectionDB::GetSectionNameList(int sectionType, CStringList* list, CUIntArray* ids,
                                                 int sorted, int /*publicName*/) {
-    if (GetTableName(sectionType).IsEmpty())
-        return 0;
-    const bool isGirder = sectionType == GirderSeries;
-    CString sql = isGirder ? CString(SelectGirders)
-                           : SelectJoists + CString("[SeriesID] = " + std::to_string(sectionType));
-    if (sorted != 0)
-        sql += isGirder ? " ORDER BY [JoistGirderMaster].[JoistID] ASC" : " ORDER BY [JoistID] ASC";
-    if (ids != nullptr)
-        ids->RemoveAll();
-    for (const auto& record : Read(sql, isGirder ? LayoutId::JoistGirder : LayoutId::Joist)) {
-        list->AddTail(record->VessaName);
+    return Operation("GetSectionNameList()", [&] {
+        if (GetTableName(sectionType).IsEmpty())
+            return 0;
+        const bool isGirder = sectionType == GirderSeries;
+        CString sql = isGirder
+                          ? CString(SelectGirders)
+                          : SelectJoists + CString("[SeriesID] = " + std::to_string(sectionType));
+        if (sorted != 0)
+            sql += isGirder ? " ORDER BY [JoistGirderMaster].[JoistID] ASC"
+                            : " ORDER BY [JoistID] ASC";
+        CStringList names = *list;
+        CUIntArray identifiers;
+        for (const auto& record : Read(sql, isGirder ? LayoutId::JoistGirder : LayoutId::Joist)) {
+            names.AddTail(record->VessaName);
+            identifiers.Add(static_cast<unsigned int>(record->RecordNumber));
+        }
+        dbsection::RequireMemory();
+        *list = std::move(names);
         if (ids != nullptr)
-            ids->Add(static_cast<unsigned int>(record->RecordNumber));
-    }
-    return 1;
+            *ids = std::move(identifiers);
+        return 1;
+    });
 }
 
 SectionRecord* AISCSteelJoistSectionDB::GetSectionData(const char* name, int* sectionType) {
-    Records found = Read(SelectJoists + CString("UPPER([Designation]) = UPPER('") + name + "')",
-                         LayoutId::Joist);
-    const auto girder = GirderDesignation::Parse(name);
-    if (found.empty() && girder)
-        found = Read(SelectGirder(*girder), LayoutId::JoistGirder);
-    if (found.size() != 1)
-        return nullptr;
-    const auto* joist = dynamic_cast<const JoistRecord*>(found[0].get());
-    *sectionType = joist == nullptr ? GirderSeries : static_cast<int>(joist->SeriesID);
-    return found[0].release();
+    return Operation("GetSectionData()", [&]() -> SectionRecord* {
+        Records found = Read(SelectJoists + CString("UPPER([Designation]) = UPPER('") + name + "')",
+                             LayoutId::Joist);
+        const auto girder = GirderDesignation::Parse(name);
+        if (found.empty() && girder)
+            found = Read(SelectGirder(*girder), LayoutId::JoistGirder);
+        if (found.size() != 1)
+            return nullptr;
+        SectionRecord* read = dbsection::HandOver(std::move(found[0]));
+        const auto* joist = dynamic_cast<const JoistRecord*>(read);
+        *sectionType = joist == nullptr ? GirderSeries : static_cast<int>(joist->SeriesID);
+        return read;
+    });
 }
 
 int AISCSteelJoistSectionDB::GetSectionDataForGUI(int /*index*/, int sectionType, int recordNo,
                                                   CString* name, float* values,
                                                   const char* /*unitText*/, unsigned int /*unit1*/,
                                                   unsigned int /*unit2*/) {
-    const CString number(std::to_string(recordNo));
-    const Records found =
-        sectionType == GirderSeries
-            ? Read(SelectGirders + (" AND [JoistGirderMaster].[JoistID] =" + number),
-                   LayoutId::JoistGirder)
-            : Read(SelectJoists + ("[JoistID] =" + number), LayoutId::Joist);
-    if (found.empty())
-        return 0;
-    *name = found[0]->VessaName;
-    return Numbers(*found[0], values);
+    return Operation("GetSectionDataForGUI()", [&] {
+        const CString number(std::to_string(recordNo));
+        const Records found =
+            sectionType == GirderSeries
+                ? Read(SelectGirders + (" AND [JoistGirderMaster].[JoistID] =" + number),
+                       LayoutId::JoistGirder)
+                : Read(SelectJoists + ("[JoistID] =" + number), LayoutId::Joist);
+        if (found.empty())
+            return 0;
+        *name = found[0]->VessaName;
+        return Numbers(*found[0], values);
+    });
 }
 
 int AISCSteelJoistSectionDB::GetSectionDataForGUI(int /*index*/, const char* name, int* sectionType,
                                                   int* recordNo, float* values,
                                                   unsigned int /*unit1*/, unsigned int /*unit2*/) {
-    const std::unique_ptr<SectionRecord> record(GetSectionData(name, sectionType));
-    if (!record)
-        return 0;
-    *recordNo = record->RecordNumber;
-    return Numbers(*record, values);
+    return Operation("GetSectionDataForGUI()", [&] {
+        const std::unique_ptr<SectionRecord> record(GetSectionData(name, sectionType));
+        if (!record)
+            return 0;
+        *recordNo = record->RecordNumber;
+        return Numbers(*record, values);
+    });
 }
 
 void AISCSteelJoistSectionDB::GetAllSectionDataForGUI(int, CStringArray*, float (*)[16],

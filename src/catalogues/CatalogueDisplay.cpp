@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using dbsection::Operation;
+
 /// A column of display values and what converts them.
 struct DisplayColumn {
     int column;
@@ -63,55 +65,61 @@ bool CatalogueSectionDB::ReadDisplayFactors(const SectionFamily& family, const D
 void CatalogueSectionDB::GetAllSectionDataForGUI(int /*sectionType*/, CStringArray* names,
                                                  float (*values)[16], unsigned int unit1,
                                                  unsigned int unit2) {
-    const SectionFamily* family = RecordFamily(m_szTableName);
-    const DisplayUnits units{unit1, unit2};
-    std::vector<DisplayColumn> columns;
-    if (family == nullptr || !ReadDisplayFactors(*family, &units, columns) ||
-        OpenSql("SELECT * FROM [" + m_szTableName + "]", CSectionRecordset::Snapshot) != 1)
-        return;
-    const int count = getRecordCount(&m_pRecordset);
-    dbsection::Guarded({"GetAllSectionDataForGUI()", FailedToRead}, [&] {
-        names->SetSize(count);
-        if (count != 0)
-            m_pRecordset->MoveFirst();
-        for (int i = 0; i < count; ++i, m_pRecordset->MoveNext()) {
-            names->SetAt(i, CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn)));
-            Display(*m_pRecordset, columns, values[i]);
-        }
-        return 1;
+    Operation("GetAllSectionDataForGUI()", [&] {
+        const SectionFamily* family = RecordFamily(m_szTableName);
+        const DisplayUnits units{unit1, unit2};
+        std::vector<DisplayColumn> columns;
+        if (family == nullptr || !ReadDisplayFactors(*family, &units, columns) ||
+            OpenSql("SELECT * FROM [" + m_szTableName + "]", CSectionRecordset::Snapshot) != 1)
+            return;
+        const int count = getRecordCount(&m_pRecordset);
+        dbsection::Guarded({"GetAllSectionDataForGUI()", FailedToRead}, [&] {
+            names->SetSize(count);
+            if (count != 0)
+                m_pRecordset->MoveFirst();
+            for (int i = 0; i < count; ++i, m_pRecordset->MoveNext()) {
+                names->SetAt(i, CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn)));
+                Display(*m_pRecordset, columns, values[i]);
+            }
+            return 1;
+        });
+        closeRecordset(&m_pRecordset);
     });
-    closeRecordset(&m_pRecordset);
 }
 
 int CatalogueSectionDB::GetSectionDataForGUI(int /*index*/, int /*sectionType*/, int recordNo,
                                              CString* name, float* values, const char* /*unitText*/,
                                              unsigned int unit1, unsigned int unit2) {
-    const SectionFamily* family = RecordFamily(m_szTableName);
-    const DisplayUnits units{unit1, unit2};
-    std::vector<DisplayColumn> columns;
-    if (family == nullptr || !ReadDisplayFactors(*family, &units, columns))
-        return 0;
-    CString sql;
-    sql.Format("SELECT * FROM [%s] WHERE [RECNO] =%d", static_cast<const char*>(m_szTableName),
-               recordNo);
-    if (OpenSql(sql, CSectionRecordset::Snapshot) != 1)
-        return 0;
-    const int result = dbsection::Guarded({"GetSectionDataForGUI()", FailedToRead}, [&] {
-        if (m_pRecordset->IsEOF())
+    return Operation("GetSectionDataForGUI()", [&] {
+        const SectionFamily* family = RecordFamily(m_szTableName);
+        const DisplayUnits units{unit1, unit2};
+        std::vector<DisplayColumn> columns;
+        if (family == nullptr || !ReadDisplayFactors(*family, &units, columns))
             return 0;
-        *name = CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn));
-        Display(*m_pRecordset, columns, values);
-        return 1;
+        CString sql;
+        sql.Format("SELECT * FROM [%s] WHERE [RECNO] =%d", static_cast<const char*>(m_szTableName),
+                   recordNo);
+        if (OpenSql(sql, CSectionRecordset::Snapshot) != 1)
+            return 0;
+        const int result = dbsection::Guarded({"GetSectionDataForGUI()", FailedToRead}, [&] {
+            if (m_pRecordset->IsEOF())
+                return 0;
+            *name = CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn));
+            Display(*m_pRecordset, columns, values);
+            return 1;
+        });
+        closeRecordset(&m_pRecordset);
+        return result;
     });
-    closeRecordset(&m_pRecordset);
-    return result;
 }
 
 int CatalogueSectionDB::GetSectionDataForGUI(int /*index*/, const char* name, int* sectionType,
                                              int* recordNo, float* values, unsigned int unit1,
                                              unsigned int unit2) {
-    const DisplayUnits units{unit1, unit2};
-    return DisplaySection(name, sectionType, recordNo, values, &units);
+    return Operation("GetSectionDataForGUI()", [&] {
+        const DisplayUnits units{unit1, unit2};
+        return DisplaySection(name, sectionType, recordNo, values, &units);
+    });
 }
 
 int CatalogueSectionDB::DisplaySection(const char* name, int* sectionType, int* recordNo,

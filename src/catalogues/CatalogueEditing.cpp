@@ -9,6 +9,8 @@
 #include <cmath>
 #include <string>
 
+using dbsection::Operation;
+
 namespace {
 
 /// Whether another row of the table has the section's public name.
@@ -50,11 +52,15 @@ void SetFields(CSectionRecordset& row, WORD id, const SECTIONINFO& section, Layo
 } // namespace
 
 int CatalogueSectionDB::AddSectionData(WORD id, SECTIONINFO* record) {
-    return StoreSection("AddSectionData()", "Failed to add record.", id, record, true);
+    return Operation("AddSectionData()", [&] {
+        return StoreSection("AddSectionData()", "Failed to add record.", id, record, true);
+    });
 }
 
 int CatalogueSectionDB::UpdateSectionData(WORD id, SECTIONINFO* record) {
-    return StoreSection("UpdateSectionData()", "Failed to update record.", id, record, false);
+    return Operation("UpdateSectionData()", [&] {
+        return StoreSection("UpdateSectionData()", "Failed to update record.", id, record, false);
+    });
 }
 
 int CatalogueSectionDB::StoreSection(const char* label, const char* message, WORD id,

@@ -7,11 +7,15 @@
 #include "units/UNIT.h"
 
 #include <algorithm>
+#include <utility>
+
+using dbsection::HandOver;
+using dbsection::Operation;
 
 CatalogueSectionDB::CatalogueSectionDB(std::span<const SectionFamily> families)
     : m_families(families),
       m_records(families.size()) {
-    CatalogueSectionDB::InitTableNameMap();
+    MapFamilies();
 }
 
 void CatalogueSectionDB::InitSectionRecords() {
@@ -20,12 +24,18 @@ void CatalogueSectionDB::InitSectionRecords() {
 }
 
 void CatalogueSectionDB::InitTableNameMap() {
-    m_mapTableNames.RemoveAll();
-    m_mapShapeTypes.RemoveAll();
+    Operation("InitTableNameMap()", [&] { MapFamilies(); });
+}
+
+void CatalogueSectionDB::MapFamilies() {
+    CMap<int, int, CString, CString> tables;
+    CMap<int, int, int, int> shapes;
     for (const SectionFamily& family : m_families) {
-        m_mapTableNames.SetAt(family.sectionType, family.table);
-        m_mapShapeTypes.SetAt(family.sectionType, family.shapeType);
+        tables.SetAt(family.sectionType, family.table);
+        shapes.SetAt(family.sectionType, family.shapeType);
     }
+    m_mapTableNames = std::move(tables);
+    m_mapShapeTypes = std::move(shapes);
 }
 
 const SectionFamily* CatalogueSectionDB::FindFamily(const CString& table) const {
@@ -61,11 +71,13 @@ bool CatalogueSectionDB::OpenRow(const char* name) {
 }
 
 int CatalogueSectionDB::ReadSection(const CString& table, const char* name, SectionRecord& record) {
-    m_szTableName = table;
-    const bool isRead =
-        OpenSectionDatabase() == 1 && !table.IsEmpty() && OpenRow(name) && ReadCurrentRow(record);
-    closeRecordset(&m_pRecordset);
-    return isRead ? 1 : 0;
+    return Operation("ReadSection()", [&] {
+        m_szTableName = table;
+        const bool isRead = OpenSectionDatabase() == 1 && !table.IsEmpty() && OpenRow(name) &&
+                            ReadCurrentRow(record);
+        closeRecordset(&m_pRecordset);
+        return isRead ? 1 : 0;
+    });
 }
 
 const SectionFamily* CatalogueSectionDB::OpenSection(const char* name) {
@@ -80,28 +92,34 @@ const SectionFamily* CatalogueSectionDB::OpenSection(const char* name) {
 }
 
 SectionRecord* CatalogueSectionDB::GetSectionData(const char* name, int* sectionType) {
-    const SectionFamily* family = OpenSection(name);
-    if (family == nullptr)
-        return nullptr;
-    auto record = dbsection::MakeSectionRecord(family->layout);
-    if (!ReadCurrentRow(*record))
-        return nullptr;
-    *sectionType = family->sectionType;
-    return record.release();
+    return Operation("GetSectionData()", [&]() -> SectionRecord* {
+        const SectionFamily* family = OpenSection(name);
+        if (family == nullptr)
+            return nullptr;
+        auto record = dbsection::MakeSectionRecord(family->layout);
+        if (!ReadCurrentRow(*record))
+            return nullptr;
+        SectionRecord* read = HandOver(std::move(record));
+        *sectionType = family->sectionType;
+        return read;
+    });
 }
 
 SECTIONINFO* CatalogueSectionDB::GetSectionStructProperty(const char* name, unsigned int unit1,
                                                           unsigned int unit2, int* sectionType) {
-    InitSectionRecords();
-    std::unique_ptr<SectionRecord> record(GetSectionData(name, sectionType));
-    if (!record)
-        return nullptr;
-    const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(m_pDatabase, m_szTableName));
-    if (!units)
-        return nullptr;
-    const SectionFamily& family = *RecordFamily(m_szTableName);
-    auto info =
-        dbsection::SummariseSection(*record, family.layout, Density(), *units, unit2, unit1);
-    m_records[static_cast<std::size_t>(&family - m_families.data())] = std::move(record);
-    return info.release();
+    return Operation("GetSectionStructProperty()", [&]() -> SECTIONINFO* {
+        InitSectionRecords();
+        std::unique_ptr<SectionRecord> record(GetSectionData(name, sectionType));
+        if (!record)
+            return nullptr;
+        const std::unique_ptr<CStringArray> units(
+            UNIT::GetFieldUnitList(m_pDatabase, m_szTableName));
+        if (!units)
+            return nullptr;
+        const SectionFamily& family = *RecordFamily(m_szTableName);
+        auto info =
+            dbsection::SummariseSection(*record, family.layout, Density(), *units, unit2, unit1);
+        m_records[static_cast<std::size_t>(&family - m_families.data())] = std::move(record);
+        return HandOver(std::move(info));
+    });
 }

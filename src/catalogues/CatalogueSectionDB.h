@@ -85,6 +85,9 @@ protected:
                        const DisplayUnits* units);
 
 private:
+    /// Fills the maps by section type anew, both or none.
+    void MapFamilies();
+
     bool OpenRow(const char* name);
     bool ReadDisplayFactors(const SectionFamily& family, const DisplayUnits* units,
                             std::vector<struct DisplayColumn>& columns) const;

@@ -5,11 +5,13 @@
 #include "units/UNIT.h"
 
 #include <cstdint>
+#include <utility>
 
 namespace {
 
 using dbsection::ForEachSectionTable;
 using dbsection::Guarded;
+using dbsection::Operation;
 
 /// Finds the first section table with a row satisfying the condition that `conditionFor` gives for
 /// the table.
@@ -21,6 +23,7 @@ int FindTableWhere(CSectionDatabase* database, CString& table, ConditionFor cond
         if (!dbsection::FindsRow(rows, "Select * From [" + candidate + "] WHERE " +
                                            conditionFor(candidate)))
             return false;
+        dbsection::RequireMemory(); // a table before it may have been passed over
         table = candidate;
         return true;
     });
@@ -47,23 +50,29 @@ SectionDBBase::~SectionDBBase() {
 }
 
 int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
-    const CString condition = CString("[VessaName] = '") + name + "'";
-    return FindTableWhere(m_pDatabase, table,
-                          [&](const CString&) -> const CString& { return condition; });
+    return Operation("FindSectionTableExact()", [&] {
+        const CString condition = CString("[VessaName] = '") + name + "'";
+        return FindTableWhere(m_pDatabase, table,
+                              [&](const CString&) -> const CString& { return condition; });
+    });
 }
 
 int SectionDBBase::GetTableNameFromSection(const char* name, CString& table) {
-    return FindTableWhere(m_pDatabase, table, [&](const CString& candidate) {
-        const bool isJoists = candidate == "OWJoistMaster"; // joists are known by designation
-        return CString(isJoists ? "UPPER([Designation]) = '" : "UPPER([VessaName]) = '") + name +
-               "'";
+    return Operation("GetTableNameFromSection()", [&] {
+        return FindTableWhere(m_pDatabase, table, [&](const CString& candidate) {
+            const bool isJoists = candidate == "OWJoistMaster"; // joists are known by designation
+            return CString(isJoists ? "UPPER([Designation]) = '" : "UPPER([VessaName]) = '") +
+                   name + "'";
+        });
     });
 }
 
 int SectionDBBase::FindSectionTable(const char* name, CString& table) {
-    const CString condition = CString("UPPER([VessaName]) = UPPER('") + name + "')";
-    return FindTableWhere(m_pDatabase, table,
-                          [&](const CString&) -> const CString& { return condition; });
+    return Operation("FindSectionTable()", [&] {
+        const CString condition = CString("UPPER([VessaName]) = UPPER('") + name + "')";
+        return FindTableWhere(m_pDatabase, table,
+                              [&](const CString&) -> const CString& { return condition; });
+    });
 }
 
 void SectionDBBase::GetAllSectionDataForGUI(int, CStringArray*, float (*)[16], unsigned int,
@@ -93,15 +102,21 @@ int SectionDBBase::AddSectionData(WORD, SECTIONINFO*) { return 0; }
 int SectionDBBase::UpdateSectionData(WORD, SECTIONINFO*) { return 0; }
 
 int SectionDBBase::GetSectionTypeList(CStringList* list) {
-    ForEachSectionTable(m_pDatabase, [&](const CString& table) {
-        for (const auto& [type, known] : m_mapTableNames)
-            if (known == table) {
-                list->AddTail(known);
-                break;
-            }
-        return false;
+    return Operation("GetSectionTypeList()", [&] {
+        CStringList names = *list;
+        const auto append = [&](const CString& table) {
+            for (const auto& [type, known] : m_mapTableNames)
+                if (known == table) {
+                    names.AddTail(known);
+                    break;
+                }
+            return false;
+        };
+        if (!ForEachSectionTable(m_pDatabase, append))
+            return 0;
+        *list = std::move(names);
+        return 1;
     });
-    return 1;
 }
 
 int SectionDBBase::OpenSql(const CString& sql, int openType) {
@@ -114,106 +129,125 @@ int SectionDBBase::OpenTable(int sectionType, const CString& orderBy) {
                    CSectionRecordset::Snapshot);
 }
 
-/// Lists a column of the open recordset and closes it.
+/// Lists a column of the open recordset, or nothing, and closes it.
 int SectionDBBase::ListNames(CStringList* list, CUIntArray* ids, int nameColumn) {
-    const int count = getRecordCount(&m_pRecordset);
+    CStringList names = *list;
+    CUIntArray identifiers;
     const int result = Guarded({"GetSectionNameList()", "Failed to list the sections."}, [&] {
-        if (count == 0)
-            return 1;
-        if (ids != nullptr)
-            ids->SetSize(count);
-        m_pRecordset->MoveFirst();
-        for (int i = 0; i < count; ++i, m_pRecordset->MoveNext()) {
-            if (ids != nullptr)
-                ids->SetAt(i, IdentifierIn(m_pRecordset->GetFieldValue(IdentifierColumn)));
-            list->AddTail(CCrack::strVARIANT(m_pRecordset->GetFieldValue(nameColumn)));
+        for (; !m_pRecordset->IsEOF(); m_pRecordset->MoveNext()) {
+            identifiers.Add(IdentifierIn(m_pRecordset->GetFieldValue(IdentifierColumn)));
+            names.AddTail(CCrack::strVARIANT(m_pRecordset->GetFieldValue(nameColumn)));
         }
         return 1;
     });
     closeRecordset(&m_pRecordset);
+    if (result == 1 && !identifiers.IsEmpty()) {
+        *list = std::move(names);
+        if (ids != nullptr)
+            *ids = std::move(identifiers);
+    }
     return result;
 }
 
 int SectionDBBase::GetSectionNameList(int sectionType, CStringList* list, CUIntArray* ids,
                                       int sorted, int publicName) {
-    CString orderBy;
-    CStringArray columns;
-    if (sorted != 0 && GetSectionFieldNameArray(sectionType, &columns) == 1)
-        orderBy = " ORDER BY [" + columns.GetAt(IdentifierColumn) + "] ASC";
-    if (OpenTable(sectionType, orderBy) == -1)
-        return 0;
-    return ListNames(list, ids, publicName != 0 ? NameColumn : VessaNameColumn);
+    return Operation("GetSectionNameList()", [&] {
+        CString orderBy;
+        CStringArray columns;
+        if (sorted != 0 && GetSectionFieldNameArray(sectionType, &columns) == 1)
+            orderBy = " ORDER BY [" + columns.GetAt(IdentifierColumn) + "] ASC";
+        dbsection::RequireMemory(); // or the order would be lost
+        if (OpenTable(sectionType, orderBy) == -1)
+            return 0;
+        return ListNames(list, ids, publicName != 0 ? NameColumn : VessaNameColumn);
+    });
 }
 
 int SectionDBBase::GetSortedSectionNameList(int sectionType, CStringList* list, CUIntArray* ids,
                                             const CStringArray* sortFields, int /*flag*/) {
-    const CString orderBy =
-        sortFields == nullptr || sortFields->IsEmpty() ? CString() : OrderClause(*sortFields);
-    if (OpenTable(sectionType, orderBy) == -1)
-        return 0;
-    return ListNames(list, ids, VessaNameColumn);
+    return Operation("GetSortedSectionNameList()", [&] {
+        const CString orderBy =
+            sortFields == nullptr || sortFields->IsEmpty() ? CString() : OrderClause(*sortFields);
+        if (OpenTable(sectionType, orderBy) == -1)
+            return 0;
+        return ListNames(list, ids, VessaNameColumn);
+    });
 }
 
 int SectionDBBase::GetSectionFieldNameArray(int sectionType, CStringArray* names) {
-    if (OpenTable(sectionType) == -1)
-        return 0;
-    const int result = Guarded({"getFieldInfo()", "Couldn't get information on field"}, [&] {
-        names->RemoveAll();
-        names->SetSize(m_pRecordset->GetFieldCount());
-        for (int i = 0; i < names->GetSize(); ++i) {
-            CSectionFieldInfo field;
-            m_pRecordset->GetFieldInfo(i, field);
-            names->SetAt(i, field.m_strName);
-        }
-        return 1;
+    return Operation("GetSectionFieldNameArray()", [&] {
+        if (OpenTable(sectionType) == -1)
+            return 0;
+        const int result = Guarded({"getFieldInfo()", "Couldn't get information on field"}, [&] {
+            CStringArray found;
+            found.SetSize(m_pRecordset->GetFieldCount());
+            for (int i = 0; i < found.GetSize(); ++i) {
+                CSectionFieldInfo field;
+                m_pRecordset->GetFieldInfo(i, field);
+                found.SetAt(i, field.m_strName);
+            }
+            *names = std::move(found);
+            return 1;
+        });
+        closeRecordset(&m_pRecordset);
+        return result;
     });
-    closeRecordset(&m_pRecordset);
-    return result;
 }
 
 int SectionDBBase::GetSectionFieldUnitsArray(int sectionType, CStringArray* units) {
-    UNIT::GetFieldUnitArray(m_pDatabase, GetTableName(sectionType), units);
-    return 1;
+    return Operation("GetSectionFieldUnitsArray()", [&] {
+        UNIT::GetFieldUnitArray(m_pDatabase, GetTableName(sectionType), units);
+        return 1;
+    });
 }
 
 int SectionDBBase::GetSectionCount(int sectionType) {
-    if (OpenTable(sectionType) == -1)
-        return 0;
-    const int count = getRecordCount(&m_pRecordset);
-    closeRecordset(&m_pRecordset);
-    return count;
+    return Operation("GetSectionCount()", [&] {
+        if (OpenTable(sectionType) == -1)
+            return 0;
+        const int count = getRecordCount(&m_pRecordset);
+        closeRecordset(&m_pRecordset);
+        return count;
+    });
 }
 
 int SectionDBBase::GetSectionFieldCount(int sectionType) {
-    if (OpenTable(sectionType) == -1)
-        return 0;
-    const int count = getFieldCount(&m_pRecordset);
-    closeRecordset(&m_pRecordset);
-    return count > 0 ? count - BookkeepingColumns : count;
+    return Operation("GetSectionFieldCount()", [&] {
+        if (OpenTable(sectionType) == -1)
+            return 0;
+        const int count = getFieldCount(&m_pRecordset);
+        closeRecordset(&m_pRecordset);
+        return count > 0 ? count - BookkeepingColumns : count;
+    });
 }
 
 void SectionDBBase::SetDatabase(CSectionDatabase* database) {
-    closeRecordset(&m_pRecordset);
-    ReleaseOwnDatabase();
-    m_pDatabase = database;
-    m_szFileName = database == nullptr ? CString() : database->GetName();
-    m_szTableName = {};
-    m_szSQL = {};
-    m_bShared = 1;
+    Operation("SetDatabase()", [&] {
+        CString fileName = database == nullptr ? CString() : database->GetName();
+        closeRecordset(&m_pRecordset);
+        ReleaseOwnDatabase();
+        m_pDatabase = database;
+        m_szFileName = std::move(fileName);
+        m_szTableName = {};
+        m_szSQL = {};
+        m_bShared = 1;
+    });
 }
 
 int SectionDBBase::OpenSectionDatabase() {
-    if (m_pDatabase != nullptr && m_pDatabase->IsOpen())
-        return 1;
-    if (m_szFileName.IsEmpty()) {
-        HandleFileException(new CFileException, "Database filename not provided.",
-                            "OpenSectionDatabase()");
-        return 0;
-    }
-    if (m_bShared != 0)
-        m_pDatabase = nullptr;
-    m_bShared = 0;
-    return openDatabase(&m_pDatabase, m_szFileName, 1, 0, 0, "", nullptr) == 1 ? 1 : 0;
+    return Operation("OpenSectionDatabase()", [&] {
+        if (m_pDatabase != nullptr && m_pDatabase->IsOpen())
+            return 1;
+        if (m_szFileName.IsEmpty()) {
+            dbsection::Report({"OpenSectionDatabase()", "Database filename not provided."},
+                              new CFileException, HandleFileException);
+            return 0;
+        }
+        if (m_bShared != 0)
+            m_pDatabase = nullptr;
+        m_bShared = 0;
+        return openDatabase(&m_pDatabase, m_szFileName, 1, 0, 0, "", nullptr) == 1 ? 1 : 0;
+    });
 }
 
 void SectionDBBase::CloseDB() {
@@ -228,9 +262,15 @@ void SectionDBBase::ReleaseOwnDatabase() {
 }
 
 CString SectionDBBase::GetTableName(int sectionType) const {
-    CString table;
-    m_mapTableNames.Lookup(sectionType, table);
-    return table;
+    return Operation("GetTableName()", [&] {
+        CString table;
+        m_mapTableNames.Lookup(sectionType, table);
+        return table;
+    });
+}
+
+void SectionDBBase::SetWorkingTable(const CString& table) {
+    Operation("SetWorkingTable()", [&] { m_szTableName = table; });
 }
 
 int SectionDBBase::GetShapeType(int sectionType) const {

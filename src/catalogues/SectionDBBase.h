@@ -7,7 +7,10 @@
 //
 // One object serves one catalogue; the driver owns it. Section types are the catalogue's own
 // numbers for its tables. Operations return 1 for success and 0 for failure; failures of the
-// database are reported by the data-access functions, and nothing is thrown.
+// database are reported by the data-access functions, an exhaustion of memory by the operation that
+// was called. Nothing is thrown but the invalid-argument error, by GetSectionStructProperty where a
+// column lacks its unit and by a sorted name list of a table without columns; a constructor throws
+// std::bad_alloc where memory is too short.
 #pragma once
 
 #include "dataaccess/DataAccess.h"
@@ -109,7 +112,7 @@ public:
     int GetShapeType(int sectionType) const;
 
     /// The table that AddSectionData, UpdateSectionData and the display functions work on.
-    void SetWorkingTable(const CString& table) { m_szTableName = table; }
+    void SetWorkingTable(const CString& table);
 
     const CMap<int, int, CString, CString>& TableNames() const { return m_mapTableNames; }
 

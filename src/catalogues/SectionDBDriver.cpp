@@ -1,8 +1,10 @@
 #include "catalogues/SectionDBDriver.h"
 
 #include "catalogues/Catalogues.h"
+#include "dataaccess/Guard.h"
 
 #include <array>
+#include <memory>
 #include <new>
 
 namespace {
@@ -11,7 +13,7 @@ using Creator = SectionDBBase* (*)();
 
 template <class Catalogue>
 SectionDBBase* Create() {
-    return new (std::nothrow) Catalogue;
+    return new Catalogue;
 }
 
 /// By catalogue index, from 1.
@@ -74,15 +76,24 @@ int SectionDBDriverImpl::AddSectionDBObject(WORD nIndex, SectionDBBase* object) 
 }
 
 int SectionDBDriverImpl::CreateSectionDBObjects() {
-    const auto createOne = [this](int index) {
-        SectionDBBase* object = CreateSectionDBObject(index);
-        if (object != nullptr && AddSectionDBObject(static_cast<WORD>(index), object) == 0)
-            delete object;
+    bool isWhole = true;
+    const auto createOne = [&](int index) {
+        try {
+            std::unique_ptr<SectionDBBase> object(CreateSectionDBObject(index));
+            if (AddSectionDBObject(static_cast<WORD>(index), object.get()) == 1)
+                static_cast<void>(object.release()); // it is the map's
+        } catch (const std::bad_alloc&) {
+            isWhole = false;
+        }
     };
     for (int index = 1; index <= LastCatalogueIndex; ++index)
         createOne(index);
     createOne(UserTableIndex);
     createOne(GenericTableIndex);
+    if (!isWhole)
+        dbsection::HandleFailure({"CreateSectionDBObjects()",
+                                  "Not every catalogue is at hand; initialise the library again."},
+                                 CMemoryException::Instance());
     return 1;
 }
 

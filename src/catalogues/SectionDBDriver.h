@@ -30,7 +30,8 @@ protected:
 
 class DBSECTION_API SectionDBDriverImpl : public SectionDBDriverBase {
 public:
-    /// Creates the objects of the catalogues 1 to 37, 1001 and 1010. Always returns 1.
+    /// Creates the objects of the catalogues 1 to 37, 1001 and 1010 that are missing. One that
+    /// memory is too short for stays missing, which is reported. Always returns 1.
     int CreateSectionDBObjects() override;
 
     /// Closes and deletes all objects.

@@ -7,16 +7,16 @@
 namespace dbsection {
 
 /// Calls `visit` with the name of each section table in the database's table order, until it
-/// returns true.
+/// returns true. False where the tables could not be walked.
 template <class Visit>
-void ForEachSectionTable(CSectionDatabase* database, Visit visit) {
+bool ForEachSectionTable(CSectionDatabase* database, Visit visit) {
     if (database == nullptr)
-        return;
-    Guarded({"getTableInfo()", "Failed to get information on table."}, [&] {
+        return false;
+    const FailureRule rule{"getTableInfo()", "Failed to get information on table."};
+    return Completes(rule, [&] {
         for (const CString& table : database->GetUserTableNames())
             if (table != "Field Units" && table != "DBInfo" && visit(table))
                 break;
-        return 1;
     });
 }
 
