@@ -2,15 +2,17 @@
 #include "interface/SectionDBInterface.h"
 
 #include "dataaccess/CCrack.h"
-#include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
+#include "interface/PublicCall.h"
 #include "interface/RequireOpen.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/PrivateProfile.h"
 
 #include <array>
-#include <vector>
+#include <utility>
+
+using dbsection::PublicCall;
 
 CSectionDatabase* gblSectionDatabase = nullptr;
 
@@ -23,46 +25,62 @@ int SectionDBInterface::m_bStartTransaction = 0;
 SectionDBDriverImpl SectionDBInterface::m_SectionDBDrv;
 
 void SectionDBInterface::InitSectionDBInterface() {
-    if (m_bInit == 0)
-        InitialiseAllMaps();
+    PublicCall("InitSectionDBInterface()", [&] {
+        if (m_bInit == 0)
+            InitialiseAllMaps();
+        InitialiseCountryEnumMap(); // where memory was too short for a map at first
+        InitialiseSectionTypeEnumMap();
+    });
 }
 
 void SectionDBInterface::UnInitSectionDBInterface() {
-    if (m_bInit != 0)
-        m_SectionDBDrv.DeleteSectionDBObjects();
-    m_bInit = 0;
+    PublicCall("UnInitSectionDBInterface()", [&] {
+        if (m_bInit != 0)
+            m_SectionDBDrv.DeleteSectionDBObjects();
+        m_bInit = 0;
+    });
 }
 
 void SectionDBInterface::ExitSectionDBInterface() {
-    UnInitSectionDBInterface();
-    CloseSectionDatabase(&gblSectionDatabase);
-    m_nCountry = 0;
-    terminateDAOEngine();
+    PublicCall("ExitSectionDBInterface()", [&] {
+        UnInitSectionDBInterface();
+        CloseSectionDatabase(&gblSectionDatabase);
+        m_nCountry = 0;
+        terminateDAOEngine();
+    });
 }
 
 void SectionDBInterface::CloseGblSectionDBObject(int flag) {
-    closeDatabase(&gblSectionDatabase, flag);
-    m_nCountry = 0;
+    PublicCall("CloseGblSectionDBObject()", [&] {
+        closeDatabase(&gblSectionDatabase, flag);
+        m_nCountry = 0;
+    });
 }
 
 int SectionDBInterface::OpenSectionDatabase(int index, CSectionDatabase** ppDb) {
-    const CString path = GetDatabaseFileName(index);
-    if (path.IsEmpty())
-        return 0;
-    int result = 1;
-    if (index != m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen()) {
-        CloseSectionDatabase(ppDb);
-        result = openDatabase(ppDb, path, 1, 0, 0, m_szPassword, nullptr);
-    }
-    m_nCountry = index;
-    InitSectionDBInterface();
-    return result == 1 ? 1 : 0;
+    return PublicCall("OpenSectionDatabase()", [&] {
+        const CString path = GetDatabaseFileName(index);
+        if (path.IsEmpty())
+            return 0;
+        int result = 1;
+        if (index != m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen()) {
+            CloseSectionDatabase(ppDb);
+            result = openDatabase(ppDb, path, 1, 0, 0, m_szPassword, nullptr);
+        }
+        m_nCountry = index;
+        InitSectionDBInterface();
+        return result == 1 ? 1 : 0;
+    });
 }
 
-void SectionDBInterface::CloseSectionDatabase(CSectionDatabase** ppDb) { closeDatabase(ppDb, 1); }
+void SectionDBInterface::CloseSectionDatabase(CSectionDatabase** ppDb) {
+    PublicCall("CloseSectionDatabase()", [&] { closeDatabase(ppDb, 1); });
+}
 
 CSectionDatabase* SectionDBInterface::GetDatabasePtr(int index) {
-    return OpenSectionDatabase(index, &gblSectionDatabase) == 1 ? gblSectionDatabase : nullptr;
+    return PublicCall("GetDatabasePtr()", [&] {
+        return OpenSectionDatabase(index, &gblSectionDatabase) == 1 ? gblSectionDatabase : nullptr;
+    });
 }
 
 SectionDBBase* SectionDBInterface::AttachedCatalogue(int index, CSectionDatabase* db) {
@@ -92,40 +110,52 @@ bool dbsection::RequireOpen(CSectionDatabase** ppDb) {
 }
 
 int SectionDBInterface::GetSectionCount(int index, int sectionType) {
-    SectionDBBase* catalogue = OpenCatalogue(index);
-    return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
+    return PublicCall("GetSectionCount()", [&] {
+        SectionDBBase* catalogue = OpenCatalogue(index);
+        return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
+    });
 }
 
 int SectionDBInterface::GetSectionFieldCount(int index, int sectionType) {
-    SectionDBBase* catalogue = OpenCatalogue(index);
-    return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
+    return PublicCall("GetSectionFieldCount()", [&] {
+        SectionDBBase* catalogue = OpenCatalogue(index);
+        return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
+    });
 }
 
 int SectionDBInterface::GetSectionCount(int index, int sectionType, CSectionDatabase** ppDb) {
-    SectionDBBase* catalogue =
-        dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
-    return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
+    return PublicCall("GetSectionCount()", [&] {
+        SectionDBBase* catalogue =
+            dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+        return catalogue == nullptr ? 0 : catalogue->GetSectionCount(sectionType);
+    });
 }
 
 int SectionDBInterface::GetSectionFieldCount(int index, int sectionType, CSectionDatabase** ppDb) {
-    SectionDBBase* catalogue =
-        dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
-    return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
+    return PublicCall("GetSectionFieldCount()", [&] {
+        SectionDBBase* catalogue =
+            dbsection::RequireOpen(ppDb) ? AttachedCatalogue(index, *ppDb) : nullptr;
+        return catalogue == nullptr ? 0 : catalogue->GetSectionFieldCount(sectionType);
+    });
 }
 
 int SectionDBInterface::GetDBInfo(CString fileName, CString& info2, CString& info0, CString& info3,
                                   CString& info1, CString& info4) {
-    // Destroyed, not closed: closing would mark this file as another one was marked that is open.
-    dbsection::Handle<CSectionDatabase, destroyDatabase> db;
-    RecordsetHandle rows;
-    if (openDatabase(db.Address(), fileName, 1, 0, 1, m_szPassword, nullptr) != 1 ||
-        openRecordset(db.Address(), rows.Address(), "Select * From [DBInfo]",
-                      CSectionRecordset::Snapshot, 1) != 1)
-        return 0;
-    const std::array targets{&info0, &info1, &info2, &info3, &info4};
-    return dbsection::Guarded({"GetDBInfo()", "Failed to read the catalogue information."}, [&] {
-        for (std::size_t i = 0; i < targets.size(); ++i)
-            *targets[i] = CCrack::strVARIANT(rows->GetFieldValue(static_cast<int>(i)));
+    return PublicCall("GetDBInfo()", [&] {
+        // Destroyed, not closed: closing would mark this file as another one was marked that is
+        // open.
+        dbsection::Handle<CSectionDatabase, destroyDatabase> db;
+        RecordsetHandle rows;
+        if (openDatabase(db.Address(), fileName, 1, 0, 1, m_szPassword, nullptr) != 1 ||
+            openRecordset(db.Address(), rows.Address(), "Select * From [DBInfo]",
+                          CSectionRecordset::Snapshot, 1) != 1)
+            return 0;
+        const std::array targets{&info0, &info1, &info2, &info3, &info4};
+        std::array<CString, targets.size()> fields;
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            fields[i] = CCrack::strVARIANT(rows->GetFieldValue(static_cast<int>(i)));
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            *targets[i] = std::move(fields[i]);
         return 1;
     });
 }

@@ -3,9 +3,13 @@
 
 #include "catalogues/SectionFamily.h"
 #include "interface/PrincipalAngle.h"
+#include "interface/PublicCall.h"
 
 #include <array>
 #include <memory>
+#include <utility>
+
+using dbsection::PublicCall;
 
 namespace {
 
@@ -16,7 +20,7 @@ Container* Filled(SectionDBBase* catalogue, Fill fill) {
         return nullptr;
     auto container = std::make_unique<Container>();
     fill(*catalogue, container.get());
-    return container.release();
+    return dbsection::HandOver(std::move(container));
 }
 
 CStringList* NameList(SectionDBBase* catalogue, int type, CUIntArray* ids, int sorted,
@@ -26,11 +30,18 @@ CStringList* NameList(SectionDBBase* catalogue, int type, CUIntArray* ids, int s
     });
 }
 
-void MoveInto(std::vector<CString>& out, CStringList* list) {
-    const std::unique_ptr<CStringList> owned(list);
+/// Lists into a vector and an array of identifiers; where that fails the vector is empty, and the
+/// array as it was.
+template <class List>
+void ListInto(std::vector<CString>& out, CUIntArray* ids, List list) {
     out.clear();
-    if (owned)
-        out.assign(owned->begin(), owned->end());
+    CUIntArray numbers = ids == nullptr ? CUIntArray() : *ids;
+    const std::unique_ptr<CStringList> names(list(&numbers));
+    if (!names)
+        return;
+    out = {names->begin(), names->end()};
+    if (ids != nullptr)
+        *ids = std::move(numbers);
 }
 
 } // namespace
@@ -41,7 +52,8 @@ CStringList* SectionDBInterface::GetSectionNameList(int index, int type, int sor
 
 CStringList* SectionDBInterface::GetSectionNameList(int index, int type, CUIntArray* ids,
                                                     int sorted) {
-    return NameList(OpenCatalogue(index), type, ids, sorted, 0);
+    return PublicCall("GetSectionNameList()",
+                      [&] { return NameList(OpenCatalogue(index), type, ids, sorted, 0); });
 }
 
 CStringList* SectionDBInterface::GetSectionPublicNameList(int index, int type, int sorted) {
@@ -50,128 +62,160 @@ CStringList* SectionDBInterface::GetSectionPublicNameList(int index, int type, i
 
 CStringList* SectionDBInterface::GetSectionPublicNameList(int index, int type, CUIntArray* ids,
                                                           int sorted) {
-    return NameList(OpenCatalogue(index), type, ids, sorted, 1);
+    return PublicCall("GetSectionPublicNameList()",
+                      [&] { return NameList(OpenCatalogue(index), type, ids, sorted, 1); });
 }
 
 void SectionDBInterface::GetSectionNameList(int index, int type, CUIntArray* ids,
                                             std::vector<CString>& out, int sorted) {
-    MoveInto(out, GetSectionNameList(index, type, ids, sorted));
+    PublicCall("GetSectionNameList()", [&] {
+        ListInto(out, ids, [=](CUIntArray* numbers) {
+            return GetSectionNameList(index, type, numbers, sorted);
+        });
+    });
 }
 
 void SectionDBInterface::GetSectionPublicNameList(int index, int type, CUIntArray* ids,
                                                   std::vector<CString>& out, int sorted) {
-    MoveInto(out, GetSectionPublicNameList(index, type, ids, sorted));
+    PublicCall("GetSectionPublicNameList()", [&] {
+        ListInto(out, ids, [=](CUIntArray* numbers) {
+            return GetSectionPublicNameList(index, type, numbers, sorted);
+        });
+    });
 }
 
 CStringList* SectionDBInterface::GetSortedSectionNameList(int index, int type,
                                                           CStringArray* sortFields, int flag) {
-    const auto fill = [=](SectionDBBase& catalogue, CStringList* list) {
-        catalogue.GetSortedSectionNameList(type, list, nullptr, sortFields, flag);
-    };
-    return Filled<CStringList>(OpenCatalogue(index), fill);
+    return PublicCall("GetSortedSectionNameList()", [&] {
+        const auto fill = [=](SectionDBBase& catalogue, CStringList* list) {
+            catalogue.GetSortedSectionNameList(type, list, nullptr, sortFields, flag);
+        };
+        return Filled<CStringList>(OpenCatalogue(index), fill);
+    });
 }
 
 CStringArray* SectionDBInterface::GetSectionFieldNameArray(int index, int type) {
-    const auto fill = [=](SectionDBBase& catalogue, CStringArray* names) {
-        catalogue.GetSectionFieldNameArray(type, names);
-    };
-    return Filled<CStringArray>(OpenCatalogue(index), fill);
+    return PublicCall("GetSectionFieldNameArray()", [&] {
+        const auto fill = [=](SectionDBBase& catalogue, CStringArray* names) {
+            catalogue.GetSectionFieldNameArray(type, names);
+        };
+        return Filled<CStringArray>(OpenCatalogue(index), fill);
+    });
 }
 
 CStringArray* SectionDBInterface::GetSectionFieldUnitsArray(int index, int type) {
-    const auto fill = [=](SectionDBBase& catalogue, CStringArray* units) {
-        catalogue.GetSectionFieldUnitsArray(type, units);
-    };
-    return Filled<CStringArray>(OpenCatalogue(index), fill);
+    return PublicCall("GetSectionFieldUnitsArray()", [&] {
+        const auto fill = [=](SectionDBBase& catalogue, CStringArray* units) {
+            catalogue.GetSectionFieldUnitsArray(type, units);
+        };
+        return Filled<CStringArray>(OpenCatalogue(index), fill);
+    });
 }
 
 void SectionDBInterface::GetAllSectionDataForGUI(int index, int type, CStringArray* names,
                                                  float (*values)[16], const char* /*unitText*/,
                                                  unsigned int unit1, unsigned int unit2) {
-    if (SectionDBBase* catalogue = OpenCatalogue(index, type))
-        catalogue->GetAllSectionDataForGUI(type, names, values, unit1, unit2);
+    PublicCall("GetAllSectionDataForGUI()", [&] {
+        if (SectionDBBase* catalogue = OpenCatalogue(index, type))
+            catalogue->GetAllSectionDataForGUI(type, names, values, unit1, unit2);
+    });
 }
 
 int SectionDBInterface::GetSectionDataForGUI(int index, int type, int recordNo, CString* name,
                                              float* values, const char* unitText,
                                              unsigned int unit1, unsigned int unit2) {
-    SectionDBBase* catalogue = OpenCatalogue(index, type);
-    return catalogue == nullptr ? 0
-                                : catalogue->GetSectionDataForGUI(index, type, recordNo, name,
-                                                                  values, unitText, unit1, unit2);
+    return PublicCall("GetSectionDataForGUI()", [&] {
+        SectionDBBase* catalogue = OpenCatalogue(index, type);
+        return catalogue == nullptr
+                   ? 0
+                   : catalogue->GetSectionDataForGUI(index, type, recordNo, name, values, unitText,
+                                                     unit1, unit2);
+    });
 }
 
 int SectionDBInterface::GetSectionDataForGUI(int index, const char* name, int* shapeType,
                                              float* values, const char* /*unitText*/,
                                              unsigned int unit1, unsigned int unit2) {
-    int sectionType = 0;
-    int recordNo = 0;
-    SectionDBBase* catalogue = OpenCatalogue(index, sectionType);
-    if (catalogue == nullptr)
-        return 0;
-    const int result =
-        catalogue->GetSectionDataForGUI(index, name, &sectionType, &recordNo, values, unit1, unit2);
-    if (result == 0)
-        return 0;
-    *shapeType = catalogue->GetShapeType(sectionType);
-    return IsSectionInProject(index, sectionType, recordNo) != 0 ? result : 0;
+    return PublicCall("GetSectionDataForGUI()", [&] {
+        int sectionType = 0;
+        int recordNo = 0;
+        SectionDBBase* catalogue = OpenCatalogue(index, sectionType);
+        if (catalogue == nullptr)
+            return 0;
+        const int result = catalogue->GetSectionDataForGUI(index, name, &sectionType, &recordNo,
+                                                           values, unit1, unit2);
+        if (result == 0)
+            return 0;
+        *shapeType = catalogue->GetShapeType(sectionType);
+        return IsSectionInProject(index, sectionType, recordNo) != 0 ? result : 0;
+    });
 }
 
 int SectionDBInterface::GetSectionDataForGUI_NoDbi(int index, const char* name, int* shapeType,
                                                    float* values, const char* /*unitText*/,
                                                    unsigned int /*unit1*/, unsigned int /*unit2*/) {
-    SectionDBBase* catalogue = OpenCatalogue(index, 0);
-    if (catalogue == nullptr)
-        return 0;
-    int recordNo = 0;
-    const int result =
-        catalogue->GetSectionDataForGUIAllValues(index, name, shapeType, &recordNo, values);
-    if (result != 0)
-        *shapeType = catalogue->GetShapeType(*shapeType); // from the section type found
-    return result;
+    return PublicCall("GetSectionDataForGUI_NoDbi()", [&] {
+        SectionDBBase* catalogue = OpenCatalogue(index, 0);
+        if (catalogue == nullptr)
+            return 0;
+        int recordNo = 0;
+        const int result =
+            catalogue->GetSectionDataForGUIAllValues(index, name, shapeType, &recordNo, values);
+        if (result != 0)
+            *shapeType = catalogue->GetShapeType(*shapeType); // from the section type found
+        return result;
+    });
 }
 
 int SectionDBInterface::GetSectionDataForGUIAllValues(int index, const char* name, int* sectionType,
                                                       int* recordNo, float* values,
                                                       unsigned int /*unit1*/,
                                                       unsigned int /*unit2*/) {
-    SectionDBBase* catalogue = OpenCatalogue(index, *sectionType);
-    return catalogue == nullptr ? 0
-                                : catalogue->GetSectionDataForGUIAllValues(index, name, sectionType,
-                                                                           recordNo, values);
+    return PublicCall("GetSectionDataForGUIAllValues()", [&] {
+        SectionDBBase* catalogue = OpenCatalogue(index, *sectionType);
+        return catalogue == nullptr ? 0
+                                    : catalogue->GetSectionDataForGUIAllValues(
+                                          index, name, sectionType, recordNo, values);
+    });
 }
 
 int SectionDBInterface::GetSectionPrincipalAngle(int index, CString name, double* angle) {
-    *angle = 0.0;
-    SectionDBBase* catalogue = OpenCatalogue(index);
-    if (catalogue == nullptr)
-        return 0;
-    const bool isAmerican = index == 1; // inches and kips there, mm and N elsewhere
-    std::array<float, 16> values{};
-    int sectionType = -1;
-    int recordNo = -1;
-    const int result =
-        catalogue->GetSectionDataForGUI(index, name, &sectionType, &recordNo, values.data(),
-                                        isAmerican ? 1001 : 1004, isAmerican ? 2001 : 2005);
-    if (result != 0 && catalogue->GetShapeType(sectionType) == ShapeType::Angle)
-        *angle = dbsection::PrincipalAngle({values[0], values[1], values[2], values[3]});
-    return result;
+    return PublicCall("GetSectionPrincipalAngle()", [&] {
+        *angle = 0.0;
+        SectionDBBase* catalogue = OpenCatalogue(index);
+        if (catalogue == nullptr)
+            return 0;
+        const bool isAmerican = index == 1; // inches and kips there, mm and N elsewhere
+        std::array<float, 16> values{};
+        int sectionType = -1;
+        int recordNo = -1;
+        const int result =
+            catalogue->GetSectionDataForGUI(index, name, &sectionType, &recordNo, values.data(),
+                                            isAmerican ? 1001 : 1004, isAmerican ? 2001 : 2005);
+        if (result != 0 && catalogue->GetShapeType(sectionType) == ShapeType::Angle)
+            *angle = dbsection::PrincipalAngle({values[0], values[1], values[2], values[3]});
+        return result;
+    });
 }
 
 void* SectionDBInterface::GetSectionData(int index, const char* name, int& type,
                                          const char* /*unitText*/) {
-    SectionDBBase* catalogue = OpenCatalogue(index);
-    return catalogue == nullptr ? nullptr : catalogue->GetSectionData(name, &type);
+    return PublicCall("GetSectionData()", [&]() -> void* {
+        SectionDBBase* catalogue = OpenCatalogue(index);
+        return catalogue == nullptr ? nullptr : catalogue->GetSectionData(name, &type);
+    });
 }
 
 void* SectionDBInterface::GetSectionStructProperty(int index, const char* name, int& type,
                                                    unsigned int unit1, unsigned int unit2,
                                                    const char* /*unitText*/) {
-    SectionDBBase* catalogue = OpenCatalogue(index);
-    if (catalogue == nullptr)
-        return nullptr;
-    SectionRecord* summary = catalogue->GetSectionStructProperty(name, unit1, unit2, &type);
-    return summary;
+    return PublicCall("GetSectionStructProperty()", [&]() -> void* {
+        SectionDBBase* catalogue = OpenCatalogue(index);
+        if (catalogue == nullptr)
+            return nullptr;
+        SectionRecord* summary = catalogue->GetSectionStructProperty(name, unit1, unit2, &type);
+        return summary;
+    });
 }
 
 void SectionDBInterface::FreeSectionData(void* record) {

@@ -3,6 +3,12 @@
 
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
+#include "interface/PublicCall.h"
+
+#include <utility>
+#include <vector>
+
+using dbsection::PublicCall;
 
 namespace {
 
@@ -38,6 +44,7 @@ bool SearchCatalogue(int index, NameColumn column, const char* name, Found found
             return false;
         CSectionRecordset* counted = &rows;
         const int count = getRecordCount(&counted);
+        dbsection::RequireMemory(); // a table before it may have been passed over
         if (count > 0)
             found(SectionDBInterface::GetSectionTypeFromTable(index, table), count, rows);
         return count > 0;
@@ -47,45 +54,56 @@ bool SearchCatalogue(int index, NameColumn column, const char* name, Found found
 
 int SearchAllCatalogues(NameColumn column, const char* name, CUIntArray& catalogues,
                         CUIntArray& sectionTypes) {
-    if (!IsSearchable(name))
-        return 0;
-    for (int index = 1; index <= LastCatalogueIndex; ++index) {
+    CUIntArray indices = catalogues; // both arrays grow, or none
+    CUIntArray types = sectionTypes;
+    bool isWhole = IsSearchable(name);
+    for (int index = 1; isWhole && index <= LastCatalogueIndex; ++index) {
         const auto append = [&](int type, int count, const CSectionRecordset&) {
             for (int i = 0; i < count; ++i) {
-                catalogues.Add(static_cast<unsigned int>(index));
-                sectionTypes.Add(static_cast<unsigned int>(type));
+                indices.Add(static_cast<unsigned int>(index));
+                types.Add(static_cast<unsigned int>(type));
             }
         };
-        if (!SearchCatalogue(index, column, name, append))
-            return 0;
+        isWhole = SearchCatalogue(index, column, name, append);
     }
-    return catalogues.IsEmpty() || sectionTypes.IsEmpty() ? 0 : 1;
+    dbsection::RequireMemory();
+    catalogues = std::move(indices);
+    sectionTypes = std::move(types);
+    return !isWhole || catalogues.IsEmpty() || sectionTypes.IsEmpty() ? 0 : 1;
 }
 
 /// `otherNames`, where given, receives the first row's other name for each row.
 int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
                        CStringArray* otherNames = nullptr) {
+    CUIntArray types = sectionTypes; // both arrays grow, or none
+    CStringArray names = otherNames == nullptr ? CStringArray() : *otherNames;
     const auto append = [&](int type, int count, const CSectionRecordset& rows) {
         CString otherName;
         if (otherNames != nullptr)
             otherName = CCrack::strVARIANT(
                 rows.GetFieldValue(column == VessaName ? PublicName : VessaName));
         for (int i = 0; i < count; ++i) {
-            sectionTypes.Add(static_cast<unsigned int>(type));
-            if (otherNames != nullptr)
-                otherNames->Add(otherName);
+            types.Add(static_cast<unsigned int>(type));
+            names.Add(otherName);
         }
     };
-    if (!IsSearchable(name) || !SearchCatalogue(index, column, name, append))
-        return 0;
-    return sectionTypes.IsEmpty() ? 0 : 1;
+    const bool isWhole = IsSearchable(name) && SearchCatalogue(index, column, name, append);
+    dbsection::RequireMemory();
+    sectionTypes = std::move(types);
+    if (otherNames != nullptr)
+        *otherNames = std::move(names);
+    return !isWhole || sectionTypes.IsEmpty() ? 0 : 1;
 }
 
 int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArray& sectionTypes,
                        std::vector<CString>& otherNames) {
+    CUIntArray types = sectionTypes;
     CStringArray found;
-    const int result = SearchOneCatalogue(index, column, name, sectionTypes, &found);
-    otherNames.insert(otherNames.end(), found.begin(), found.end());
+    const int result = SearchOneCatalogue(index, column, name, types, &found);
+    std::vector<CString> names = otherNames;
+    names.insert(names.end(), found.begin(), found.end());
+    sectionTypes = std::move(types);
+    otherNames = std::move(names);
     return result;
 }
 
@@ -94,51 +112,67 @@ int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArra
 int SectionDBInterface::GetCountryAndSectionTypeFromVessaName(const char* name,
                                                               CUIntArray& catalogues,
                                                               CUIntArray& sectionTypes) {
-    return SearchAllCatalogues(VessaName, name, catalogues, sectionTypes);
+    return PublicCall("GetCountryAndSectionTypeFromVessaName()", [&] {
+        return SearchAllCatalogues(VessaName, name, catalogues, sectionTypes);
+    });
 }
 
 int SectionDBInterface::GetCountryAndSectionTypeFromPublicName(const char* name,
                                                                CUIntArray& catalogues,
                                                                CUIntArray& sectionTypes) {
-    return SearchAllCatalogues(PublicName, name, catalogues, sectionTypes);
+    return PublicCall("GetCountryAndSectionTypeFromPublicName()", [&] {
+        return SearchAllCatalogues(PublicName, name, catalogues, sectionTypes);
+    });
 }
 
 int SectionDBInterface::GetSectionTypeFromVessaName(int index, const char* name,
                                                     CUIntArray& sectionTypes) {
-    return SearchOneCatalogue(index, VessaName, name, sectionTypes);
+    return PublicCall("GetSectionTypeFromVessaName()",
+                      [&] { return SearchOneCatalogue(index, VessaName, name, sectionTypes); });
 }
 
 int SectionDBInterface::GetSectionTypeFromPublicName(int index, const char* name,
                                                      CUIntArray& sectionTypes) {
-    return SearchOneCatalogue(index, PublicName, name, sectionTypes);
+    return PublicCall("GetSectionTypeFromPublicName()",
+                      [&] { return SearchOneCatalogue(index, PublicName, name, sectionTypes); });
 }
 
 int SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
                                                                  CUIntArray& sectionTypes,
                                                                  CStringArray& vessaNames) {
-    return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, &vessaNames);
+    return PublicCall("GetSectionTypeAndVessaNameFromPublicName()", [&] {
+        return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, &vessaNames);
+    });
 }
 
 int SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName(int index, const char* publicName,
                                                                  CUIntArray& sectionTypes,
                                                                  std::vector<CString>& vessaNames) {
-    return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, vessaNames);
+    return PublicCall("GetSectionTypeAndVessaNameFromPublicName()", [&] {
+        return SearchOneCatalogue(index, PublicName, publicName, sectionTypes, vessaNames);
+    });
 }
 
 int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(int index, const char* vessaName,
                                                                  CUIntArray& sectionTypes,
                                                                  CStringArray& publicNames) {
-    return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, &publicNames);
+    return PublicCall("GetSectionTypeAndPublicNameFromVessaName()", [&] {
+        return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, &publicNames);
+    });
 }
 
 int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(
     int index, const char* vessaName, CUIntArray& sectionTypes, std::vector<CString>& publicNames) {
-    return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, publicNames);
+    return PublicCall("GetSectionTypeAndPublicNameFromVessaName()", [&] {
+        return SearchOneCatalogue(index, VessaName, vessaName, sectionTypes, publicNames);
+    });
 }
 
 int SectionDBInterface::GetTableNameFromSection(int index, const char* name, CString& tableName) {
-    SectionDBBase* catalogue = OpenCatalogue(index);
-    if (catalogue == nullptr || !IsSearchable(name))
-        return 0;
-    return catalogue->GetTableNameFromSection(name, tableName);
+    return PublicCall("GetTableNameFromSection()", [&] {
+        SectionDBBase* catalogue = OpenCatalogue(index);
+        if (catalogue == nullptr || !IsSearchable(name))
+            return 0;
+        return catalogue->GetTableNameFromSection(name, tableName);
+    });
 }

@@ -5,10 +5,22 @@
 //     int shapes = SectionDBInterface::GetSectionCount(1, 1); // W shapes of the American catalogue
 //     SectionDBInterface::ExitSectionDBInterface();
 //
-// All members are static: the state is that of the process, and the library is called from one
-// thread at a time. A catalogue index names a catalogue: 1 to 37, 1001 the user tables, 1010 the
-// generic shapes; 0 is "Untitled", which has no file. A section type is the catalogue's own number
-// of a shape family. Nothing is thrown but the invalid-argument error of SaveUserSelectedSections.
+// A catalogue index names a catalogue: 1 to 37, 1001 the user tables, 1010 the generic shapes; 0 is
+// "Untitled", which has no file. A section type is the catalogue's own number of a shape family.
+//
+// All members are static: the state is that of the process, and one thread at a time is inside. A
+// call from another one meanwhile is refused: a message box says so, in engine mode too, the
+// failure value is returned, and nothing else happens; the kind of the last exception stays. A
+// message box may call the library on its own thread. The members that only set or give an int, and
+// FreeSectionData, may be called at any time.
+//
+// A call that fails returns 0, null, an empty text, or what it names. Where memory runs out in it,
+// it fails as a whole, tells so once (kind 1), and leaves the library usable: the next call has
+// what this one could not make, but for a catalogue's object, which UnInitSectionDBInterface and
+// InitSectionDBInterface bring back. Nothing is thrown but the invalid-argument error
+// (CInvalidArgException*), and that only by SaveUserSelectedSections and the queries on an empty
+// selection, by GetSectionStructProperty where a column lacks its unit, and by the sorted name
+// lists of a table without columns.
 #pragma once
 
 #include "catalogues/SectionDBDriver.h"
@@ -51,20 +63,20 @@ public:
     static int IsDeleteSectionAllowed() { return m_bAllowDeleteSection; }
 
     /// Connect text passed on every open of a database: ";PWD=secret", or the bare password.
-    static void SetSectionDBPassword(const char* connect) { m_szPassword = connect; }
+    static void SetSectionDBPassword(const char* connect);
 
-    static void SetDBIFileName(const char* path) { m_szDBIFileName = path; }
-    static void SetINIFileName(const char* path) { m_szIniFileName = path; }
-    static void SetGenericTableFileName(const char* path) { m_szGenericTableFileName = path; }
+    static void SetDBIFileName(const char* path);
+    static void SetINIFileName(const char* path);
+    static void SetGenericTableFileName(const char* path);
 
     /// Sets the file of index 1010, as SetGenericTableFileName does.
-    static void SetUserTableFileName(const char* path) { m_szGenericTableFileName = path; }
-    static CString GetUserTableFileName() { return m_szUserTableFileName; }
-    static CString GetGenericTableFileName() { return m_szGenericTableFileName; }
+    static void SetUserTableFileName(const char* path);
+    static CString GetUserTableFileName();
+    static CString GetGenericTableFileName();
 
     /// Sets the folder of the catalogue files; a trailing backslash is added where it is missing.
     static void SetProfileDBFolder(CString folder);
-    static CString GetProfileDBFolder() { return m_szSectionDBFolder; }
+    static CString GetProfileDBFolder();
 
     // Paths.
 
@@ -183,7 +195,7 @@ public:
     /// Writes the selection into the first elements of an array, which grows as needed and keeps
     /// what it holds beyond them. A selection that is not stored is [0]. Where the file cannot be
     /// read, that is a file error (kind 2), GetLastProfileError() tells its number, and the first
-    /// element is -1: no section is offered, nor should that be saved.
+    /// element is -1, as after any failure: no section is offered, nor should that be saved.
     static void GetUserSelectedSections(int index, int sectionType, CDWordArray& selection);
 
     /// Stores a selection, at once or not at all, and builds the table-index file when there is

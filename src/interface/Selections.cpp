@@ -1,4 +1,5 @@
 // The user's selections of sections, kept in the table-index file.
+#include "interface/PublicCall.h"
 #include "interface/SectionDBInterface.h"
 #include "interface/Selection.h"
 #include "interface/SettingsFile.h"
@@ -18,6 +19,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+using dbsection::PublicCall;
 
 namespace {
 
@@ -82,9 +85,15 @@ std::vector<DWORD> ParseSelection(std::string_view text) {
 
 void SectionDBInterface::GetUserSelectedSections(int index, int sectionType,
                                                  CDWordArray& selection) {
-    const bool hasFile = dbsection::LookForFile(GetDBIFileName()) != ENOENT;
-    const CString key = hasFile ? SelectionKey(index, sectionType) : CString();
-    dbsection::ReadSelection(index, key, selection);
+    PublicCall("GetUserSelectedSections()", [&] {
+        selection.SetAtGrow(0, static_cast<DWORD>(NoSection)); // where the call fails
+        CDWordArray read = selection;
+        const bool hasFile = dbsection::LookForFile(GetDBIFileName()) != ENOENT;
+        const CString key = hasFile ? SelectionKey(index, sectionType) : CString();
+        dbsection::ReadSelection(index, key, read);
+        dbsection::RequireMemory();
+        selection = std::move(read);
+    });
 }
 
 bool dbsection::ReadSelection(int index, const CString& table, CDWordArray& selection) {
@@ -110,55 +119,61 @@ bool dbsection::ReadSelection(int index, const CString& table, CDWordArray& sele
 
 void SectionDBInterface::SaveUserSelectedSections(int index, int sectionType,
                                                   CDWordArray& selection) {
-    const CString file = GetDBIFileName();
-    if (dbsection::LookForFile(file) == ENOENT && !MakeTableIndex(false))
-        return;
-    const bool everySection = NumberAt(selection, 0) == EverySection;
-    const CString value = everySection ? CString("0") : SelectionText(selection);
-    const CString key = SelectionKey(index, sectionType);
-    if (key.IsEmpty())
-        return;
-    WritePrivateProfileStringA(m_saSectionFile[index], key, value, file);
-    dbsection::SettingsWereWritten(
-        file, {"SaveUserSelectedSections()", "Failed to save the selected sections."});
+    PublicCall("SaveUserSelectedSections()", [&] {
+        const CString file = GetDBIFileName();
+        if (dbsection::LookForFile(file) == ENOENT && !MakeTableIndex(false))
+            return;
+        const bool everySection = NumberAt(selection, 0) == EverySection;
+        const CString value = everySection ? CString("0") : SelectionText(selection);
+        const CString key = SelectionKey(index, sectionType);
+        if (key.IsEmpty())
+            return;
+        WritePrivateProfileStringA(m_saSectionFile[index], key, value, file);
+        dbsection::SettingsWereWritten(
+            file, {"SaveUserSelectedSections()", "Failed to save the selected sections."});
+    });
 }
 
 int SectionDBInterface::IsSectionInProject(int index, int sectionType, int recordNumber) {
-    if (index == 0 || sectionType < 1 || recordNumber == 0)
-        return 0;
-    CDWordArray selection;
-    GetUserSelectedSections(index, sectionType, selection);
-    const int first = NumberAt(selection, 0);
-    if (first <= 0)
-        return first == EverySection ? 1 : 0;
-    return std::ranges::count(selection, static_cast<DWORD>(recordNumber)) > 0 ? 1 : 0;
+    return PublicCall("IsSectionInProject()", [&] {
+        if (index == 0 || sectionType < 1 || recordNumber == 0)
+            return 0;
+        CDWordArray selection;
+        GetUserSelectedSections(index, sectionType, selection);
+        const int first = NumberAt(selection, 0);
+        if (first <= 0)
+            return first == EverySection ? 1 : 0;
+        return std::ranges::count(selection, static_cast<DWORD>(recordNumber)) > 0 ? 1 : 0;
+    });
 }
 
 CStringList* SectionDBInterface::GetUserSelectedSectionNameList(int index, int sectionType) {
-    constexpr int VessaName = 2;
-    if (OpenSectionDatabase(index, &gblSectionDatabase) != 1)
-        return nullptr;
-    const CString table = GetTableFromSectionType(index, sectionType);
-    if (table.IsEmpty())
-        return nullptr;
-    CDWordArray selection;
-    if (!dbsection::ReadSelection(index, SelectionKey(index, sectionType), selection))
-        return nullptr;
-    RecordsetHandle rows;
-    if (openRecordset(&gblSectionDatabase, rows.Address(), SelectionQuery(table, selection),
-                      CSectionRecordset::Snapshot, 1) != 1)
-        return nullptr;
-    const int count = getRecordCount(rows.Address());
-    if (count == 0)
-        return nullptr;
-    auto list = std::make_unique<CStringList>(10);
-    const auto fill = [&] {
-        rows->MoveFirst();
-        for (int i = 0; i < count; ++i, rows->MoveNext())
-            list->AddTail(CCrack::strVARIANT(rows->GetFieldValue(VessaName)));
-        return 1;
-    };
-    const dbsection::FailureRule rule{"GetUserSelectedSectionNameList()",
-                                      "Failed to list the sections."};
-    return dbsection::Guarded(rule, fill) == 1 ? list.release() : nullptr;
+    return PublicCall("GetUserSelectedSectionNameList()", [&]() -> CStringList* {
+        constexpr int VessaName = 2;
+        if (OpenSectionDatabase(index, &gblSectionDatabase) != 1)
+            return nullptr;
+        const CString table = GetTableFromSectionType(index, sectionType);
+        if (table.IsEmpty())
+            return nullptr;
+        CDWordArray selection;
+        if (!dbsection::ReadSelection(index, SelectionKey(index, sectionType), selection))
+            return nullptr;
+        RecordsetHandle rows;
+        if (openRecordset(&gblSectionDatabase, rows.Address(), SelectionQuery(table, selection),
+                          CSectionRecordset::Snapshot, 1) != 1)
+            return nullptr;
+        const int count = getRecordCount(rows.Address());
+        if (count == 0)
+            return nullptr;
+        auto list = std::make_unique<CStringList>(10);
+        const auto fill = [&] {
+            rows->MoveFirst();
+            for (int i = 0; i < count; ++i, rows->MoveNext())
+                list->AddTail(CCrack::strVARIANT(rows->GetFieldValue(VessaName)));
+            return 1;
+        };
+        const dbsection::FailureRule rule{"GetUserSelectedSectionNameList()",
+                                          "Failed to list the sections."};
+        return dbsection::Guarded(rule, fill) == 1 ? dbsection::HandOver(std::move(list)) : nullptr;
+    });
 }

@@ -1,4 +1,5 @@
 // Settings, paths of the catalogue files, and the table-index file.
+#include "interface/PublicCall.h"
 #include "interface/SectionDBInterface.h"
 #include "interface/SettingsFile.h"
 
@@ -12,6 +13,7 @@
 
 using dbsection::ComposePath;
 using dbsection::PathParts;
+using dbsection::PublicCall;
 using dbsection::SettingsWereRead;
 using dbsection::SettingsWereWritten;
 using dbsection::SplitPath;
@@ -67,61 +69,108 @@ Customisation ReadCustomisation(const CString& fileStem, CString& customName) {
 
 } // namespace
 
+void SectionDBInterface::SetSectionDBPassword(const char* connect) {
+    PublicCall("SetSectionDBPassword()", [&] { m_szPassword = connect; });
+}
+
+void SectionDBInterface::SetDBIFileName(const char* path) {
+    PublicCall("SetDBIFileName()", [&] { m_szDBIFileName = path; });
+}
+
+void SectionDBInterface::SetINIFileName(const char* path) {
+    PublicCall("SetINIFileName()", [&] { m_szIniFileName = path; });
+}
+
+void SectionDBInterface::SetGenericTableFileName(const char* path) {
+    PublicCall("SetGenericTableFileName()", [&] { m_szGenericTableFileName = path; });
+}
+
+void SectionDBInterface::SetUserTableFileName(const char* path) {
+    PublicCall("SetUserTableFileName()", [&] { m_szGenericTableFileName = path; });
+}
+
+CString SectionDBInterface::GetUserTableFileName() {
+    return PublicCall("GetUserTableFileName()", [] { return m_szUserTableFileName; });
+}
+
+CString SectionDBInterface::GetGenericTableFileName() {
+    return PublicCall("GetGenericTableFileName()", [] { return m_szGenericTableFileName; });
+}
+
+CString SectionDBInterface::GetProfileDBFolder() {
+    return PublicCall("GetProfileDBFolder()", [] { return m_szSectionDBFolder; });
+}
+
 void SectionDBInterface::SetProfileDBFolder(CString folder) {
-    if (!folder.IsEmpty() && folder.ReverseFind('\\') != folder.GetLength() - 1)
-        folder += '\\';
-    m_szSectionDBFolder = folder;
+    PublicCall("SetProfileDBFolder()", [&] {
+        if (!folder.IsEmpty() && folder.ReverseFind('\\') != folder.GetLength() - 1)
+            folder += '\\';
+        m_szSectionDBFolder = folder;
+    });
 }
 
 CString SectionDBInterface::GetDatabaseDirectoryName() {
-    return m_szSectionDBFolder.IsEmpty() ? DirectoryConfig::GetVessaSectionDatabaseDirectory()
-                                         : m_szSectionDBFolder;
+    return PublicCall("GetDatabaseDirectoryName()", [&] {
+        return m_szSectionDBFolder.IsEmpty() ? DirectoryConfig::GetVessaSectionDatabaseDirectory()
+                                             : m_szSectionDBFolder;
+    });
 }
 
 CString SectionDBInterface::GetDBIFileName() {
-    return m_szDBIFileName.IsEmpty() ? IniConfig::GetDbSectionCustomDbiPath() : m_szDBIFileName;
+    return PublicCall("GetDBIFileName()", [&] {
+        return m_szDBIFileName.IsEmpty() ? IniConfig::GetDbSectionCustomDbiPath() : m_szDBIFileName;
+    });
 }
 
 CString SectionDBInterface::GetINIFileName() {
-    return m_szIniFileName.IsEmpty() ? IniConfig::GetDbSectionCustomIniPath() : m_szIniFileName;
+    return PublicCall("GetINIFileName()", [&] {
+        return m_szIniFileName.IsEmpty() ? IniConfig::GetDbSectionCustomIniPath() : m_szIniFileName;
+    });
 }
 
 CString SectionDBInterface::GetDatabaseUpdateLogFileName() {
-    return GetDatabaseDirectoryName() + "secdblog.mdb";
+    return PublicCall("GetDatabaseUpdateLogFileName()",
+                      [&] { return GetDatabaseDirectoryName() + "secdblog.mdb"; });
 }
 
 CString SectionDBInterface::GetDatabaseFileName(int index) {
-    CString path;
-    Customisation customisation = Customisation::None;
-    if (IsCatalogue(index)) {
-        CString stem = m_saSectionFile[index];
-        CString replacement;
-        customisation = ReadCustomisation(stem, replacement);
-        if (customisation == Customisation::Unreadable)
+    return PublicCall("GetDatabaseFileName()", [&]() -> CString {
+        CString path;
+        Customisation customisation = Customisation::None;
+        if (IsCatalogue(index)) {
+            CString stem = m_saSectionFile[index];
+            CString replacement;
+            customisation = ReadCustomisation(stem, replacement);
+            if (customisation == Customisation::Unreadable)
+                return {};
+            if (customisation == Customisation::Replaced)
+                stem = replacement;
+            path = ComposePath({"", GetDatabaseDirectoryName(), stem, ".db3"});
+        } else if (index == UserTableIndex) {
+            path = GetUserTableFileName();
+        } else if (index == GenericTableIndex) {
+            path = GetGenericTableFileName();
+        }
+        if (path.IsEmpty() || IsThere(path))
+            return path;
+        if (customisation != Customisation::Replaced)
             return {};
-        if (customisation == Customisation::Replaced)
-            stem = replacement;
-        path = ComposePath({"", GetDatabaseDirectoryName(), stem, ".db3"});
-    } else if (index == UserTableIndex) {
-        path = GetUserTableFileName();
-    } else if (index == GenericTableIndex) {
-        path = GetGenericTableFileName();
-    }
-    if (path.IsEmpty() || IsThere(path))
-        return path;
-    if (customisation != Customisation::Replaced)
-        return {};
-    path = BesideSettingsFile(path);
-    return IsThere(path) ? path : CString();
+        path = BesideSettingsFile(path);
+        return IsThere(path) ? path : CString();
+    });
 }
 
 int SectionDBInterface::IsCustomized(CString fileStem, CString& customName) {
-    return ReadCustomisation(fileStem, customName) == Customisation::Replaced ? 1 : 0;
+    return PublicCall("IsCustomized()", [&] {
+        return ReadCustomisation(fileStem, customName) == Customisation::Replaced ? 1 : 0;
+    });
 }
 
 int SectionDBInterface::IsCustomized(int index) {
-    CString scratch;
-    return IsCatalogue(index) ? IsCustomized(m_saSectionFile[index], scratch) : 0;
+    return PublicCall("IsCustomized()", [&] {
+        CString scratch;
+        return IsCatalogue(index) ? IsCustomized(m_saSectionFile[index], scratch) : 0;
+    });
 }
 
 bool SectionDBInterface::MakeTableIndex(bool resetsExisting) {
@@ -138,6 +187,7 @@ bool SectionDBInterface::MakeTableIndex(bool resetsExisting) {
                 entries.push_back({m_saSectionFile[index], table, "0"});
         }
     }
+    dbsection::RequireMemory(); // a table may have been passed over
     const CString file = GetDBIFileName();
     CreatePrivateProfile(entries, file);
     if (resetsExisting && GetLastProfileError() == 0)
@@ -146,4 +196,6 @@ bool SectionDBInterface::MakeTableIndex(bool resetsExisting) {
         file, {"InitialiseDBIFile()", "Failed to write the file of the selections."});
 }
 
-void SectionDBInterface::InitialiseDBIFile() { MakeTableIndex(true); }
+void SectionDBInterface::InitialiseDBIFile() {
+    PublicCall("InitialiseDBIFile()", [&] { MakeTableIndex(true); });
+}

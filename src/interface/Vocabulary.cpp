@@ -1,10 +1,15 @@
 // The vocabulary: catalogue names, symbolic names, and what a catalogue calls its section types.
 #include "interface/SectionDBInterface.h"
 
+#include "interface/PublicCall.h"
+
 #include <list>
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
+
+using dbsection::PublicCall;
 
 const char* const SectionDBInterface::m_saSectionFile[38] = {
     "Untitled",
@@ -250,65 +255,35 @@ constexpr NamedNumber SectionTypeNames[] = {
 };
 // clang-format on
 
-/// Every key is a text of its own, kept for the life of the process: keys are told apart by their
-/// identity, so that a name inserted twice makes two entries.
+/// Fills an empty map, or leaves it empty. Every key is a text of its own, kept for the life of the
+/// process: keys are told apart by their identity, so that a name inserted twice makes two entries.
 void Fill(CMap<const char*, const char*, int, int>& map, unsigned int buckets,
           std::span<const NamedNumber> entries) {
     static std::list<std::string> keys;
     if (!map.IsEmpty())
         return;
-    map.InitHashTable(buckets);
+    CMap<const char*, const char*, int, int> filled;
+    std::list<std::string> names;
+    filled.InitHashTable(buckets);
     for (const NamedNumber& entry : entries)
-        map.SetAt(keys.emplace_back(entry.name).c_str(), entry.number);
+        filled.SetAt(names.emplace_back(entry.name).c_str(), entry.number);
+    keys.splice(keys.end(), names);
+    map = std::move(filled);
 }
 
-} // namespace
+constexpr int NoCatalogue = LastCatalogueIndex + 1;
+constexpr int NoSectionType = -1;
 
-CMap<const char*, const char*, int, int> SectionDBInterface::m_mapCountryEnums;
-CMap<const char*, const char*, int, int> SectionDBInterface::m_mapSectionTypeEnums;
-
-void SectionDBInterface::InitialiseCountryEnumMap() { Fill(m_mapCountryEnums, 37, CountryNames); }
-
-void SectionDBInterface::InitialiseSectionTypeEnumMap() {
-    Fill(m_mapSectionTypeEnums, 1850, SectionTypeNames);
-}
-
-void SectionDBInterface::InitialiseAllMaps() {
-    InitialiseCountryEnumMap();
-    InitialiseSectionTypeEnumMap();
-    m_SectionDBDrv.CreateSectionDBObjects();
-    m_bInit = 1;
-}
-
-int SectionDBInterface::GetCountryEnumVal(CString& key) {
-    int index = 0;
-    m_mapCountryEnums.Lookup(key, index);
-    return index;
-}
-
-int SectionDBInterface::GetSectionTypeEnumVal(CString& key) {
-    int sectionType = 0;
-    m_mapSectionTypeEnums.Lookup(key, sectionType);
-    return sectionType;
-}
-
-CString SectionDBInterface::GetCountryName(int index) { return m_saCountryName[index]; }
-
-int SectionDBInterface::GetCountryID(CString name) {
+int CatalogueOf(const CString& name) {
     int index = 1;
-    while (index <= LastCatalogueIndex && name != m_saCountryName[index])
+    while (index < NoCatalogue && name != SectionDBInterface::m_saCountryName[index])
         ++index;
     return index;
 }
 
-CString SectionDBInterface::GetTableFromSectionType(int index, int sectionType) {
-    const SectionDBBase* catalogue = OpenCatalogue(index);
-    return catalogue == nullptr ? CString() : catalogue->GetTableName(sectionType);
-}
-
-int SectionDBInterface::GetSectionTypeFromTable(int index, CString tableName) {
-    const SectionDBBase* catalogue = OpenCatalogue(index);
-    int visited = -1;
+/// The section type of a table, or of the last table.
+int SectionTypeOf(const SectionDBBase* catalogue, const CString& tableName) {
+    int visited = NoSectionType;
     if (catalogue == nullptr)
         return visited;
     for (const auto& [type, table] : catalogue->TableNames()) {
@@ -319,16 +294,80 @@ int SectionDBInterface::GetSectionTypeFromTable(int index, CString tableName) {
     return visited;
 }
 
+} // namespace
+
+CMap<const char*, const char*, int, int> SectionDBInterface::m_mapCountryEnums;
+CMap<const char*, const char*, int, int> SectionDBInterface::m_mapSectionTypeEnums;
+
+void SectionDBInterface::InitialiseCountryEnumMap() {
+    PublicCall("InitialiseCountryEnumMap()", [&] { Fill(m_mapCountryEnums, 37, CountryNames); });
+}
+
+void SectionDBInterface::InitialiseSectionTypeEnumMap() {
+    PublicCall("InitialiseSectionTypeEnumMap()",
+               [&] { Fill(m_mapSectionTypeEnums, 1850, SectionTypeNames); });
+}
+
+void SectionDBInterface::InitialiseAllMaps() {
+    PublicCall("InitialiseAllMaps()", [&] {
+        m_bInit = 1; // also where memory is too short for a part
+        m_SectionDBDrv.CreateSectionDBObjects();
+        InitialiseCountryEnumMap();
+        InitialiseSectionTypeEnumMap();
+    });
+}
+
+int SectionDBInterface::GetCountryEnumVal(CString& key) {
+    return PublicCall("GetCountryEnumVal()", [&] {
+        int index = 0;
+        m_mapCountryEnums.Lookup(key, index);
+        return index;
+    });
+}
+
+int SectionDBInterface::GetSectionTypeEnumVal(CString& key) {
+    return PublicCall("GetSectionTypeEnumVal()", [&] {
+        int sectionType = 0;
+        m_mapSectionTypeEnums.Lookup(key, sectionType);
+        return sectionType;
+    });
+}
+
+CString SectionDBInterface::GetCountryName(int index) {
+    return PublicCall("GetCountryName()", [&]() -> CString { return m_saCountryName[index]; });
+}
+
+int SectionDBInterface::GetCountryID(CString name) {
+    return PublicCall(
+        "GetCountryID()", [&] { return CatalogueOf(name); }, NoCatalogue);
+}
+
+CString SectionDBInterface::GetTableFromSectionType(int index, int sectionType) {
+    return PublicCall("GetTableFromSectionType()", [&] {
+        const SectionDBBase* catalogue = OpenCatalogue(index);
+        return catalogue == nullptr ? CString() : catalogue->GetTableName(sectionType);
+    });
+}
+
+int SectionDBInterface::GetSectionTypeFromTable(int index, CString tableName) {
+    const auto find = [&] { return SectionTypeOf(OpenCatalogue(index), tableName); };
+    return PublicCall("GetSectionTypeFromTable()", find, NoSectionType);
+}
+
 int SectionDBInterface::GetShapeTypeFromSection(int index, int sectionType) {
-    const SectionDBBase* catalogue = OpenCatalogue(index);
-    return catalogue == nullptr ? 0 : catalogue->GetShapeType(sectionType);
+    return PublicCall("GetShapeTypeFromSection()", [&] {
+        const SectionDBBase* catalogue = OpenCatalogue(index);
+        return catalogue == nullptr ? 0 : catalogue->GetShapeType(sectionType);
+    });
 }
 
 CStringList* SectionDBInterface::GetSectionTypeList(int index) {
-    SectionDBBase* catalogue = OpenCatalogue(index);
-    if (catalogue == nullptr)
-        return nullptr;
-    auto list = std::make_unique<CStringList>(10);
-    catalogue->GetSectionTypeList(list.get());
-    return list.release();
+    return PublicCall("GetSectionTypeList()", [&]() -> CStringList* {
+        SectionDBBase* catalogue = OpenCatalogue(index);
+        if (catalogue == nullptr)
+            return nullptr;
+        auto list = std::make_unique<CStringList>(10);
+        catalogue->GetSectionTypeList(list.get());
+        return dbsection::HandOver(std::move(list));
+    });
 }
