@@ -53,6 +53,7 @@ module section_catalogue
     integer(section_int), parameter, public :: status_ok = 0, status_memory = 1, status_file = 2
     integer(section_int), parameter, public :: status_resource = 3, status_data_access = 4
     integer(section_int), parameter, public :: status_component = 5, status_archive = 6
+    integer(section_int), parameter, public :: status_refused = 7 !! another thread is inside
 
     !> The name, where a value is asked for to sort by.
     integer(section_int), parameter, public :: by_name = 0

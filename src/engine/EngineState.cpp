@@ -31,6 +31,7 @@ void EngineSlot::Begin(int newCatalogue, int newType) {
 /// The rows were read just now: their number is known without asking the file again.
 void EngineSlot::Count() {
     count = valueCount = 0;
+    RequireMemory();
     if (rows == nullptr)
         return;
     valueCount = std::max(rows->GetFieldCount() - BookkeepingColumns, 0);
@@ -112,6 +113,7 @@ void EngineSlot::ReadValues(float* values, int first) const {
 void EngineSlot::ReadFirst(float* values, int first) {
     if (rows != nullptr && count > 0 && setRecordsetToFirst(&rows) == 1)
         ReadValues(values, first);
+    RequireMemory();
 }
 
 CString EngineText(const char* text, std::int32_t length) {

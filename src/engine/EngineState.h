@@ -3,6 +3,7 @@
 
 #include "dataaccess/DataAccess.h"
 #include "dataaccess/Guard.h"
+#include "interface/PublicCall.h"
 #include "interface/SectionDBInterface.h"
 
 #include <array>
@@ -65,14 +66,24 @@ EngineSlot* FindSlot(int number);
 CString EngineText(const char* text, std::int32_t length);
 CString EngineName(const char* text, std::int32_t length);
 
-/// Runs the body of an entry point and reports the kind of the last failure.
+/// What an entry point tells that was refused since another thread is inside the library.
+inline constexpr std::int32_t RefusedThread = 7;
+
+/// Runs the body of an entry point and tells the kind of the last failure. An exception never
+/// leaves it for the engine's code.
 template <class Body>
 void Enter(const char* label, std::int32_t* err, Body body) {
-    Guarded({label, "The request of the analysis engine failed."}, [&] {
-        body();
-        return 1;
-    });
-    *err = SectionDBInterface::GetExceptionType();
+    const Admission admission;
+    if (admission) {
+        Completes({label, "The request of the analysis engine failed."}, [&] {
+            body();
+            RequireMemory();
+        });
+        *err = SectionDBInterface::GetExceptionType();
+    } else {
+        ShowRefusal(label);
+        *err = RefusedThread;
+    }
 }
 
 } // namespace dbsection

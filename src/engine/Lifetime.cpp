@@ -10,6 +10,7 @@ using dbsection::EngineSlot;
 using dbsection::engineSlots;
 using dbsection::EngineText;
 using dbsection::Enter;
+using dbsection::PublicCall;
 
 namespace {
 
@@ -21,39 +22,48 @@ template <class Ask>
 void AskCatalogue(const char* label, const std::int32_t* catalogue, std::int32_t* number,
                   std::int32_t* err, Ask ask) {
     *number = 0;
-    SectionDBInterface::SetEngineMode(1);
     Enter(label, err, [&] {
-        if (SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase) == 1)
-            *number = ask();
+        SectionDBInterface::SetEngineMode(1);
+        dbsection::Completes({label, "The catalogue could not be asked."}, [&] {
+            if (SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase) != 1)
+                return;
+            const int answer = ask();
+            dbsection::RequireMemory();
+            *number = answer;
+        });
+        SectionDBInterface::SetEngineMode(0);
     });
-    SectionDBInterface::SetEngineMode(0);
 }
 
 } // namespace
 
 void SETUSERTABLEFILENAME(const char* name, std::int32_t name_length) {
-    SectionDBInterface::SetUserTableFileName(EngineText(name, name_length));
+    PublicCall("SETUSERTABLEFILENAME()",
+               [&] { SectionDBInterface::SetUserTableFileName(EngineText(name, name_length)); });
 }
 
 void SETPROFILEDBFOLDER(const char* folder, std::int32_t folder_length) {
-    SectionDBInterface::SetProfileDBFolder(EngineText(folder, folder_length));
+    PublicCall("SETPROFILEDBFOLDER()",
+               [&] { SectionDBInterface::SetProfileDBFolder(EngineText(folder, folder_length)); });
 }
 
 void SETINIFILENAME(const char* file, std::int32_t file_length) {
-    SectionDBInterface::SetINIFileName(EngineText(file, file_length));
+    PublicCall("SETINIFILENAME()",
+               [&] { SectionDBInterface::SetINIFileName(EngineText(file, file_length)); });
 }
 
 void SETDBIFILENAME(const char* /*file*/, std::int32_t /*file_length*/) {}
 
 void OPENSECTIONDATABASE(const std::int32_t* catalogue, std::int32_t* err) {
-    SectionDBInterface::SetEngineMode(1);
-    Enter("OPENSECTIONDATABASE()", err,
-          [&] { SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase); });
-    for (EngineSlot& slot : engineSlots) {
-        slot.Close();
-        slot.SetFactors(1);
-    }
-    engineSessionOpen = 1;
+    Enter("OPENSECTIONDATABASE()", err, [&] {
+        SectionDBInterface::SetEngineMode(1);
+        engineSessionOpen = 1;
+        for (EngineSlot& slot : engineSlots) {
+            slot.Close();
+            slot.SetFactors(1);
+        }
+        SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase);
+    });
 }
 
 void CLOSESECTIONDATABASE(std::int32_t* err) {
@@ -62,8 +72,8 @@ void CLOSESECTIONDATABASE(std::int32_t* err) {
         for (EngineSlot& slot : engineSlots)
             slot.Close();
         SectionDBInterface::CloseSectionDatabase(&gblSectionDatabase);
+        SectionDBInterface::SetEngineMode(0);
     });
-    SectionDBInterface::SetEngineMode(0);
 }
 
 void CLOSESECTIONRECORDSET(const std::int32_t* slot, std::int32_t* err) {
@@ -81,9 +91,11 @@ void ISSECTIONDATABASECUSTOMIZED(const std::int32_t* catalogue, std::int32_t* re
 }
 
 void TERMINATEDAOSESSION() {
-    if (engineSessionOpen != 0)
-        terminateDAOEngine();
-    engineSessionOpen = 0;
+    PublicCall("TERMINATEDAOSESSION()", [] {
+        if (engineSessionOpen != 0)
+            terminateDAOEngine();
+        engineSessionOpen = 0;
+    });
 }
 
 void GETSECTIONCOUNT(const std::int32_t* catalogue, const std::int32_t* type, std::int32_t* count,

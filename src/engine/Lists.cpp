@@ -117,8 +117,8 @@ void GETRANGESORTEDSECTIONS(const std::int32_t* catalogue, const std::int32_t* t
                             std::int32_t* value_count, std::int32_t* err) {
     constexpr std::size_t Slot = 3;
     *count = *value_count = 0;
-    GETFIELDCOUNT(catalogue, type, value_count, err);
     Enter("GETRANGESORTEDSECTIONS()", err, [&] {
+        GETFIELDCOUNT(catalogue, type, value_count, err);
         EngineSlot& slot = engineSlots[Slot];
         slot.Begin(*catalogue, *type);
         slot.valueCount = *value_count;

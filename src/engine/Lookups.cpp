@@ -92,12 +92,14 @@ void GETSECTIONTYPEFROMVESSANAME(const std::int32_t* catalogue, std::int32_t* ty
                                  const std::int32_t* unit, float* values, std::int32_t* count,
                                  std::int32_t* value_count, std::int32_t* err) {
     *count = *value_count = 0;
-    Lookup().catalogue = *catalogue;
-    CUIntArray types;
     std::int32_t kind = 0;
+    bool isUnknown = false; ///< the section; a failure does not tell
     Enter("GETSECTIONTYPEFROMVESSANAME()", &kind, [&] {
+        Lookup().catalogue = *catalogue;
         const CString text = EngineName(name, name_length);
-        if (SectionDBInterface::GetSectionTypeFromVessaName(*catalogue, text, types) != 1)
+        CUIntArray types;
+        isUnknown = SectionDBInterface::GetSectionTypeFromVessaName(*catalogue, text, types) != 1;
+        if (isUnknown)
             return;
         *type = static_cast<std::int32_t>(types[0]);
         if (values == nullptr)
@@ -105,7 +107,7 @@ void GETSECTIONTYPEFROMVESSANAME(const std::int32_t* catalogue, std::int32_t* ty
         Lookup().type = *type;
         Read(text, *unit, values, count, value_count);
     });
-    if (!types.IsEmpty())
+    if (!isUnknown)
         *err = kind;
 }
 

@@ -14,9 +14,14 @@
  * most, lengths converted to the unit `unit`: 1001 inch, 1002 foot, 1003 yard, 1004 mm, 1005 cm,
  * 1006 dm, 1007 m, 1008 km; forces to kips. Any other code leaves them as stored. `err` is the kind
  * of the last failure: 0 none, 1 memory, 2 file, 3 resource, 4 data access, 5 component, 6 archive.
+ * A failed call gives no rows and no values: counts and status are 0. No exception leaves a call but
+ * the library's invalid-argument error (CInvalidArgException*): where a table's list of units is
+ * shorter than its columns, a value is converted, or asked for its unit, beyond the list.
  *
  * A query leaves its rows in a slot of its own, named with it, where the cursor reads them. There
  * is one set of slots and one open database for the process; calls come from one thread at a time.
+ * A call from a second thread while one is inside is refused: a message box says so, `err` is 7 for
+ * this call, and nothing else is done.
  */
 #pragma once
 
@@ -89,8 +94,8 @@ DBSECTION_API void GETSECTION(const int32_t* catalogue /* in */, const int32_t* 
                               int32_t* count /* out */, int32_t* value_count /* out */,
                               int32_t* err /* out */);
 
-/* The section type that holds a section; with `values` not null, its values too. `type` and `err`
- * are written only when it is found. */
+/* The section type that holds a section; with `values` not null, its values too. `type` is written
+ * only when it is found; `err` is left alone when there is no such section. */
 DBSECTION_API void GETSECTIONTYPEFROMVESSANAME(
     const int32_t* catalogue /* in */, int32_t* type /* out */, const char* name /* in */,
     int32_t name_length, const int32_t* unit /* in */, float* values /* out, or null */,
