@@ -1,5 +1,7 @@
 #include "dataaccess/CCrack.h"
 
+#include "dataaccess/Guard.h"
+
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -157,15 +159,17 @@ int CCrack::boolVARIANT(const COleVariant& value) {
 }
 
 CString CCrack::strVARIANT(const COleVariant& value) {
-    CString text = PlainText(value);
-    const bool isArray = (value.vt & VT_ARRAY) != 0;
-    const bool isReference = (value.vt & VT_BYREF) != 0;
-    if ((!isArray && !isReference) || value.vt == (VT_BSTR | VT_BYREF))
+    return dbsection::Operation("strVARIANT()", [&] {
+        CString text = PlainText(value);
+        const bool isArray = (value.vt & VT_ARRAY) != 0;
+        const bool isReference = (value.vt & VT_BYREF) != 0;
+        if ((!isArray && !isReference) || value.vt == (VT_BSTR | VT_BYREF))
+            return text;
+        if (isArray)
+            text = "Array of ";
+        if (isReference)
+            text += "Pointer to ";
+        text += NameOf(VariantTypes, value.vt & ~(VT_ARRAY | VT_BYREF), "");
         return text;
-    if (isArray)
-        text = "Array of ";
-    if (isReference)
-        text += "Pointer to ";
-    text += NameOf(VariantTypes, value.vt & ~(VT_ARRAY | VT_BYREF), "");
-    return text;
+    });
 }

@@ -136,6 +136,7 @@ CString getTableFromRecord(const char* fileName, const char* where, const char* 
         CSectionTableDefInfo info;
         for (int index = 0; getTableInfo(db.Get(), &info, index, 0) == 1; ++index)
             if (info.IsUserTable() && HoldsRecord(db.Get(), info.m_strName, where)) {
+                dbsection::RequireMemory(); // a table before it may have been passed over
                 found = info.m_strName;
                 return 1;
             }

@@ -117,11 +117,13 @@ int getTableCount(CSectionDatabase** db) {
                        "Error - getTableCount()");
         return 0;
     }
-    int count = 0;
-    CSectionTableDefInfo info;
-    for (int index = 0; getTableInfo(*db, &info, index, 0) == 1; ++index)
-        count += info.IsUserTable() ? 1 : 0;
-    return count;
+    return dbsection::Operation("getTableCount()", [&] {
+        int count = 0;
+        CSectionTableDefInfo info;
+        for (int index = 0; getTableInfo(*db, &info, index, 0) == 1; ++index)
+            count += info.IsUserTable() ? 1 : 0;
+        return count;
+    });
 }
 
 int createNewField(CSectionTableDef* table, CSectionFieldInfo* field) {

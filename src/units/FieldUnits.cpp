@@ -6,6 +6,8 @@
 
 #include <memory>
 
+using dbsection::Operation;
+
 namespace {
 
 CString RowCondition(const CString& table) { return "[TableName] = '" + table + "'"; }
@@ -59,53 +61,70 @@ bool ReadUnits(CSectionDatabase* db, const CString& table, CStringArray& units) 
         }
         return 1;
     });
+    dbsection::RequireMemory(); // not to hand out some of the units
     return count != 0;
 }
 
 } // namespace
 
 void UNIT::WriteFieldUnits(CSectionDatabase* db, const CStringArray* units) {
-    if (units == nullptr)
-        return;
-    const CString& table = units->GetAt(0);
-    RecordsetHandle rows;
-    if (!OpenFieldUnits(db, rows) || IsExistentRecord(rows.Address(), RowCondition(table)) == 1)
-        return;
-    Store("WriteFieldUnits()", *rows, &CSectionRecordset::AddNew, [&] { SetAll(*rows, *units); });
+    Operation("WriteFieldUnits()", [&] {
+        if (units == nullptr)
+            return;
+        const CString& table = units->GetAt(0);
+        RecordsetHandle rows;
+        if (!OpenFieldUnits(db, rows) || IsExistentRecord(rows.Address(), RowCondition(table)) == 1)
+            return;
+        Store("WriteFieldUnits()", *rows, &CSectionRecordset::AddNew,
+              [&] { SetAll(*rows, *units); });
+    });
 }
 
 void UNIT::UpdateFieldUnits(CSectionDatabase* db, const CStringArray* units) {
-    if (units == nullptr)
-        return;
-    const CString& table = units->GetAt(0);
-    RecordsetHandle rows;
-    if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, table))
-        return;
-    Store("UpdateFieldUnits()", *rows, &CSectionRecordset::Edit, [&] { SetAll(*rows, *units); });
+    Operation("UpdateFieldUnits()", [&] {
+        if (units == nullptr)
+            return;
+        const CString& table = units->GetAt(0);
+        RecordsetHandle rows;
+        if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, table))
+            return;
+        Store("UpdateFieldUnits()", *rows, &CSectionRecordset::Edit,
+              [&] { SetAll(*rows, *units); });
+    });
 }
 
 void UNIT::UpdateFieldUnit(CSectionDatabase* db, CString tableName, int fieldIndex, CString unit) {
-    RecordsetHandle rows;
-    if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, tableName))
-        return;
-    Store("UpdateFieldUnit()", *rows, &CSectionRecordset::Edit,
-          [&] { rows->SetFieldValue(fieldIndex + 1, unit); });
+    Operation("UpdateFieldUnit()", [&] {
+        RecordsetHandle rows;
+        if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, tableName))
+            return;
+        Store("UpdateFieldUnit()", *rows, &CSectionRecordset::Edit,
+              [&] { rows->SetFieldValue(fieldIndex + 1, unit); });
+    });
 }
 
 void UNIT::DeleteFieldUnits(CSectionDatabase* db, const CString& tableName) {
-    if (tableName.IsEmpty())
-        return;
-    RecordsetHandle rows;
-    const CString condition = RowCondition(tableName);
-    if (OpenFieldUnits(db, rows) && IsExistentRecord(rows.Address(), condition) == 1)
-        deleteRecord(rows.Address(), condition);
+    Operation("DeleteFieldUnits()", [&] {
+        if (tableName.IsEmpty())
+            return;
+        RecordsetHandle rows;
+        const CString condition = RowCondition(tableName);
+        if (OpenFieldUnits(db, rows) && IsExistentRecord(rows.Address(), condition) == 1)
+            deleteRecord(rows.Address(), condition);
+    });
 }
 
 CStringArray* UNIT::GetFieldUnitList(CSectionDatabase* db, const CString& tableName) {
-    auto units = std::make_unique<CStringArray>();
-    return ReadUnits(db, tableName, *units) ? units.release() : nullptr;
+    return Operation("GetFieldUnitList()", [&] {
+        auto units = std::make_unique<CStringArray>();
+        return ReadUnits(db, tableName, *units) ? dbsection::HandOver(std::move(units)) : nullptr;
+    });
 }
 
 void UNIT::GetFieldUnitArray(CSectionDatabase* db, const CString& tableName, CStringArray* units) {
-    ReadUnits(db, tableName, *units);
+    Operation("GetFieldUnitArray()", [&] {
+        CStringArray whole = *units;
+        if (ReadUnits(db, tableName, whole))
+            *units = std::move(whole);
+    });
 }

@@ -40,7 +40,8 @@ public:
 
     // The "Field Units" table of a catalogue: one row per table, its name and then the unit of each
     // of its columns in order. An array to be written holds the table name in element 0 and the
-    // units behind it; an empty one throws the invalid-argument error.
+    // units behind it; an empty one throws the invalid-argument error (CInvalidArgException*).
+    // Nothing else is thrown.
 
     /// Adds the row of a table, unless it has one.
     static void WriteFieldUnits(CSectionDatabase* db, const CStringArray* units);
