@@ -1,75 +1,15 @@
 // What the data-access functions tell: message boxes, exception kinds, labels and texts, also where
 // memory runs out.
 #include "DataAccessSupport.h"
+#include "FailingMemory.h"
 
 #include "dataaccess/ExceptionHandlers.h"
 
 #include <functional>
-#include <new>
 
 using namespace testsupport;
 
 namespace {
-
-/// Which of the allocations to come fails, counted from 1; 0 is none. Later ones fail too where
-/// `failOnwards` is set.
-long failAt = 0;
-bool failOnwards = false;
-long allocations = 0;
-long living = 0;
-
-// Not inlined: the compiler would take malloc and delete for a mismatched pair.
-[[gnu::noinline]] void* Allocate(std::size_t size) {
-    ++allocations;
-    if (failAt != 0 && (allocations == failAt || (failOnwards && allocations > failAt)))
-        return nullptr;
-    void* memory = std::malloc(size == 0 ? 1 : size);
-    living += memory != nullptr ? 1 : 0;
-    return memory;
-}
-
-[[gnu::noinline]] void Release(void* memory) {
-    living -= memory != nullptr ? 1 : 0;
-    std::free(memory);
-}
-
-/// Runs `body` with its `at`-th allocation failing; false when it needed fewer.
-template <class Body>
-bool FailAllocation(long at, bool onwards, Body body) {
-    allocations = 0;
-    failOnwards = onwards;
-    failAt = at;
-    try {
-        body();
-    } catch (...) {
-        failAt = 0;
-        throw;
-    }
-    failAt = 0;
-    return allocations >= at;
-}
-
-} // namespace
-
-void* operator new(std::size_t size) {
-    void* memory = Allocate(size);
-    return memory != nullptr ? memory : throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept { return Allocate(size); }
-void operator delete(void* memory) noexcept { Release(memory); }
-void operator delete(void* memory, std::size_t) noexcept { Release(memory); }
-
-namespace {
-
-/// The host has memory of its own.
-int RecordBoxWithMemory(const char* text, const char* caption, unsigned flags) {
-    const long at = std::exchange(failAt, 0);
-    const long before = allocations;
-    RecordBox(text, caption, flags);
-    allocations = before;
-    failAt = at;
-    return 1;
-}
 
 class ReportTest : public DataAccessTest {
 protected:
