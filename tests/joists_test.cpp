@@ -138,13 +138,15 @@ TEST_F(JoistTest, DisplaysWhatIsStored) {
 }
 
 TEST(GirderDesignationText, IsReadAndWritten) {
-    const auto girder = GirderDesignation::Parse("40S48g8N12.25kip");
-    ASSERT_TRUE(girder);
-    EXPECT_EQ(girder->span, 40);
-    EXPECT_EQ(girder->depth, 48);
-    EXPECT_EQ(girder->joists, 8);
-    EXPECT_EQ(girder->panelLoad, 12.25);
-    EXPECT_EQ(girder->Text(), "40S48G8N12.2K");
+    for (const char* text : {"40S48g8N12.25kip", " 40 S 48 g +8 N\t12.25 k"}) {
+        const auto girder = GirderDesignation::Parse(text);
+        ASSERT_TRUE(girder);
+        EXPECT_EQ(girder->span, 40);
+        EXPECT_EQ(girder->depth, 48);
+        EXPECT_EQ(girder->joists, 8);
+        EXPECT_EQ(girder->panelLoad, 12.25);
+        EXPECT_EQ(girder->Text(), "40S48G8N12.2K");
+    }
     EXPECT_EQ(GirderDesignation::Parse("SGNK")->span, 0);
     for (const char* text : {"", "40", "40S48G8N12", "40S48G8K12N", "40G48S8N12K"})
         EXPECT_FALSE(GirderDesignation::Parse(text)) << text;

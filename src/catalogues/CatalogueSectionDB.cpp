@@ -37,7 +37,7 @@ const SectionFamily* CatalogueSectionDB::FindFamily(const CString& table) const 
 bool CatalogueSectionDB::ReadCurrentRow(SectionRecord& record) const {
     return dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
                record.RecordNumber = static_cast<int>(
-                   dbsection::NumberIn(m_pRecordset->GetFieldValue(IdentifierColumn)).value_or(0));
+                   dbsection::AsNumber(m_pRecordset->GetFieldValue(IdentifierColumn)));
                record.PublicName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(NameColumn));
                record.VessaName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn));
                const int count = m_pRecordset->GetFieldCount();

@@ -6,9 +6,8 @@
 #include "dataaccess/Handles.h"
 #include "interface/RequireOpen.h"
 #include "interface/Selection.h"
+#include "platform/Text.h"
 #include "queries/QueryText.h"
-
-#include <charconv>
 
 using dbsection::Fixed;
 using dbsection::SelectionForm;
@@ -93,8 +92,8 @@ double Average(const Target& target, const CString& column, CSectionDatabase** d
         return 0;
     double average = 0;
     dbsection::Guarded({"GetAssignSectionRecords()", "Failed to read the average."}, [&] {
-        const CString text = CCrack::strVARIANT(rows->GetFieldValue(2));
-        std::from_chars(text.View().begin(), text.View().end(), average);
+        average =
+            dbsection::LeadingNumber<double>(CCrack::strVARIANT(rows->GetFieldValue(2)).View());
         return 1;
     });
     return average;

@@ -36,7 +36,7 @@ public:
             return;
         auto& self = static_cast<Record&>(*this);
         if (field->number != nullptr)
-            self.*(field->number) = NumberIn(value).value_or(0);
+            self.*(field->number) = AsNumber(value);
         else
             self.*(field->text) = value.strVal;
     }
