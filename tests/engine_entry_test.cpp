@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 
 using namespace testsupport;
 
@@ -20,8 +21,9 @@ class EngineEntryTest : public EngineCallTest {
 protected:
     EngineEntryTest() {
         CatalogueFile file(File("AISCSections.db3"));
-        file.AddTable("W Shape", LayoutId::IShape,
-                      {{"W12X26", "W12X26", W12X26.properties}, {"W4", "W4X13", {3.83, 4.16}}});
+        file.AddTable(
+            "W Shape", LayoutId::IShape,
+            {{"W12X26", "W12X26", W12X26.properties}, {"W4", "W4X13", {3.83, 4.16, 4.06, 0.345}}});
         file.AddTable("Rod", LayoutId::RoundBar,
                       {{"A", "RB", {3.0, 7.0, 1.0}},
                        {"B", "RA", {1.0, 0.8, 2.0}},
@@ -83,15 +85,34 @@ TEST_F(EngineEntryTest, FindsNothingForABadName) {
     EXPECT_TRUE(shownBoxes.empty());                  // in engine mode
 }
 
+TEST_F(EngineEntryTest, ReadsNumbersThatAreKeptAsTexts) {
+    CatalogueFile(File("KoreanSections.db3"))
+        .AddTextTable("Angle", {"RECNO", "Name", "VessaName", "D", "B", "T"},
+                      {{"1", "L", "L", " 12.5", "+3", "info"}});
+    constexpr int Korean = 16;
+    constexpr int Angle = 6;
+    Open(Korean);
+    const EngineAnswer answer = Get(Korean, Angle, "L");
+    EXPECT_EQ(answer.values[0], 12.5F);
+    EXPECT_EQ(answer.values[1], 3);
+    EXPECT_EQ(answer.values[2], 0);
+}
+
 TEST_F(EngineEntryTest, JoinsTwoSectionsInOneValue) {
     const EngineAnswer joined = Get(American, Rod, "rb+ra");
     EXPECT_EQ(joined.count, 1);
     EXPECT_EQ(joined.values[0], 3.0F);
     EXPECT_EQ(joined.values[3], -1); // rods have three values
-    const EngineAnswer beams = Get(American, WShape, "W12x26+w12x26", Millimetre);
-    EXPECT_EQ(beams.values[3], 2 * Get(American, WShape, "W12X26", Millimetre).values[3]);
-    EXPECT_EQ(beams.values[0], Get(American, WShape, "W12X26", Millimetre).values[0]);
-    EXPECT_EQ(Get(American, WShape, "W12X26+nothing").values[3], 0.38F);
+    for (const char* padded : {"W12x26+w4x13", "w12x26      +W4X13", "W12X26 + w4x13  "}) {
+        const EngineAnswer beams = Get(American, WShape, padded, Millimetre);
+        EXPECT_EQ(beams.count, 1);
+        EXPECT_NEAR(beams.values[0], 4935.474, 1e-3); // 7.65 in^2
+        EXPECT_NEAR(beams.values[3], 18.415, 1e-5);   // 0.38 in + 0.345 in
+        EXPECT_NEAR(beams.values[4], 5.842, 1e-5);    // 0.23 in
+    }
+    for (const std::string& alone :
+         {std::string("W12X26+nothing"), std::string("W12X26+"), std::string("W12X26\0+W4X13", 13)})
+        EXPECT_EQ(Get(American, WShape, alone).values[3], 0.38F);
     const EngineAnswer second = Get(American, WShape, "nothing+W12X26");
     EXPECT_EQ(second.count, 0);
     EXPECT_EQ(second.values, EngineAnswer().values);
@@ -167,6 +188,16 @@ TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
     EXPECT_EQ(range.valueCount, 3);
     EXPECT_NEAR(upper, 51 / 25.4, 1e-6); // in the table's unit now
     EXPECT_EQ(Walk(3), "RA SC");
+    upper = 3e38F; // beyond a single in inches, 1 mm being 0.03937 of them and 1 km 39370
+    lower = -std::numeric_limits<float>::infinity();
+    constexpr std::int32_t Kilometre = 1008;
+    const List open = Ask([&](auto... out) {
+        GETRANGESORTEDSECTIONS(&catalogue, &type, keys, &two, &ColumnD, &upper, &lower, &Kilometre,
+                               out...);
+    });
+    EXPECT_EQ(open.count, 3);
+    EXPECT_EQ(upper, std::numeric_limits<float>::max());
+    EXPECT_EQ(lower, -std::numeric_limits<float>::max());
     EXPECT_EQ(SectionDBInterface::IsEngineMode(), 0);
     const auto assign = [&](const std::string& name) {
         return Ask([&](auto... out) {

@@ -3,7 +3,7 @@
 
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
-#include "units/UNIT.h"
+#include "units/FieldUnits.h"
 
 #include <algorithm>
 
@@ -36,25 +36,25 @@ std::vector<int> DisplayOrder(LayoutId layout) {
 void Display(const CSectionRecordset& row, const std::vector<DisplayColumn>& columns,
              float* values) {
     for (const auto& [column, factor] : columns)
-        *values++ =
-            static_cast<float>(dbsection::NumberIn(row.GetFieldValue(column)).value_or(0) * factor);
+        *values++ = static_cast<float>(dbsection::AsNumber(row.GetFieldValue(column)) * factor);
 }
 
 } // namespace
 
-/// Reads the units of the working table, whose rows are of the family; false when it has none.
+/// Reads the units of the working table, whose rows are of the family; false when they cannot be
+/// read. A column without a unit is not converted.
 bool CatalogueSectionDB::ReadDisplayFactors(const SectionFamily& family, const DisplayUnits* units,
                                             std::vector<DisplayColumn>& columns) const {
-    std::unique_ptr<CStringArray> kept;
-    if (units != nullptr) {
-        kept.reset(UNIT::GetFieldUnitList(m_pDatabase, m_szTableName));
-        if (!kept)
-            return false;
-    }
+    CStringArray kept;
+    if (units != nullptr && dbsection::ReadFieldUnits(m_pDatabase, m_szTableName, kept) ==
+                                dbsection::FieldUnits::Unreadable)
+        return false;
     for (const int i : DisplayOrder(family.layout)) {
         const int column = BookkeepingColumns + i;
-        const double factor =
-            kept ? UNIT::ConvertUnitTo(1, kept->GetAt(column), units->force, units->length) : 1;
+        const double factor = units == nullptr
+                                  ? 1
+                                  : UNIT::ConvertUnitTo(1, dbsection::UnitOf(kept, column),
+                                                        units->force, units->length);
         columns.push_back({column, factor});
     }
     return true;
@@ -122,8 +122,8 @@ int CatalogueSectionDB::DisplaySection(const char* name, int* sectionType, int* 
         return 0;
     const int result = dbsection::Guarded({"GetSectionDataForGUI()", FailedToRead}, [&] {
         Display(*m_pRecordset, columns, values);
-        *recordNo = static_cast<int>(
-            dbsection::NumberIn(m_pRecordset->GetFieldValue(IdentifierColumn)).value_or(0));
+        *recordNo =
+            static_cast<int>(dbsection::AsNumber(m_pRecordset->GetFieldValue(IdentifierColumn)));
         *sectionType = family->sectionType;
         return 1;
     });
