@@ -143,7 +143,7 @@ TEST_F(BrowserTest, ShowsFamiliesAndSummaries) {
                           "  least radius of gyration            2.19456  cm",
                           "  angle of the principal axes           23.75  deg",
                           "L6X4: principal axes at 23.7701 deg", "L4X4: principal axes at 45 deg",
-                          "  3  LH Series      1", "  SeriesID    3", "  D          19"});
+                          "  3  LH Series      1", "  SeriesID    3", "  Depth      19"});
 }
 
 TEST_F(BrowserTest, FindsANameInAllCatalogues) {

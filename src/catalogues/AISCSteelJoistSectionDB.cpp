@@ -75,7 +75,7 @@ AISCSteelJoistSectionDB::Records AISCSteelJoistSectionDB::Read(const CString& sq
         return records;
     dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
         for (; !m_pRecordset->IsEOF(); m_pRecordset->MoveNext())
-            if (auto record = dbsection::MakeSectionRecord(layout); ReadCurrentRow(*record))
+            if (auto record = dbsection::MakeSectionRecord(layout); ReadCurrentRow(*record, layout))
                 records.push_back(std::move(record));
         return 1;
     });

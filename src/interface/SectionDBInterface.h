@@ -254,8 +254,8 @@ public:
                                              int* recordNo, float* values, unsigned int unit1,
                                              unsigned int unit2);
 
-    /// The angle of the principal axes of an angle section in degrees, 45 for equal legs; 0 for
-    /// other shapes. Returns 1 when the section was found.
+    /// The angle of the principal axes of an angle section in degrees, 45 for equal legs; lips are
+    /// left out. 0 for other shapes. Returns 1 when the section was found.
     static int GetSectionPrincipalAngle(int index, CString name, double* angle);
 
     /// The row of a section (a SectionRecord of its layout), or its property summary (a

@@ -11,7 +11,7 @@ void FillRecord(int catalogue, int type, const char* name, CastellatedRecord& re
     const CString table = SectionDBInterface::GetTableFromSectionType(catalogue, type);
     AISCSectionDB american;
     american.SetDatabase(gblSectionDatabase);
-    american.ReadSection(table, name, record);
+    american.ReadSection(table, name, record, CastellatedRecord::Layout);
 }
 
 } // namespace

@@ -43,7 +43,8 @@ SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layou
         const std::string title = isArea ? areaColumn : column.name;
         const bool isText = column.quantity == Quantity::Text;
         table.columns.push_back(
-            {title, isText ? SectionField::Text : SectionField::Double, *unit++});
+            {title, isText ? SectionField::Text : SectionField::Double, *unit++, false,
+             !column.isAdded});
         if (isArea)
             table.indexes.push_back({"[" + title + "]"});
     }
