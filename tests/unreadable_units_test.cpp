@@ -28,36 +28,38 @@ void WatchStatements(const char* sql, int /*openType*/) {
 
 // The depth of the W12X26 in mm as each call gives it.
 
-using List = std::array<std::int32_t, 3>; // count, number of values, kind of the failure
+struct Out {
+    std::int32_t count = 0, valueCount = 0, err = 0;
+};
 
 template <class Call>
 float FirstOf(std::int32_t slot, Call call) {
-    List out{};
-    call(&out[0], &out[1], &out[2]);
-    EXPECT_EQ(out[0] == 0, out[2] != 0);
+    Out out;
+    call(&out.count, &out.valueCount, &out.err);
+    EXPECT_EQ(out.count == 0, out.err != 0);
     std::array<char, 64> name{};
     std::array<float, 17> values{};
     std::int32_t status = 0;
-    GETFIRSTSECTION(&slot, name.data(), 64, values.data(), &status, &out[2]);
-    EXPECT_EQ(status, out[0]);
+    GETFIRSTSECTION(&slot, name.data(), 64, values.data(), &status, &out.err);
+    EXPECT_EQ(status, out.count);
     return values[1];
 }
 
 float FromSection(const std::string& name) {
     std::array<float, 17> values{};
-    List out{};
+    Out out;
     GETSECTION(&American, &WShape, name.data(), static_cast<std::int32_t>(name.size()), &Millimetre,
-               values.data(), &out[0], &out[1], &out[2]);
-    EXPECT_EQ(out[0] == 0, out[2] != 0);
+               values.data(), &out.count, &out.valueCount, &out.err);
+    EXPECT_EQ(out.count == 0, out.err != 0);
     return values[1];
 }
 
 float FromType() {
     std::array<float, 17> values{};
     std::int32_t type = 0;
-    List out{};
-    GETSECTIONTYPEFROMVESSANAME(&American, &type, "W12X26", 6, &Millimetre, values.data(), &out[0],
-                                &out[1], &out[2]);
+    Out out;
+    GETSECTIONTYPEFROMVESSANAME(&American, &type, "W12X26", 6, &Millimetre, values.data(),
+                                &out.count, &out.valueCount, &out.err);
     return values[1];
 }
 

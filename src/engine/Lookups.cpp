@@ -71,6 +71,18 @@ void ReadJoined(const Answer& answer, const CString& first, const CString& secon
     *answer.valueCount = valueCount;
 }
 
+/// Reads a section, or two that are joined by "+", whose names may be padded with blanks.
+void ReadOneOrTwo(const Answer& answer, const CString& name, int unit) {
+    const std::string_view text = name.View();
+    const std::size_t plus = text.find('+');
+    if (plus == std::string_view::npos) {
+        ReadSection(answer, name, unit);
+        return;
+    }
+    const auto trimmed = [](std::string_view part) { return CString(dbsection::Trim(part)); };
+    ReadJoined(answer, trimmed(text.substr(0, plus)), trimmed(text.substr(plus + 1)), unit);
+}
+
 /// The beam that the castellated beam in the slot was cut from. The slot's count is that of the
 /// query before.
 CString RootBeam() {
@@ -79,9 +91,6 @@ CString RootBeam() {
         return {};
     return CCrack::strVARIANT(slot.rows->GetFieldValue(BookkeepingColumns));
 }
-
-/// Blanks beside the "+" belong to the names as they are padded.
-CString NameIn(std::string_view text) { return CString(dbsection::Trim(text)); }
 
 /// A lookup of values that are handed back as stored.
 template <class Query>
@@ -102,14 +111,7 @@ void GETSECTION(const std::int32_t* catalogue, const std::int32_t* type, const c
     *count = *value_count = 0;
     Enter("GETSECTION()", err, [&] {
         Lookup().Begin(*catalogue, *type);
-        const Answer answer{values, count, value_count};
-        const CString section = EngineName(name, name_length);
-        const std::string_view text = section.View();
-        const std::size_t plus = text.find('+');
-        if (plus == std::string_view::npos)
-            ReadSection(answer, section, *unit);
-        else
-            ReadJoined(answer, NameIn(text.substr(0, plus)), NameIn(text.substr(plus + 1)), *unit);
+        ReadOneOrTwo({values, count, value_count}, EngineName(name, name_length), *unit);
     });
 }
 

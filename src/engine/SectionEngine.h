@@ -15,6 +15,11 @@
  * 1006 dm, 1007 m, 1008 km; forces to kips. Any other code leaves them as stored. `err` is the kind
  * of the last failure: 0 none, 1 memory, 2 file, 3 resource, 4 data access, 5 component, 6 archive.
  *
+ * Where a table keeps no units, its values come as stored; where its units cannot be read, none
+ * come. A list of units that is too short throws the invalid-argument error (CInvalidArgException*
+ * of C++) in the calls that convert values, and in GETUNITFORFIELDANDCONVFACT for a value that it
+ * does not reach; nothing else throws.
+ *
  * A query leaves its rows in a slot of its own, named with it, where the cursor reads them. There
  * is one set of slots and one open database for the process; calls come from one thread at a time.
  */

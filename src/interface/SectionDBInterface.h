@@ -8,7 +8,12 @@
 // All members are static: the state is that of the process, and the library is called from one
 // thread at a time. A catalogue index names a catalogue: 1 to 37, 1001 the user tables, 1010 the
 // generic shapes; 0 is "Untitled", which has no file. A section type is the catalogue's own number
-// of a shape family. Nothing is thrown but the invalid-argument error of SaveUserSelectedSections.
+// of a shape family.
+//
+// Nothing is thrown but the invalid-argument error (CInvalidArgException*), and that only by
+// SaveUserSelectedSections and the queries on an empty selection, by GetSectionStructProperty where
+// the table keeps units for some of its columns only, and by the sorted GetSectionNameList of a
+// table without columns.
 #pragma once
 
 #include "catalogues/SectionDBDriver.h"

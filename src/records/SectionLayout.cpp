@@ -246,6 +246,19 @@ bool IsAngle(LayoutId id) {
            id == LayoutId::ColdFormedAngle || id == LayoutId::ColdFormedAngleLipped;
 }
 
+/// Layouts are found by their place; display values have room for 16 columns; added columns move no
+/// other.
+constexpr bool AreConsistent() {
+    constexpr std::size_t MostColumns = 16;
+    std::size_t place = 0;
+    return std::ranges::all_of(Layouts, [&](const SectionLayout& layout) {
+        return static_cast<std::size_t>(layout.id) == place++ &&
+               layout.columns.size() <= MostColumns &&
+               std::ranges::is_sorted(layout.columns, {}, &LayoutColumn::isAdded);
+    });
+}
+static_assert(AreConsistent());
+
 } // namespace
 
 std::span<const SectionLayout> GetSectionLayouts() { return Layouts; }
