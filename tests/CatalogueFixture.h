@@ -24,7 +24,7 @@ inline const Section W12X26{
     "W12X26", "W12x26", {7.65, 12.2, 6.49, 0.38, 0.23, 204.0, 0.3, 607.0, 17.3, 37.2, 8.17}};
 
 /// The five fields of "DBInfo" in column order.
-inline constexpr std::array InfoFields{"title", "standard", "source", "1", "hash"};
+inline constexpr std::array InfoFields{"title", "standard", "source", "2", "hash"};
 
 struct Column {
     Column(const char* columnName, SectionField::Type columnType = SectionField::Text,

@@ -52,6 +52,19 @@ protected:
         return answer;
     }
 
+    /// What a list query wrote.
+    struct List {
+        std::int32_t count = -7, valueCount = -7, err = -7;
+    };
+
+    /// Calls a list query with the outputs of a list.
+    template <class Call>
+    static List Ask(Call call) {
+        List list;
+        call(&list.count, &list.valueCount, &list.err);
+        return list;
+    }
+
     using CursorStep = void (*)(const std::int32_t*, char*, std::int32_t, float*, std::int32_t*,
                                 std::int32_t*);
 

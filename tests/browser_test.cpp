@@ -1,5 +1,6 @@
 // The example browser, run unattended on small catalogues.
 #include "FacadeSupport.h"
+#include "JoistFixture.h"
 
 using namespace testsupport;
 
@@ -41,18 +42,10 @@ protected:
     }
 
     static void MakeJoists(const std::string& path) {
-        const auto joist = [](int id, const char* name, int series, double depth) {
-            return std::vector<COleVariant>{id, COleVariant(name), series, depth, 9.5};
-        };
-        constexpr auto Long = SectionField::Long;
-        constexpr auto Double = SectionField::Double;
-        CatalogueFile(path).AddPlainTable("OWJoistMaster",
-                                          {{"JoistID", Long},
-                                           "Designation",
-                                           {"SeriesID", Long},
-                                           {"Depth", Double},
-                                           {"Weight", Double}},
-                                          {joist(7, "11K1", 1, 11), joist(8, "19LH01", 3, 19)});
+        using namespace joistrows;
+        CatalogueFile(path).AddPlainTable(
+            "OWJoistMaster", JoistColumns(),
+            {Joist(7, "11K1", 1, 11, 9.5), Joist(8, "19LH01", 3, 19, 9.5)});
     }
 
     static std::string FileOf(int index) {
@@ -143,7 +136,7 @@ TEST_F(BrowserTest, ShowsFamiliesAndSummaries) {
                           "  least radius of gyration            2.19456  cm",
                           "  angle of the principal axes           23.75  deg",
                           "L6X4: principal axes at 23.7701 deg", "L4X4: principal axes at 45 deg",
-                          "  3  LH Series      1", "  SeriesID    3", "  D          19"});
+                          "  3  LH Series      1", "  SeriesID    3", "  Depth      19"});
 }
 
 TEST_F(BrowserTest, FindsANameInAllCatalogues) {

@@ -284,7 +284,9 @@ TEST_F(CatalogueTest, SummarisesEveryAmericanFamilyFromItsOwnColumns) {
         const std::optional<double> round = value("I");
         const double major = value("IZ").value_or(round.value_or(0));
         EXPECT_EQ(info->Area, area);
-        EXPECT_NEAR(info->WeightPerLength, area * 7851.535 * 0.0254 * 0.0254 * 0.0254 / 453.59237,
+        const std::optional<double> weight = value("W"); // in kips per foot
+        EXPECT_NEAR(info->WeightPerLength,
+                    weight ? *weight / 12 : area * 7851.535 * 0.0254 * 0.0254 * 0.0254 / 453.59237,
                     1e-6 * area);
         EXPECT_EQ(info->MajorInertia, major);
         EXPECT_EQ(info->MinorInertia, value("IY").value_or(round.value_or(0)));

@@ -58,6 +58,13 @@ protected:
         return rows;
     }
 
+    /// The first property of the first row of a table where it is a text.
+    CString FirstText(const char* table) {
+        CSectionRecordset rows(m_file.Database());
+        rows.Open(CSectionRecordset::Table, table);
+        return rows.GetFieldValue(BookkeepingColumns).strVal;
+    }
+
     CatalogueFile m_file;
     UserSectionDB m_user;
 };
@@ -110,6 +117,10 @@ TEST_F(EditingTest, RefusesWhatIsNoWholeSection) {
         EXPECT_EQ(Change(1, MakeSection("P1", "p1", values)), Refused);
         EXPECT_EQ(TakeQuietError(), SectionError::WrongValueType);
     }
+    SECTIONINFO withText = good;
+    withText.Texts = {"a pipe has none"};
+    EXPECT_EQ(Add(2, withText), Refused);
+    EXPECT_EQ(TakeQuietError(), SectionError::WrongValueType);
     for (const char* table : {"", "Field Units", "Tube", "No such table"}) {
         m_user.SetWorkingTable(table);
         EXPECT_EQ(Add(2, good) + Change(1, good), 2 * Refused) << table;
@@ -172,6 +183,8 @@ TEST_F(EditingTest, KeepsTheAmericanTablesAndCaptions) {
             if (column.quantity != Quantity::Text)
                 values.push_back(static_cast<double>(values.size() + 1));
         SECTIONINFO section = MakeSection("X", "x", values);
+        if (layout == LayoutId::Castellated)
+            section.Texts = {"W12X26"};
         american.SetWorkingTable(table);
         EXPECT_EQ(american.AddSectionData(1, &section), caption == nullptr ? Refused : Accepted);
         EXPECT_EQ(american.AddSectionData(2, &section), Refused);
@@ -179,6 +192,7 @@ TEST_F(EditingTest, KeepsTheAmericanTablesAndCaptions) {
         if (caption != nullptr) {
             EXPECT_EQ(shownBoxes[0].caption, caption);
             EXPECT_EQ(Rows(table).size(), 1u);
+            EXPECT_EQ(FirstText(table), layout == LayoutId::Castellated ? "W12X26" : "");
         }
     }
 }

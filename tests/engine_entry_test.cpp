@@ -1,17 +1,18 @@
-// The entry points of the analysis engine on small catalogues. Joists and alloys are made up.
+// The entry points of the analysis engine on small catalogues.
 #include "EngineSupport.h"
+#include "QuerySupport.h"
 
 #include "units/UNIT.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <limits>
 
 using namespace testsupport;
 
 namespace {
 
 constexpr int American = 1;
-constexpr int Joists = 21;
 constexpr int WShape = 1;
 constexpr int Rod = 15;
 constexpr std::int32_t ColumnD = 3;
@@ -20,8 +21,9 @@ class EngineEntryTest : public EngineCallTest {
 protected:
     EngineEntryTest() {
         CatalogueFile file(File("AISCSections.db3"));
-        file.AddTable("W Shape", LayoutId::IShape,
-                      {{"W12X26", "W12X26", W12X26.properties}, {"W4", "W4X13", {3.83, 4.16}}});
+        file.AddTable(
+            "W Shape", LayoutId::IShape,
+            {{"W12X26", "W12X26", W12X26.properties}, {"W4", "W4X13", {3.83, 4.16, 4.06, 0.345}}});
         file.AddTable("Rod", LayoutId::RoundBar,
                       {{"A", "RB", {3.0, 7.0, 1.0}},
                        {"B", "RA", {1.0, 0.8, 2.0}},
@@ -31,15 +33,6 @@ protected:
         Open(American);
     }
 
-    struct List {
-        std::int32_t count = -7, valueCount = -7, err = -7;
-    };
-    template <class Call>
-    static List Ask(Call call) {
-        List list;
-        call(&list.count, &list.valueCount, &list.err);
-        return list;
-    }
     static List Sorted(const std::vector<std::int32_t>& keys, std::int32_t keyCount,
                        std::int32_t unit = AsStored) {
         return Ask([&](auto... out) {
@@ -83,15 +76,34 @@ TEST_F(EngineEntryTest, FindsNothingForABadName) {
     EXPECT_TRUE(shownBoxes.empty());                  // in engine mode
 }
 
+TEST_F(EngineEntryTest, ReadsNumbersThatAreKeptAsTexts) {
+    CatalogueFile(File("KoreanSections.db3"))
+        .AddTextTable("Angle", {"RECNO", "Name", "VessaName", "D", "B", "T"},
+                      {{"1", "L", "L", " 12.5", "+3", "info"}});
+    constexpr int Korean = 16;
+    constexpr int Angle = 6;
+    Open(Korean);
+    const EngineAnswer answer = Get(Korean, Angle, "L");
+    EXPECT_EQ(answer.values[0], 12.5F);
+    EXPECT_EQ(answer.values[1], 3);
+    EXPECT_EQ(answer.values[2], 0);
+}
+
 TEST_F(EngineEntryTest, JoinsTwoSectionsInOneValue) {
     const EngineAnswer joined = Get(American, Rod, "rb+ra");
     EXPECT_EQ(joined.count, 1);
     EXPECT_EQ(joined.values[0], 3.0F);
     EXPECT_EQ(joined.values[3], -1); // rods have three values
-    const EngineAnswer beams = Get(American, WShape, "W12x26+w12x26", Millimetre);
-    EXPECT_EQ(beams.values[3], 2 * Get(American, WShape, "W12X26", Millimetre).values[3]);
-    EXPECT_EQ(beams.values[0], Get(American, WShape, "W12X26", Millimetre).values[0]);
-    EXPECT_EQ(Get(American, WShape, "W12X26+nothing").values[3], 0.38F);
+    for (const char* padded : {"W12x26+w4x13", "w12x26      +W4X13", "W12X26 + w4x13  "}) {
+        const EngineAnswer beams = Get(American, WShape, padded, Millimetre);
+        EXPECT_EQ(beams.count, 1);
+        EXPECT_NEAR(beams.values[0], 4935.474, 1e-3); // 7.65 in^2
+        EXPECT_NEAR(beams.values[3], 18.415, 1e-5);   // 0.38 in + 0.345 in
+        EXPECT_NEAR(beams.values[4], 5.842, 1e-5);    // 0.23 in
+    }
+    for (const std::string& alone :
+         {std::string("W12X26+nothing"), std::string("W12X26+"), std::string("W12X26\0+W4X13", 13)})
+        EXPECT_EQ(Get(American, WShape, alone).values[3], 0.38F);
     const EngineAnswer second = Get(American, WShape, "nothing+W12X26");
     EXPECT_EQ(second.count, 0);
     EXPECT_EQ(second.values, EngineAnswer().values);
@@ -157,6 +169,10 @@ TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
     };
     EXPECT_EQ(like("R"), 2);
     EXPECT_EQ(Walk(2), "RA RB");
+    SetStatementObserver(RecordStatement);
+    EXPECT_EQ(like("r"), 2); // as the engine gave it
+    SetStatementObserver(nullptr);
+    EXPECT_NE(openedStatements.at(0).find("LIKE 'r%'"), std::string::npos) << openedStatements[0];
     float upper = 51;
     float lower = 25;
     const List range = Ask([&](auto... out) {
@@ -167,6 +183,16 @@ TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
     EXPECT_EQ(range.valueCount, 3);
     EXPECT_NEAR(upper, 51 / 25.4, 1e-6); // in the table's unit now
     EXPECT_EQ(Walk(3), "RA SC");
+    upper = 3e38F; // beyond a single in inches, 1 mm being 0.03937 of them and 1 km 39370
+    lower = -std::numeric_limits<float>::infinity();
+    constexpr std::int32_t Kilometre = 1008;
+    const List open = Ask([&](auto... out) {
+        GETRANGESORTEDSECTIONS(&catalogue, &type, keys, &two, &ColumnD, &upper, &lower, &Kilometre,
+                               out...);
+    });
+    EXPECT_EQ(open.count, 3);
+    EXPECT_EQ(upper, std::numeric_limits<float>::max());
+    EXPECT_EQ(lower, -std::numeric_limits<float>::max());
     EXPECT_EQ(SectionDBInterface::IsEngineMode(), 0);
     const auto assign = [&](const std::string& name) {
         return Ask([&](auto... out) {
@@ -275,6 +301,12 @@ TEST_F(EngineEntryTest, TellsCountsUnitsAndCustomization) {
     EXPECT_EQ(result, 11);
     ISSECTIONDATABASECUSTOMIZED(&catalogue, &result, &err);
     EXPECT_EQ(result, 0);
+    WriteFile(File("custom.ini"),
+              "[CustomDBFlags]\nAISCSections=1\n[CustomDBNames]\nAISCSections=Mine\n");
+    Facade::SetINIFileName(File("custom.ini").c_str());
+    ISSECTIONDATABASECUSTOMIZED(&catalogue, &result, &err);
+    EXPECT_EQ(result, 1);
+    Facade::SetINIFileName(File("none.ini").c_str());
     std::int32_t value = 1, unit = Millimetre, id = -7;
     float factor = 0;
     GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &value, &unit, &id, &factor, &err);
@@ -316,98 +348,6 @@ TEST_F(EngineEntryTest, LivesWithoutUnitsAndWithoutTheFile) {
     MakeCatalogue(File("AISCSections.db3"), 1);
     EXPECT_EQ(Open(American), 0);
     EXPECT_EQ(Get(American, WShape, "w12x26").count, 1);
-}
-
-TEST_F(EngineEntryTest, ReadsJoistsAsStored) {
-    {
-        CatalogueFile file(File("AISCSteelJoists.db3"));
-        constexpr auto Double = SectionField::Double;
-        file.AddPlainTable("OWJoistMaster",
-                           {{"JoistID", Double},
-                            "Designation",
-                            {"SeriesID", Double},
-                            {"Depth", Double},
-                            {"Weight", Double}},
-                           {{1.0, COleVariant("10K1"), 1.0, 10.0, 5.0}});
-        file.AddPlainTable("OWJoistLoad",
-                           {{"JoistID", Double},
-                            {"Span", Double},
-                            {"TotalLoad", Double},
-                            {"LiveLoad", Double},
-                            {"TitleID", Double},
-                            {"ColorID", Double}},
-                           {{1.0, 20.0, 300.0, 200.0, 0.0, 0.0}});
-        file.AddPlainTable("JoistGirderMaster",
-                           {{"JoistID", Double},
-                            {"Span", Double},
-                            {"NumberOfJoist", Double},
-                            {"Space", Double},
-                            {"Depth", Double}},
-                           {{9.0, 30.0, 5.0, 6.0, 24.0}});
-        file.AddPlainTable("JoistGirderLoad",
-                           {{"JoistID", Double},
-                            {"PanelPtLoad", Double},
-                            {"Weight", Double},
-                            {"TitleID", Double},
-                            {"ColorID", Double}},
-                           {{9.0, 4.5, 17.0, 0.0, 0.0}});
-    }
-    Open(Joists);
-    const std::int32_t catalogue = Joists, series = 1, girders = 5, unit = Millimetre, any = 0;
-    const float span = 20, total = 250, live = 150, load = 4, noDepth = 0;
-    const auto list = [&] {
-        return Ask([&](auto... out) {
-            GETKSERIESSTEELJOISTS(&catalogue, &series, &span, &total, &live, &unit, out...);
-        });
-    };
-    EXPECT_EQ(list().count, 1);
-    EXPECT_EQ(Move(GETFIRSTSECTION, 5).name, "10K1");
-    EXPECT_EQ(Move(GETFIRSTSECTION, 5).values[0], 10);
-    std::int32_t slot = 5, err = -7;
-    CLOSESECTIONRECORDSET(&slot, &err);
-    EXPECT_EQ(Move(GETFIRSTSECTION, 5).status, 0);
-    list();
-    EXPECT_EQ(Move(GETFIRSTSECTION, 5).values[0], 0); // a closed slot's factors stay 0
-
-    EngineAnswer joist;
-    GETSTEELJOIST(&catalogue, &series, "10k1", 4, &unit, joist.values.data(), &joist.count,
-                  &joist.valueCount, &joist.err);
-    EXPECT_EQ(joist.count, 0); // of slot 7
-    EXPECT_EQ(joist.values[1], 5);
-    const List found = Ask([&](auto... out) {
-        GETJOISTGIRDERS(&catalogue, &girders, &span, &any, &load, &noDepth, &unit, out...);
-    });
-    EXPECT_EQ(found.count, 1);
-    EXPECT_EQ(Move(GETFIRSTSECTION, 8).name, "30S24G5N4.5K");
-    EngineAnswer girder;
-    GETJOISTGIRDER(&catalogue, &girders, "30S24G5N4.5K", 12, &unit, girder.values.data(),
-                   &girder.count, &girder.valueCount, &girder.err);
-    EXPECT_EQ(girder.count, 1);
-    EXPECT_EQ(girder.values[0], 30);
-    std::int32_t loadType = -7;
-    const std::int32_t longSpan = 3;
-    FINDLHSERIESLOADTYPE(&catalogue, &longSpan, &span, &load, &loadType, &err);
-    EXPECT_EQ(loadType, 0);
-}
-
-TEST_F(EngineEntryTest, ReadsTheStrengthsOfAnAlloy) {
-    CatalogueFile(File("AluminumSections.db3"))
-        .AddTable("Alloy", LayoutId::AluminiumAlloy,
-                  {{"6061",
-                    "6061",
-                    {COleVariant("Pipe"), 0.0, 1.0, 0.0, 0.0, 38.0, 35.0, 35.0, 24.0, 10100.0}}});
-    Open(17);
-    const std::int32_t catalogue = 17, type = 22, pipe = 3, no = 0, unit = Millimetre, kn = 2007;
-    const float thickness = 0.5F;
-    EngineAnswer alloy;
-    GETALUMINIUMMATERIALPROPERTY(&catalogue, &type, "6061", 4, &pipe, &no, &no, &thickness, &unit,
-                                 &kn, alloy.values.data(), &alloy.count, &alloy.valueCount,
-                                 &alloy.err);
-    EXPECT_EQ(alloy.count, 1);
-    EXPECT_EQ(alloy.valueCount, 10);
-    EXPECT_NEAR(alloy.values[1], 25.4, 1e-4); // the greatest thickness
-    EXPECT_NEAR(alloy.values[4], 38 * 4.448222 / (25.4 * 25.4), 1e-5);
-    EXPECT_EQ(alloy.values[9], -1);
 }
 
 TEST_F(EngineEntryTest, KeepsItsModeAndSettings) {

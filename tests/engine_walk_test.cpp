@@ -73,7 +73,7 @@ protected:
             const auto factor =
                 static_cast<float>(UNIT::ConvertUnitTo(1.0, table.units[column], 2001, unit));
             EXPECT_EQ(answer.values[column - BookkeepingColumns],
-                      static_cast<float>(stored[column]) * factor)
+                      static_cast<float>(stored[column] * static_cast<double>(factor)))
                 << answer.name << ", column " << column;
         }
     }

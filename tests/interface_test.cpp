@@ -260,14 +260,6 @@ TEST_F(FacadeTest, KnowsItsVocabulary) {
     for (const auto& [name, values] : samples)
         EXPECT_EQ(types[name], values) << name;
     EXPECT_EQ(ByName(Facade::m_mapCountryEnums)["stcUserDefined"], std::vector{1001});
-
-    const std::set<std::string> stems(std::begin(Facade::m_saSectionFile),
-                                      std::end(Facade::m_saSectionFile));
-    EXPECT_EQ(stems.size(), 38u);
-    EXPECT_STREQ(Facade::m_saSectionFile[20], "MexicanSteelTables");
-    EXPECT_STREQ(Facade::m_saSectionFile[36], "BrazilSections");
-    EXPECT_STREQ(Facade::m_saCountryName[29], "ColdFormed (Japanse)");
-    EXPECT_STREQ(Facade::m_saCountryName[37], "APL Apollo Tubes");
 }
 
 } // namespace

@@ -173,15 +173,14 @@ TEST_F(JoistQueryTest, FindsGirders) {
     const std::string order =
         "ORDER BY [JoistGirderMaster].[Span], "
         "[JoistGirderMaster].[NumberOfJoist], [JoistGirderMaster].[Depth] ASC";
-    EXPECT_EQ(Girders(29.5F, 0, 4, 0),
-              (Result{{SelectGirders + span + load + order}, "2.000000e+01 2.100000e+01"}));
+    EXPECT_EQ(Girders(29.5F, 0, 4, 0), (Result{{SelectGirders + span + load + order}, "20 21"}));
     EXPECT_EQ(
         Girders(29.5F, 5, 4, 27),
         (Result{{SelectGirders + span + "AND [JoistGirderMaster].[NumberOfJoist] = 5 " + load +
                  "AND [JoistGirderMaster].[Depth]=(SELECT MAX([JoistGirderMaster].[Depth]) FROM "
                  "[JoistGirderMaster]  WHERE [JoistGirderMaster].[Depth] <= 27.0) " +
                  order},
-                "2.000000e+01"}));
+                "20"}));
     EXPECT_EQ(Girders(37, 0, 4, 0).names, "");
     EXPECT_EQ(Girders(29.5F, 0, 6.1F, 0).names, "");
     EXPECT_EQ(Girders(29.5F, 0, 4, 0, 1), (Result{{}, "none"}));
@@ -204,7 +203,7 @@ TEST_F(JoistQueryTest, FindsOneByDesignation) {
                        " AND [JoistGirderMaster].[Span] = 30 AND [JoistGirderMaster].[Depth] = 24 "
                        "AND [JoistGirderMaster].[NumberOfJoist] = 5 AND "
                        "[JoistGirderLoad].[PanelPtLoad] = 6.0"},
-                      "2.000000e+01"}));
+                      "20"}));
     EXPECT_EQ(Girder("30S24G5N"), (Result{{}, "none"}));
 }
 

@@ -2,6 +2,7 @@
 #include "FacadeSupport.h"
 
 #include "interface/PrincipalAngle.h"
+#include "units/UNIT.h"
 
 #include <cmath>
 #include <memory>
@@ -106,6 +107,76 @@ TEST_F(ListsTest, RecordsAreTheCallers) {
     Facade::ExitSectionDBInterface(); // the records do not depend on the library's state
     for (void* record : {row, summary, static_cast<void*>(nullptr)})
         Facade::FreeSectionData(record);
+}
+
+TEST_F(ListsTest, AMissingUnitLeavesItsValuesUnconverted) {
+    const auto displayed = [] {
+        std::vector<float> values(16);
+        int shapeType = 0;
+        Facade::GetSectionDataForGUI(1, "W12X26", &shapeType, values.data(), "", 1004, 2007);
+        CString name;
+        float byRecord[16] = {};
+        Facade::GetSectionDataForGUI(1, 1, 1, &name, byRecord, "", 1004, 2007);
+        CStringArray names;
+        float all[1][16] = {};
+        Facade::GetAllSectionDataForGUI(1, 1, &names, all, "", 1004, 2007);
+        EXPECT_TRUE(std::ranges::equal(values, byRecord) && std::ranges::equal(values, all[0]));
+        double angle = 7;
+        EXPECT_EQ(Facade::GetSectionPrincipalAngle(1, "W12X26", &angle), 1);
+        EXPECT_EQ(angle, 0);
+        return std::vector(values.begin(), values.begin() + 3); // area, depth, width
+    };
+    UNIT::DeleteFieldUnits(Facade::GetDatabasePtr(1), "W Shape");
+    EXPECT_EQ(displayed(), (std::vector{7.65F, 12.2F, 6.49F}));
+    CStringArray units;
+    for (const char* unit : {"W Shape", "NUMBER", "TEXT", "TEXT", "INCHES^2", "INCHES"})
+        units.Add(unit);
+    UNIT::WriteFieldUnits(Facade::GetDatabasePtr(1), &units);
+    EXPECT_EQ(displayed(), (std::vector{4935.474F, 309.88F, 6.49F}));
+}
+
+TEST_F(ListsTest, AnAngleWithLipsIsDisplayedByItsLegsAndThickness) {
+    constexpr int ColdFormed = 24;
+    CatalogueFile(File("BSColdFormedSections.db3"))
+        .AddTable("Angle with Lips", LayoutId::ColdFormedAngleLipped,
+                  {{"L", "L80X40X15X2", {284.0, 80.0, 40.0, 15.0, 2.0, 3.0}}});
+    int shapeType = 0;
+    float values[16] = {};
+    EXPECT_EQ(
+        Facade::GetSectionDataForGUI(ColdFormed, "L80X40X15X2", &shapeType, values, "", 1001, 2001),
+        1);
+    EXPECT_EQ(shapeType, 3);
+    EXPECT_EQ(std::vector(values, values + 6), (std::vector{284.F, 80.F, 40.F, 2.F, 15.F, 3.F}));
+    double angle = 0;
+    EXPECT_EQ(Facade::GetSectionPrincipalAngle(ColdFormed, "L80X40X15X2", &angle), 1);
+    EXPECT_NEAR(angle, 15.49, 0.005); // that of the legs; with the lips it is 15.68
+}
+
+TEST_F(ListsTest, ASpeciesOfTimberIsWithheldByItsOwnSelection) {
+    {
+        CatalogueFile file(File("AITCTimberSections.db3"));
+        for (const char* table : {"Aspen", "Redwood"})
+            file.AddTable(table, LayoutId::Timber, {{"2 x 4", table, {3.5, 1.5, 5.25}}});
+    }
+    Facade::SetDBIFileName(File("tables.dbi").c_str());
+    constexpr int Timber = 22;
+    const auto displayed = [&](const char* selections) {
+        WriteFile(File("tables.dbi"), std::string("[AITCTimberSections]\n") + selections);
+        float values[16] = {};
+        int shapeType = 0;
+        std::string species;
+        for (const char* name : {"Aspen", "Redwood"})
+            if (Facade::GetSectionDataForGUI(Timber, name, &shapeType, values, "", 1001, 2001) == 1)
+                species += name;
+        EXPECT_EQ(shapeType, 10);
+        return species;
+    };
+    EXPECT_EQ(displayed("Aspen=0\nRedwood=-1\n"), "Aspen");
+    EXPECT_EQ(displayed("Aspen=-1\nRedwood=1\n"), "Redwood");
+    int type = 0;
+    void* record = Facade::GetSectionData(Timber, "Redwood", type, "");
+    EXPECT_EQ(type, 2); // as whose rows all species are read
+    Facade::FreeSectionData(record);
 }
 
 TEST_F(ListsTest, ASectionThatIsNotSelectedIsWithheld) {

@@ -87,6 +87,7 @@ protected:
         add("Extrusions", 0, 3, 1);
         add("All", 0, 1, 0);
         add("Pipe", 0, 1, 0);
+        add("Drawn_Tube", 0, 2, 0);
     }
 
     Result Strengths(unsigned product, unsigned welded, float thickness) {
@@ -128,7 +129,9 @@ TEST_F(MaterialQueryTest, FindsTheStrengthsOfAProductAndThickness) {
     EXPECT_EQ(Strengths(1, 0, 3.5F).names, "");
     EXPECT_EQ(Strengths(1, 1, 3).names, "6061");
     EXPECT_EQ(Strengths(0, 0, 1).names, "6061");
-    EXPECT_EQ(Strengths(2, 0, 1).names, "");
+    EXPECT_EQ(Strengths(2, 0, 1.5F).names, "6061"); // that of drawn tubes
+    EXPECT_EQ(Strengths(3, 0, 1.5F).names, "");
+    EXPECT_EQ(Strengths(3, 0, 1).names, "6061");
     EXPECT_EQ(Strengths(4, 0, 1), (Result{{}, "none"})); // no such product
 }
 

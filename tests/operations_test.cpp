@@ -86,7 +86,8 @@ public:
                       {{m_public.c_str(), m_name.c_str(), Properties()}});
     }
 
-    /// Area first, then the other numbers in the order of the columns.
+    /// Area first, then the other numbers in the order of the columns; but the thickness of an
+    /// angle before its lips.
     std::vector<double> DisplayValues(bool isMetric) const {
         std::vector<double> values;
         bool areaSeen = false;
@@ -99,6 +100,8 @@ public:
             areaSeen = areaSeen || isFirst;
             values.insert(isFirst ? values.begin() : values.end(), value);
         }
+        if (m_family.layout == LayoutId::ColdFormedAngleLipped)
+            std::swap(values[3], values[4]);
         return values;
     }
 

@@ -48,6 +48,26 @@ TEST(CString, PartsAreCutToTheText) {
     EXPECT_TRUE(CString(nullptr).IsEmpty());
 }
 
+TEST(Text, BeginsWithANumberBehindBlanksAndOneSign) {
+    struct {
+        const char* text;
+        double number;
+        std::int64_t whole;
+    } const cases[] = {{"12.5", 12.5, 12}, {" \t12.5x", 12.5, 12}, {"+3", 3, 3},
+                       {" -9 ", -9, -9},   {"1e2", 100, 1},        {".5", 0.5, 0},
+                       {"-.5", -.5, 0},    {"+-9", 0, 0},          {"-+9", 0, 0},
+                       {"++9", 0, 0},      {"+ 9", 0, 0},          {"-", 0, 0},
+                       {"", 0, 0},         {"inf", 0, 0},          {"-nan", 0, 0},
+                       {"x1", 0, 0},       {"Info", 0, 0}};
+    for (const auto& [text, number, whole] : cases) {
+        EXPECT_EQ(dbsection::LeadingNumber<double>(text), number) << text;
+        EXPECT_EQ(dbsection::LeadingInteger(text), whole) << text;
+        EXPECT_EQ(dbsection::AsNumber(COleVariant(text)), number) << text;
+    }
+    EXPECT_EQ(dbsection::AsNumber(COleVariant(2.5)), 2.5);
+    EXPECT_EQ(dbsection::AsNumber(COleVariant::Null()), 0);
+}
+
 TEST(CString, FormatHoldsLongTextAndItsOwnText) {
     const std::string text(100000, 'x');
     CString composed;

@@ -196,7 +196,7 @@ TEST_F(CatalogueTest, AnotherLayoutVersionIsRefused) {
     rows->Update();
     const Outcome outcome = Program("list American --folder " + other.Path());
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.output.find("layout version is 99, expected 1"), std::string::npos);
+    EXPECT_NE(outcome.output.find("layout version is 99, expected 2"), std::string::npos);
 }
 
 // The text sources name the tables and layouts that the catalogue class reads.

@@ -67,9 +67,9 @@ TEST(Units, ReadTheExponentBehindTheFirstCaret) {
     struct {
         const char* unit;
         double exponent;
-    } const cases[] = {{"", 1},     {"MM", 1},      {"MM^4", 4},  {"MM^-2", -2}, {"M^+3", 3},
-                       {"M^ 2", 2}, {"M^0.5", 0.5}, {"M^2^3", 2}, {"M^", 0},     {"M^two", 0},
-                       {"^2", 2},   {"M^2x", 2},    {"M^1e1", 10}};
+    } const cases[] = {{"", 1},     {"MM", 1},      {"MM^4", 4},   {"MM^-2", -2}, {"M^+3", 3},
+                       {"M^ 2", 2}, {"M^0.5", 0.5}, {"M^2^3", 2},  {"M^", 0},     {"M^two", 0},
+                       {"^2", 2},   {"M^2x", 2},    {"M^1e1", 10}, {"M^+-2", 0},  {"M^inf", 0}};
     for (const auto& [unit, exponent] : cases)
         EXPECT_EQ(UNIT::GetExponent(unit), exponent) << unit;
 }

@@ -7,6 +7,60 @@ using namespace testsupport;
 
 namespace {
 
+TEST_F(FacadeTest, NamesCataloguesAndTheirFilesLetterForLetter) {
+    struct {
+        const char* file;
+        const char* name;
+    } const catalogues[] = {
+        {"Untitled", "Untitled"},
+        {"AISCSections", "American"},
+        {"AustralianSections", "Australian"},
+        {"BritishSections", "British"},
+        {"CanadianSections", "Canadian"},
+        {"ChineseSections", "Chinese"},
+        {"DutchSections", "Dutch"},
+        {"EuropeanSections", "European"},
+        {"FrenchSections", "French"},
+        {"GermanSections", "German"},
+        {"IndianSections", "Indian"},
+        {"JapaneseSections", "Japanese"},
+        {"RussianSections", "Russian"},
+        {"SouthAfricanSections", "SouthAfrican"},
+        {"SpanishSections", "Spanish"},
+        {"VenezuelanSections", "Venezuelan"},
+        {"KoreanSections", "Korean"},
+        {"AluminumSections", "Aluminum (US)"},
+        {"USColdFormedSections", "ColdFormed (US)"},
+        {"ISColdFormedSections", "ColdFormed (IS)"},
+        {"MexicanSteelTables", "Mexican"},
+        {"AISCSteelJoists", "SteelJoists (US)"},
+        {"AITCTimberSections", "Timber (AITC)"},
+        {"LysaghtColdFormedSections", "ColdFormed (Lysaght)"},
+        {"BSColdFormedSections", "ColdFormed (BS)"},
+        {"CanadianTimberSections", "Timber (Canada)"},
+        {"ButlerColdFormedSections", "ColdFormed (Butler)"},
+        {"KingspanColdFormedSections", "ColdFormed (Kingspan)"},
+        {"RCecoColdFormedSections", "ColdFormed (Robertson Ceco)"},
+        {"JapaneseColdFormedSections", "ColdFormed (Japanse)"},
+        {"AustralianColdFormedSections", "ColdFormed (Australian)"},
+        {"GOSTColdFormedSections", "ColdFormed (Russian)"},
+        {"STO_ASChMSections", "STOASChM"},
+        {"JindalSections", "Jindal"},
+        {"EuropeanColdFormedSections", "ColdFormed (European)"},
+        {"TataStructuraSections", "Tata Structura"},
+        {"BrazilSections", "Brazilian"},
+        {"APLApolloTubesSections", "APL Apollo Tubes"},
+    };
+    int index = 0;
+    for (const auto& [file, name] : catalogues) {
+        EXPECT_STREQ(Facade::m_saSectionFile[index], file);
+        EXPECT_STREQ(Facade::m_saCountryName[index], name);
+        EXPECT_EQ(Facade::GetCountryName(index), name);
+        ++index;
+    }
+    EXPECT_EQ(index, 38);
+}
+
 TEST_F(FacadeTest, MatchesDisplayNamesLetterForLetter) {
     for (int index = 1; index <= LastCatalogueIndex; ++index)
         EXPECT_EQ(Facade::GetCountryID(Facade::GetCountryName(index)), index);

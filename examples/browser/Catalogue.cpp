@@ -17,9 +17,11 @@ std::vector<Field> JoistFields(int series) {
     return fields;
 }
 
-bool IsArea(const Field& field) {
-    const unsigned int unit = UNIT::StringToId(field.unit);
-    return unit >= 1001 && unit <= 1008 && UNIT::GetExponent(field.unit) == 2;
+/// The layout of a family's table.
+LayoutId LayoutOf(int catalogue, int type) {
+    const auto& known = dynamic_cast<const CatalogueSectionDB&>(
+        *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(catalogue)));
+    return known.FindFamily(SectionDBInterface::GetTableFromSectionType(catalogue, type))->layout;
 }
 
 CString ReasonNotToOpen() {
@@ -87,16 +89,17 @@ std::vector<Field> FieldsOf(int catalogue, int type) {
     const OwnedArray names(SectionDBInterface::GetSectionFieldNameArray(catalogue, type));
     const OwnedArray units(SectionDBInterface::GetSectionFieldUnitsArray(catalogue, type));
     std::vector<Field> fields;
-    for (int i = BookkeepingColumns; i < std::min(names->GetSize(), units->GetSize()); ++i)
-        fields.push_back({names->GetAt(i), units->GetAt(i)});
+    for (int i = BookkeepingColumns; i < names->GetSize(); ++i)
+        fields.push_back({names->GetAt(i), i < units->GetSize() ? units->GetAt(i) : CString()});
     return fields;
 }
 
 std::vector<Field> DisplayFieldsOf(int catalogue, int type) {
-    std::vector<Field> fields = FieldsOf(catalogue, type);
-    std::erase_if(fields, [](const Field& field) { return IsSameName(field.unit, "TEXT"); });
-    if (const auto area = std::ranges::find_if(fields, IsArea); area != fields.end())
-        std::rotate(fields.begin(), area, area + 1);
+    const std::vector<Field> columns = FieldsOf(catalogue, type);
+    std::vector<Field> fields;
+    for (const int i : GetDisplayOrder(LayoutOf(catalogue, type)))
+        if (const auto column = static_cast<std::size_t>(i); column < columns.size())
+            fields.push_back(columns[column]);
     fields.resize(std::min(fields.size(), MostValues));
     return fields;
 }

@@ -26,14 +26,14 @@ constexpr std::array Tables{
 constexpr std::array SeriesNames{"K Series", "KCS Series", "LH Series", "DLH Series",
                                  "Joist Girders"};
 
-// Both select the three columns that every section table begins with, then the record's.
+// Both select the bookkeeping columns, then the record's.
 
-constexpr const char* SelectJoists = "SELECT [JoistID], [Designation], [Designation], "
-                                     "[SeriesID], [Depth], [Weight] FROM [OWJoistMaster] WHERE ";
+constexpr const char* SelectJoists = "SELECT [RECNO], [Name], [VessaName], [SeriesID], [Depth], "
+                                     "[Weight] FROM [OWJoistMaster] WHERE ";
 
 constexpr const char* SelectGirders =
-    "SELECT [JoistGirderMaster].[JoistID], [JoistGirderMaster].[JoistID], "
-    "[JoistGirderMaster].[JoistID], [JoistGirderMaster].[Span], "
+    "SELECT [JoistGirderMaster].[RECNO], [JoistGirderMaster].[Name], "
+    "[JoistGirderMaster].[VessaName], [JoistGirderMaster].[Span], "
     "[JoistGirderMaster].[NumberOfJoist], [JoistGirderMaster].[Space], "
     "[JoistGirderLoad].[PanelPtLoad], [JoistGirderMaster].[Depth], [JoistGirderLoad].[Weight] "
     "FROM [JoistGirderMaster], [JoistGirderLoad] "
@@ -80,7 +80,7 @@ AISCSteelJoistSectionDB::Records AISCSteelJoistSectionDB::Read(const CString& sq
     const dbsection::FailureRule rule{"GetSectionData()", "Failed to read the section."};
     const bool areRead = dbsection::Completes(rule, [&] {
         for (; !m_pRecordset->IsEOF(); m_pRecordset->MoveNext())
-            if (auto record = dbsection::MakeSectionRecord(layout); ReadCurrentRow(*record))
+            if (auto record = dbsection::MakeSectionRecord(layout); ReadCurrentRow(*record, layout))
                 records.push_back(std::move(record));
     });
     closeRecordset(&m_pRecordset);
@@ -102,8 +102,7 @@ int AISCSteelJoistSectionDB::GetSectionNameList(int sectionType, CStringList* li
                           ? CString(SelectGirders)
                           : SelectJoists + CString("[SeriesID] = " + std::to_string(sectionType));
         if (sorted != 0)
-            sql += isGirder ? " ORDER BY [JoistGirderMaster].[JoistID] ASC"
-                            : " ORDER BY [JoistID] ASC";
+            sql += isGirder ? " ORDER BY [JoistGirderMaster].[RECNO] ASC" : " ORDER BY [RECNO] ASC";
         CStringList names = *list;
         CUIntArray identifiers;
         for (const auto& record : Read(sql, isGirder ? LayoutId::JoistGirder : LayoutId::Joist)) {
@@ -142,9 +141,9 @@ int AISCSteelJoistSectionDB::GetSectionDataForGUI(int /*index*/, int sectionType
         const CString number(std::to_string(recordNo));
         const Records found =
             sectionType == GirderSeries
-                ? Read(SelectGirders + (" AND [JoistGirderMaster].[JoistID] =" + number),
+                ? Read(SelectGirders + (" AND [JoistGirderMaster].[RECNO] =" + number),
                        LayoutId::JoistGirder)
-                : Read(SelectJoists + ("[JoistID] =" + number), LayoutId::Joist);
+                : Read(SelectJoists + ("[RECNO] =" + number), LayoutId::Joist);
         if (found.empty())
             return 0;
         *name = found[0]->VessaName;

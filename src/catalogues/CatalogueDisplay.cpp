@@ -1,17 +1,15 @@
 // Display values: a section's numbers for the property grids of a front end.
 #include "catalogues/CatalogueSectionDB.h"
 
+#include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
-#include "dataaccess/Guard.h"
-#include "units/UNIT.h"
-
-#include <algorithm>
+#include "units/FieldUnits.h"
 
 using dbsection::Operation;
 
 /// A column of display values and what converts them.
 struct DisplayColumn {
-    int column;
+    int column; ///< of the table; -1: it lacks the column, and the value is 0
     double factor;
 };
 
@@ -19,45 +17,33 @@ namespace {
 
 constexpr const char* FailedToRead = "Failed to read the section.";
 
-/// The columns of a layout in display order.
-std::vector<int> DisplayOrder(LayoutId layout) {
-    const auto& columns = GetSectionLayout(layout).columns;
-    std::vector<int> order;
-    order.reserve(columns.size());
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        if (columns[i].quantity != Quantity::Text)
-            order.push_back(static_cast<int>(i));
-    const auto area = std::ranges::find_if(order, [&](int i) {
-        return columns[static_cast<std::size_t>(i)].quantity == Quantity::Area;
-    });
-    if (area != order.end())
-        std::rotate(order.begin(), area, area + 1);
-    return order;
-}
-
 void Display(const CSectionRecordset& row, const std::vector<DisplayColumn>& columns,
              float* values) {
     for (const auto& [column, factor] : columns)
         *values++ =
-            static_cast<float>(dbsection::NumberIn(row.GetFieldValue(column)).value_or(0) * factor);
+            column < 0
+                ? 0
+                : static_cast<float>(dbsection::AsNumber(row.GetFieldValue(column)) * factor);
 }
 
 } // namespace
 
-/// Reads the units of the working table, whose rows are of the family; false when it has none.
-bool CatalogueSectionDB::ReadDisplayFactors(const SectionFamily& family, const DisplayUnits* units,
+/// The columns of the open rows, which are of the family; false when their units cannot be read. A
+/// column without a unit is not converted.
+bool CatalogueSectionDB::FindDisplayColumns(const SectionFamily& family, const DisplayUnits* units,
                                             std::vector<DisplayColumn>& columns) const {
-    std::unique_ptr<CStringArray> kept;
-    if (units != nullptr) {
-        kept.reset(UNIT::GetFieldUnitList(m_pDatabase, m_szTableName));
-        if (!kept)
-            return false;
-    }
-    for (const int i : DisplayOrder(family.layout)) {
+    CStringArray kept;
+    if (units != nullptr && dbsection::ReadFieldUnits(m_pDatabase, m_szTableName, kept) ==
+                                dbsection::FieldUnits::Unreadable)
+        return false;
+    const int present = dbsection::CountPresentColumns(*m_pRecordset, family.layout);
+    for (const int i : GetDisplayOrder(family.layout)) {
         const int column = BookkeepingColumns + i;
-        const double factor =
-            kept ? UNIT::ConvertUnitTo(1, kept->GetAt(column), units->force, units->length) : 1;
-        columns.push_back({column, factor});
+        const double factor = units == nullptr
+                                  ? 1
+                                  : UNIT::ConvertUnitTo(1, dbsection::UnitOf(kept, column),
+                                                        units->force, units->length);
+        columns.push_back({i < present ? column : -1, factor});
     }
     return true;
 }
@@ -67,13 +53,15 @@ void CatalogueSectionDB::GetAllSectionDataForGUI(int /*sectionType*/, CStringArr
                                                  unsigned int unit2) {
     Operation("GetAllSectionDataForGUI()", [&] {
         const SectionFamily* family = RecordFamily(m_szTableName);
-        const DisplayUnits units{unit1, unit2};
-        std::vector<DisplayColumn> columns;
-        if (family == nullptr || !ReadDisplayFactors(*family, &units, columns) ||
+        if (family == nullptr ||
             OpenSql("SELECT * FROM [" + m_szTableName + "]", CSectionRecordset::Snapshot) != 1)
             return;
         const int count = getRecordCount(&m_pRecordset);
         dbsection::Guarded({"GetAllSectionDataForGUI()", FailedToRead}, [&] {
+            const DisplayUnits units{unit1, unit2};
+            std::vector<DisplayColumn> columns;
+            if (!FindDisplayColumns(*family, &units, columns))
+                return 0;
             names->SetSize(count);
             if (count != 0)
                 m_pRecordset->MoveFirst();
@@ -92,17 +80,15 @@ int CatalogueSectionDB::GetSectionDataForGUI(int /*index*/, int /*sectionType*/,
                                              unsigned int unit1, unsigned int unit2) {
     return Operation("GetSectionDataForGUI()", [&] {
         const SectionFamily* family = RecordFamily(m_szTableName);
-        const DisplayUnits units{unit1, unit2};
-        std::vector<DisplayColumn> columns;
-        if (family == nullptr || !ReadDisplayFactors(*family, &units, columns))
-            return 0;
         CString sql;
         sql.Format("SELECT * FROM [%s] WHERE [RECNO] =%d", static_cast<const char*>(m_szTableName),
                    recordNo);
-        if (OpenSql(sql, CSectionRecordset::Snapshot) != 1)
+        if (family == nullptr || OpenSql(sql, CSectionRecordset::Snapshot) != 1)
             return 0;
         const int result = dbsection::Guarded({"GetSectionDataForGUI()", FailedToRead}, [&] {
-            if (m_pRecordset->IsEOF())
+            const DisplayUnits units{unit1, unit2};
+            std::vector<DisplayColumn> columns;
+            if (m_pRecordset->IsEOF() || !FindDisplayColumns(*family, &units, columns))
                 return 0;
             *name = CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn));
             Display(*m_pRecordset, columns, values);
@@ -125,14 +111,18 @@ int CatalogueSectionDB::GetSectionDataForGUI(int /*index*/, const char* name, in
 int CatalogueSectionDB::DisplaySection(const char* name, int* sectionType, int* recordNo,
                                        float* values, const DisplayUnits* units) {
     const SectionFamily* family = OpenSection(name);
-    std::vector<DisplayColumn> columns;
-    if (family == nullptr || !ReadDisplayFactors(*family, units, columns))
+    if (family == nullptr)
         return 0;
     const int result = dbsection::Guarded({"GetSectionDataForGUI()", FailedToRead}, [&] {
+        std::vector<DisplayColumn> columns;
+        if (!FindDisplayColumns(*family, units, columns))
+            return 0;
         Display(*m_pRecordset, columns, values);
-        *recordNo = static_cast<int>(
-            dbsection::NumberIn(m_pRecordset->GetFieldValue(IdentifierColumn)).value_or(0));
-        *sectionType = family->sectionType;
+        *recordNo =
+            static_cast<int>(dbsection::AsNumber(m_pRecordset->GetFieldValue(IdentifierColumn)));
+        // That of the table itself, of which the user selects, whatever family it is read as.
+        const SectionFamily* own = FindFamily(m_szTableName);
+        *sectionType = (own == nullptr ? family : own)->sectionType;
         return 1;
     });
     closeRecordset(&m_pRecordset);

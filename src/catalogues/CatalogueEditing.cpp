@@ -1,6 +1,7 @@
 // Adding and changing the sections of a table.
 #include "catalogues/CatalogueSectionDB.h"
 
+#include "catalogues/SectionTables.h"
 #include "dataaccess/CSectionException.h"
 #include "dataaccess/Guard.h"
 #include "platform/MessageBox.h"
@@ -25,15 +26,22 @@ bool IsNameTaken(CSectionDatabase* database, const CString& table, const CString
 /// A section that lacks a property, or has one that is no number, would be read as another section.
 void RequireComplete(const SECTIONINFO& section, LayoutId layout, const CString& table) {
     const auto& columns = GetSectionLayout(layout).columns;
-    const auto numbers = std::ranges::count_if(
-        columns, [](const LayoutColumn& column) { return column.quantity != Quantity::Text; });
+    const auto isText = [](const LayoutColumn& column) {
+        return column.quantity == Quantity::Text;
+    };
+    const auto texts = std::ranges::count_if(columns, isText);
+    const auto numbers = std::ssize(columns) - texts;
+    const auto least = numbers - std::ranges::count_if(columns, &LayoutColumn::isAdded);
+    const auto given = std::ssize(section.Values);
     const auto isFinite = [](double value) { return std::isfinite(value); };
-    if (std::ssize(section.Values) == numbers && std::ranges::all_of(section.Values, isFinite))
+    if (given >= least && given <= numbers && std::ranges::all_of(section.Values, isFinite) &&
+        (section.Texts.empty() || std::ssize(section.Texts) == texts))
         return;
-    const std::string count = std::to_string(numbers);
+    const std::string counts =
+        std::to_string(numbers) + " numbers and " + std::to_string(texts) + " texts";
     throw new CSectionException(SectionError::WrongValueType,
                                 "The section \"" + section.PublicName + "\" does not have the " +
-                                    count.c_str() + " numbers of table \"" + table + "\".");
+                                    counts.c_str() + " of table \"" + table + "\".");
 }
 
 void SetFields(CSectionRecordset& row, WORD id, const SECTIONINFO& section, LayoutId layout) {
@@ -42,8 +50,13 @@ void SetFields(CSectionRecordset& row, WORD id, const SECTIONINFO& section, Layo
     row.SetFieldValue(VessaNameColumn, section.VessaName);
     int field = BookkeepingColumns;
     auto value = section.Values.begin();
-    for (const LayoutColumn& column : GetSectionLayout(layout).columns) {
-        if (column.quantity != Quantity::Text)
+    auto text = section.Texts.begin();
+    const auto present = static_cast<std::size_t>(dbsection::CountPresentColumns(row, layout));
+    for (const LayoutColumn& column : GetSectionLayout(layout).columns.first(present)) {
+        const bool isText = column.quantity == Quantity::Text;
+        if (isText && text != section.Texts.end())
+            row.SetFieldValue(field, *text++);
+        if (!isText && value != section.Values.end())
             row.SetFieldValue(field, COleVariant(*value++));
         ++field;
     }

@@ -1,6 +1,7 @@
 #include "catalogues/CatalogueSectionDB.h"
 
 #include "catalogues/SectionSummary.h"
+#include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
 #include "records/LayoutRecords.h"
@@ -44,13 +45,15 @@ const SectionFamily* CatalogueSectionDB::FindFamily(const CString& table) const 
     return place == m_families.end() ? nullptr : &*place;
 }
 
-bool CatalogueSectionDB::ReadCurrentRow(SectionRecord& record) const {
+bool CatalogueSectionDB::ReadCurrentRow(SectionRecord& record, LayoutId layout) const {
     return dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
                record.RecordNumber = static_cast<int>(
-                   dbsection::NumberIn(m_pRecordset->GetFieldValue(IdentifierColumn)).value_or(0));
+                   dbsection::AsNumber(m_pRecordset->GetFieldValue(IdentifierColumn)));
                record.PublicName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(NameColumn));
                record.VessaName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn));
-               const int count = m_pRecordset->GetFieldCount();
+               const int count = std::min(BookkeepingColumns +
+                                              dbsection::CountPresentColumns(*m_pRecordset, layout),
+                                          m_pRecordset->GetFieldCount());
                for (int column = BookkeepingColumns; column < count; ++column)
                    record.SetColumn(column, m_pRecordset->GetFieldValue(column));
                return 1;
@@ -70,11 +73,12 @@ bool CatalogueSectionDB::OpenRow(const char* name) {
     return false;
 }
 
-int CatalogueSectionDB::ReadSection(const CString& table, const char* name, SectionRecord& record) {
+int CatalogueSectionDB::ReadSection(const CString& table, const char* name, SectionRecord& record,
+                                    LayoutId layout) {
     return Operation("ReadSection()", [&] {
         m_szTableName = table;
         const bool isRead = OpenSectionDatabase() == 1 && !table.IsEmpty() && OpenRow(name) &&
-                            ReadCurrentRow(record);
+                            ReadCurrentRow(record, layout);
         closeRecordset(&m_pRecordset);
         return isRead ? 1 : 0;
     });
@@ -97,7 +101,7 @@ SectionRecord* CatalogueSectionDB::GetSectionData(const char* name, int* section
         if (family == nullptr)
             return nullptr;
         auto record = dbsection::MakeSectionRecord(family->layout);
-        if (!ReadCurrentRow(*record))
+        if (!ReadCurrentRow(*record, family->layout))
             return nullptr;
         SectionRecord* read = HandOver(std::move(record));
         *sectionType = family->sectionType;

@@ -1,8 +1,7 @@
 // The mechanism that the catalogue classes share: a class is a table of shape families.
 //
 // What the operations do is told in SectionDBBase.h. Display values are a section's numbers in the
-// order area, dimensions, other properties (the order of the layout's columns, the area first), 16
-// at most; texts are left out.
+// order that GetDisplayOrder (SectionLayout.h) tells, 16 at most.
 #pragma once
 
 #include "catalogues/SectionDBBase.h"
@@ -32,9 +31,9 @@ public:
     int AddSectionData(WORD id, SECTIONINFO* record) override;
     int UpdateSectionData(WORD id, SECTIONINFO* record) override;
 
-    /// Fills a record from the row of a section in a table, the only one of its VessaName. Returns
-    /// 1, or 0 without such a row.
-    int ReadSection(const CString& table, const char* name, SectionRecord& record);
+    /// Fills a record of a layout from the row of a section in a table, the only one of its
+    /// VessaName. Returns 1, or 0 without such a row.
+    int ReadSection(const CString& table, const char* name, SectionRecord& record, LayoutId layout);
 
     /// The shape families in the order in which table names are compared.
     std::span<const SectionFamily> Families() const { return m_families; }
@@ -70,8 +69,8 @@ protected:
     /// table. Returns the row's family, or null.
     const SectionFamily* OpenSection(const char* name);
 
-    /// Fills a record from the current row; false when it cannot be read.
-    bool ReadCurrentRow(SectionRecord& record) const;
+    /// Fills a record of a layout from the current row; false when it cannot be read.
+    bool ReadCurrentRow(SectionRecord& record, LayoutId layout) const;
 
     /// How display values are converted: to a length unit and a force unit.
     struct DisplayUnits {
@@ -89,7 +88,7 @@ private:
     void MapFamilies();
 
     bool OpenRow(const char* name);
-    bool ReadDisplayFactors(const SectionFamily& family, const DisplayUnits* units,
+    bool FindDisplayColumns(const SectionFamily& family, const DisplayUnits* units,
                             std::vector<struct DisplayColumn>& columns) const;
     int StoreSection(const char* label, const char* message, WORD id, const SECTIONINFO* record,
                      bool isNew);

@@ -6,6 +6,9 @@ namespace {
 
 using enum SectionField::Type;
 
+constexpr JoistColumn RecordNumber{"RECNO", Long, "NUMBER"};
+constexpr JoistColumn Name{"Name", Text, "TEXT"};
+constexpr JoistColumn VessaName{"VessaName", Text, "TEXT"};
 constexpr JoistColumn JoistId{"JoistID", Long, "NUMBER"};
 constexpr JoistColumn Span{"Span", Double, "FEET"};
 constexpr JoistColumn Depth{"Depth", Double, "INCHES"};
@@ -13,8 +16,14 @@ constexpr JoistColumn Weight{"Weight", Double, "POUND/FEET"};
 constexpr JoistColumn TitleId{"TitleID", Long, "NUMBER"};
 constexpr JoistColumn ColorId{"ColorID", Long, "NUMBER"};
 
-constexpr std::array Joists{JoistId, JoistColumn{"Designation", Text, "TEXT"},
-                            JoistColumn{"SeriesID", Long, "NUMBER"}, Depth, Weight};
+constexpr std::array Joists{RecordNumber,
+                            Name,
+                            VessaName,
+                            JoistId,
+                            JoistColumn{"Designation", Text, "TEXT"},
+                            JoistColumn{"SeriesID", Long, "NUMBER"},
+                            Depth,
+                            Weight};
 
 constexpr std::array JoistLoads{JoistId,
                                 Span,
@@ -33,8 +42,14 @@ constexpr std::array KcsLoads{JoistId,
                               JoistColumn{"BridgTableSectNO", Long, "NUMBER"},
                               TitleId};
 
-constexpr std::array Girders{JoistId, Span, JoistColumn{"NumberOfJoist", Long, "NUMBER"},
-                             JoistColumn{"Space", Double, "FEET"}, Depth};
+constexpr std::array Girders{RecordNumber,
+                             Name,
+                             VessaName,
+                             JoistId,
+                             Span,
+                             JoistColumn{"NumberOfJoist", Long, "NUMBER"},
+                             JoistColumn{"Space", Double, "FEET"},
+                             Depth};
 
 constexpr std::array GirderLoads{JoistId, JoistColumn{"PanelPtLoad", Double, "KIPS"}, Weight,
                                  TitleId, ColorId};

@@ -1,5 +1,8 @@
-// The tables of the steel joist catalogue. They are not section tables: they have no bookkeeping
-// columns, and are joined on JoistID.
+// The tables of the steel joist catalogue: joists, girders, and their loads, joined on JoistID.
+//
+// The tables of joists and girders begin with the bookkeeping columns of section tables. Name and
+// VessaName are the designation; that of a girder without the load, such as "30S24G5N", since its
+// loads stand in a table of their own.
 #pragma once
 
 #include "dataaccess/CSectionFieldInfo.h"

@@ -31,8 +31,7 @@ int FindTableWhere(CSectionDatabase* database, CString& table, ConditionFor cond
 }
 
 unsigned int IdentifierIn(const COleVariant& value) {
-    return static_cast<unsigned int>(
-        static_cast<std::int64_t>(dbsection::NumberIn(value).value_or(0)));
+    return static_cast<unsigned int>(static_cast<std::int64_t>(dbsection::AsNumber(value)));
 }
 
 CString OrderClause(const CStringArray& columns) {

@@ -8,9 +8,8 @@
 // One object serves one catalogue; the driver owns it. Section types are the catalogue's own
 // numbers for its tables. Operations return 1 for success and 0 for failure; failures of the
 // database are reported by the data-access functions, an exhaustion of memory by the operation that
-// was called. Nothing is thrown but the invalid-argument error, by GetSectionStructProperty where a
-// column lacks its unit and by a sorted name list of a table without columns; a constructor throws
-// std::bad_alloc where memory is too short.
+// was called. Nothing is thrown but the invalid-argument error (CInvalidArgException*) by the two
+// operations that say so; a constructor throws std::bad_alloc where memory is too short.
 #pragma once
 
 #include "dataaccess/DataAccess.h"
@@ -60,12 +59,14 @@ public:
     virtual SectionRecord* GetSectionData(const char* name, int* sectionType);
 
     /// The property summary of a section as a new record, which the caller owns: lengths in the
-    /// length unit `unit1` (1001 to 1008), forces in the force unit `unit2` (2001 to 2008).
+    /// length unit `unit1` (1001 to 1008), forces in the force unit `unit2` (2001 to 2008). Null
+    /// for a table without units; one that keeps units for some of its columns only throws the
+    /// invalid-argument error.
     virtual SECTIONINFO* GetSectionStructProperty(const char* name, unsigned int unit1,
                                                   unsigned int unit2, int* sectionType);
 
-    /// Adds a row to the working table, or changes the row of that identifier: the record's names
-    /// and `Values`. Refused with a message when another row has the record's public name.
+    /// Adds a row to the working table, or changes the row of that identifier: the record's names,
+    /// `Values` and `Texts`. Refused with a message when another row has the record's public name.
     virtual int AddSectionData(WORD id, SECTIONINFO* record);
     virtual int UpdateSectionData(WORD id, SECTIONINFO* record);
 
@@ -73,7 +74,8 @@ public:
     virtual int GetSectionTypeList(CStringList* list);
 
     /// Appends the sections' VessaNames, or their public names, sorted by record identifier on
-    /// request. `ids`, where given, receives the identifiers in list order.
+    /// request: a table without columns then throws the invalid-argument error. `ids`, where given,
+    /// receives the identifiers in list order.
     virtual int GetSectionNameList(int sectionType, CStringList* list, CUIntArray* ids, int sorted,
                                    int publicName);
 

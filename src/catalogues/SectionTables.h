@@ -1,8 +1,10 @@
-// The section tables of a catalogue: walking them, and asking one for rows.
+// The section tables of a catalogue: walking them, and asking one for rows and columns.
 #pragma once
 
 #include "dataaccess/DataAccess.h"
 #include "dataaccess/Guard.h"
+#include "platform/Text.h"
+#include "records/SectionLayout.h"
 
 namespace dbsection {
 
@@ -31,6 +33,24 @@ inline bool FindsRow(CSectionRecordset& rows, const CString& sql) {
                        rows.Open(CSectionRecordset::Snapshot, sql);
                        return rows.IsEOF() ? 0 : 1;
                    }) == 1;
+}
+
+/// How many columns of its layout an open section table has: one of an older file lacks those that
+/// were added since. What else may stand in their place is not taken for them.
+inline int CountPresentColumns(const CSectionRecordset& rows, LayoutId layout) {
+    int present = 0;
+    for (const LayoutColumn& column : GetSectionLayout(layout).columns) {
+        if (column.isAdded) {
+            const int index = BookkeepingColumns + present;
+            CSectionFieldInfo field;
+            if (index < rows.GetFieldCount())
+                rows.GetFieldInfo(index, field);
+            if (!EqualNoCase(field.m_strName.View(), column.name))
+                break;
+        }
+        ++present;
+    }
+    return present;
 }
 
 } // namespace dbsection

@@ -1,12 +1,14 @@
 #include "engine/EngineState.h"
 
-#include "units/UNIT.h"
+#include "units/FieldUnits.h"
 
 #include <algorithm>
+#include <limits>
 #include <map>
-#include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
+#include <utility>
 
 namespace dbsection {
 
@@ -58,47 +60,65 @@ struct Conversion {
     auto operator<=>(const Conversion&) const = default;
 };
 
-Factors ReadFactors(const Conversion& conversion) {
+/// Nothing when the units cannot be read.
+std::optional<Factors> ReadFactors(const Conversion& conversion) {
     Factors factors;
     factors.fill(1);
-    const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(
-        gblSectionDatabase,
-        SectionDBInterface::GetTableFromSectionType(conversion.catalogue, conversion.type)));
-    for (int column = conversion.first; units && column < conversion.last; ++column)
-        factors[static_cast<std::size_t>(column)] = static_cast<float>(UNIT::ConvertUnitTo(
-            1.0, units->GetAt(column), static_cast<unsigned>(conversion.forceUnit),
-            static_cast<unsigned>(conversion.lengthUnit)));
+    CStringArray units;
+    const CString table =
+        SectionDBInterface::GetTableFromSectionType(conversion.catalogue, conversion.type);
+    const FieldUnits found = ReadFieldUnits(gblSectionDatabase, table, units);
+    if (found == FieldUnits::Unreadable)
+        return std::nullopt;
+    if (found == FieldUnits::Kept)
+        for (int column = conversion.first; column < conversion.last; ++column)
+            factors[static_cast<std::size_t>(column)] = static_cast<float>(UNIT::ConvertUnitTo(
+                1.0, units.GetAt(column), static_cast<unsigned>(conversion.forceUnit),
+                static_cast<unsigned>(conversion.lengthUnit)));
     return factors;
 }
 
 /// The factors of a table as they were when a database had that stamp; they are kept as long as
 /// nothing changes, since the engine asks for one section after the other.
-const Factors& KeptFactors(const Conversion& conversion, const CSectionDataStamp& stamp) {
+std::optional<Factors> FindFactors(const Conversion& conversion, const CSectionDataStamp& stamp) {
     static std::map<Conversion, Factors> kept;
     static CSectionDataStamp keptStamp;
     if (keptStamp != stamp)
         kept.clear();
     keptStamp = stamp;
-    const auto place = kept.find(conversion);
-    return place != kept.end() ? place->second
-                               : kept.emplace(conversion, ReadFactors(conversion)).first->second;
+    if (const auto place = kept.find(conversion); place != kept.end())
+        return place->second;
+    const auto factors = ReadFactors(conversion);
+    if (factors)
+        kept.emplace(conversion, *factors);
+    return factors;
 }
 
 } // namespace
 
-void EngineSlot::ConvertTo(int lengthUnit, int forceUnit, int first) {
+bool EngineSlot::ConvertTo(int lengthUnit, int forceUnit, int first) {
     constexpr int FirstUnit = 1001;
     constexpr int LastUnit = 1008;
     std::fill(factors.begin() + BookkeepingColumns, factors.end(), 1.0F);
     if (lengthUnit < FirstUnit || lengthUnit > LastUnit)
-        return;
+        return true;
+    const int counted = std::exchange(count, 0); // no row is read without its factors
     const Conversion conversion{catalogue,  type,
                                 lengthUnit, forceUnit,
                                 first,      std::min(BookkeepingColumns + valueCount, Columns)};
     const auto stamp = rows == nullptr ? std::nullopt : rows->GetDataStamp();
-    const Factors& columns = stamp ? KeptFactors(conversion, *stamp) : ReadFactors(conversion);
-    std::copy(columns.begin() + BookkeepingColumns, columns.end(),
+    const auto columns = stamp ? FindFactors(conversion, *stamp) : ReadFactors(conversion);
+    if (!columns)
+        return false;
+    std::copy(columns->begin() + BookkeepingColumns, columns->end(),
               factors.begin() + BookkeepingColumns);
+    count = counted;
+    return true;
+}
+
+float ToSingle(double number) {
+    constexpr double Largest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(number, -Largest, Largest));
 }
 
 void EngineSlot::ReadValues(float* values, int first) const {
@@ -107,7 +127,8 @@ void EngineSlot::ReadValues(float* values, int first) const {
     const auto size = static_cast<std::size_t>(std::max(last - first, 0));
     rows->GetFieldNumbers(first, std::span(numbers).first(size));
     for (std::size_t i = 0; i < size; ++i)
-        values[i] = static_cast<float>(numbers[i]) * factors[static_cast<std::size_t>(first) + i];
+        values[i] = ToSingle(numbers[i] *
+                             static_cast<double>(factors[static_cast<std::size_t>(first) + i]));
 }
 
 void EngineSlot::ReadFirst(float* values, int first) {
@@ -117,11 +138,10 @@ void EngineSlot::ReadFirst(float* values, int first) {
 }
 
 CString EngineText(const char* text, std::int32_t length) {
-    constexpr char BlankOrNul = '\xDF'; // clears the bit that a blank has and a NUL has not
-    int end = text == nullptr ? 0 : std::max<std::int32_t>(length, 0);
-    while (end > 0 && (text[end - 1] & BlankOrNul) == 0)
-        --end;
-    return {text, end};
+    const bool isGiven = text != nullptr && length > 0;
+    std::string_view given(text, isGiven ? static_cast<std::size_t>(length) : 0);
+    given = given.substr(0, given.find('\0'));
+    return CString(given.substr(0, given.find_last_not_of(' ') + 1));
 }
 
 CString EngineName(const char* text, std::int32_t length) {

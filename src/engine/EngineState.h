@@ -14,6 +14,7 @@ namespace dbsection {
 /// Rows of a query, where the cursor reads them.
 struct EngineSlot {
     static constexpr int Columns = 20;
+    static constexpr int MostValues = Columns - BookkeepingColumns;
 
     int catalogue = 0;
     int type = 0;
@@ -41,8 +42,9 @@ struct EngineSlot {
     void SetFactors(float factor) { factors.fill(factor); }
 
     /// Sets the factors of the values from `first` on, by the units of the slot's table: forces are
-    /// converted to `forceUnit`, lengths to `lengthUnit`; 1.0 where that is none.
-    void ConvertTo(int lengthUnit, int forceUnit = 2001, int first = BookkeepingColumns);
+    /// converted to `forceUnit`, lengths to `lengthUnit`; 1.0 where that is none, or where the
+    /// table keeps no units. False when the units cannot be read: the slot then has no rows.
+    bool ConvertTo(int lengthUnit, int forceUnit = 2001, int first = BookkeepingColumns);
 
     /// Reads the values of the current row from a column on.
     void ReadValues(float* values, int first = BookkeepingColumns) const;
@@ -62,7 +64,10 @@ extern std::array<EngineSlot, SlotCount> engineSlots;
 /// The slot of a number, or null.
 EngineSlot* FindSlot(int number);
 
-/// An incoming text without the blanks and NULs at its end; in capitals on request.
+/// A number as a single, the largest one where it is beyond them.
+float ToSingle(double number);
+
+/// An incoming text up to a NUL, without the blanks at its end; in capitals on request.
 CString EngineText(const char* text, std::int32_t length);
 CString EngineName(const char* text, std::int32_t length);
 

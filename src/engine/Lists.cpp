@@ -49,9 +49,9 @@ void Ask(const List& list, Query query, Prepare prepare) {
         EngineSlot& slot = engineSlots[static_cast<std::size_t>(list.slot)];
         slot.Begin(*list.catalogue, *list.type);
         slot.Ask(query);
+        prepare(slot);
         *list.count = slot.count;
         *list.valueCount = slot.valueCount;
-        prepare(slot);
     });
 }
 
@@ -122,14 +122,14 @@ void GETRANGESORTEDSECTIONS(const std::int32_t* catalogue, const std::int32_t* t
         EngineSlot& slot = engineSlots[Slot];
         slot.Begin(*catalogue, *type);
         slot.valueCount = *value_count;
-        if (!IsOpen(*catalogue)) // nor would the bounds be in its units
-            return;
-        slot.ConvertTo(*unit);
+        const bool isValue = *column >= BookkeepingColumns;
+        if (!IsOpen(*catalogue) || !slot.ConvertTo(*unit) || (isValue && slot.valueCount == 0))
+            return; // the bounds cannot be converted
         const bool isColumn = *column >= 0 && *column < EngineSlot::Columns;
-        const float factor = isColumn ? slot.factors[static_cast<std::size_t>(*column)] : 1;
+        const double factor = isColumn ? slot.factors[static_cast<std::size_t>(*column)] : 1;
         if (factor != 0) { // a text has none
-            *upper /= factor;
-            *lower /= factor;
+            *upper = dbsection::ToSingle(static_cast<double>(*upper) / factor);
+            *lower = dbsection::ToSingle(static_cast<double>(*lower) / factor);
         }
         const SortKeys order(keys, *key_count);
         const int fieldCount = slot.valueCount;

@@ -3,6 +3,10 @@
 #include "engine/SectionEngine.h"
 
 #include "dataaccess/CCrack.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <string_view>
 
 using dbsection::EngineName;
 using dbsection::EngineSlot;
@@ -16,38 +20,67 @@ constexpr int JoinedValue = 3; ///< the value that sections joined by "+" add
 
 EngineSlot& Lookup() { return engineSlots[0]; }
 
-/// Runs a query into slot 0 and counts its rows and values.
-template <class Query>
-void Ask(Query query, std::int32_t* count, std::int32_t* valueCount) {
+/// What a lookup hands back.
+struct Answer {
+    float* values;
+    std::int32_t* count;
+    std::int32_t* valueCount;
+};
+
+/// Runs a query into slot 0 and reads the first row; `prepare` sets the slot's factors, or tells
+/// that it cannot. False when it is unknown whether there is a row.
+template <class Query, class Prepare>
+bool Read(const Answer& answer, Query query, Prepare prepare, int firstValue = BookkeepingColumns) {
     EngineSlot& slot = Lookup();
     slot.Ask(query);
-    *count = slot.count;
-    *valueCount = slot.valueCount;
+    const bool isKnown = prepare(slot) && slot.rows != nullptr;
+    slot.ReadFirst(answer.values, firstValue);
+    *answer.count = slot.count;
+    *answer.valueCount = slot.valueCount;
+    return isKnown;
 }
 
 /// Reads the section of a name, of the slot's catalogue and type, and its converted values.
-void Read(const CString& name, int unit, float* values, std::int32_t* count,
-          std::int32_t* valueCount) {
-    EngineSlot& slot = Lookup();
-    Ask(
+bool ReadSection(const Answer& answer, const CString& name, int unit) {
+    const EngineSlot& slot = Lookup();
+    return Read(
+        answer,
         [&](CSectionDatabase** db, CSectionRecordset** rs) {
             SectionDBInterface::GetSectionRecord(slot.catalogue, slot.type, name, db, rs);
         },
-        count, valueCount);
-    slot.ConvertTo(unit);
-    slot.ReadFirst(values);
+        [&](EngineSlot& read) { return read.ConvertTo(unit); });
 }
 
-/// Reads "first+second": the values of the first, one of them increased by that of the second.
-void ReadJoined(const CString& first, const CString& second, int unit, float* values,
-                std::int32_t* count, std::int32_t* valueCount) {
-    Read(first, unit, values, count, valueCount);
+/// Reads "first+second": the values of the first, one of them increased by that of the second. The
+/// first alone does when there is no second, but not when that cannot be found out.
+void ReadJoined(const Answer& answer, const CString& first, const CString& second, int unit) {
+    std::array<float, EngineSlot::Columns> sum{};
     std::array<float, EngineSlot::Columns> others{};
-    std::int32_t ignoredCount = 0;
-    std::int32_t ignoredValueCount = 0;
-    Read(second, unit, others.data(), &ignoredCount, &ignoredValueCount);
-    if (*count > 0 && ignoredCount > 0 && ignoredValueCount > JoinedValue)
-        values[JoinedValue] += others[JoinedValue];
+    std::int32_t count = 0;
+    std::int32_t valueCount = 0;
+    std::int32_t othersCount = 0;
+    std::int32_t othersValueCount = 0;
+    ReadSection({sum.data(), &count, &valueCount}, first, unit);
+    if (!ReadSection({others.data(), &othersCount, &othersValueCount}, second, unit))
+        return;
+    if (othersCount > 0 && othersValueCount > JoinedValue)
+        sum[JoinedValue] += others[JoinedValue];
+    if (count > 0)
+        std::copy_n(sum.begin(), std::min(valueCount, EngineSlot::MostValues), answer.values);
+    *answer.count = count;
+    *answer.valueCount = valueCount;
+}
+
+/// Reads a section, or two that are joined by "+", whose names may be padded with blanks.
+void ReadOneOrTwo(const Answer& answer, const CString& name, int unit) {
+    const std::string_view text = name.View();
+    const std::size_t plus = text.find('+');
+    if (plus == std::string_view::npos) {
+        ReadSection(answer, name, unit);
+        return;
+    }
+    const auto trimmed = [](std::string_view part) { return CString(dbsection::Trim(part)); };
+    ReadJoined(answer, trimmed(text.substr(0, plus)), trimmed(text.substr(plus + 1)), unit);
 }
 
 /// The beam that the castellated beam in the slot was cut from. The slot's count is that of the
@@ -61,13 +94,13 @@ CString RootBeam() {
 
 /// A lookup of values that are handed back as stored.
 template <class Query>
-void ReadStored(const std::int32_t* catalogue, const std::int32_t* type, float* values,
-                std::int32_t* count, std::int32_t* valueCount, Query query) {
-    EngineSlot& slot = Lookup();
-    slot.Begin(*catalogue, *type);
-    Ask(query, count, valueCount);
-    slot.SetFactors(1);
-    slot.ReadFirst(values);
+void ReadStored(const std::int32_t* catalogue, const std::int32_t* type, const Answer& answer,
+                Query query) {
+    Lookup().Begin(*catalogue, *type);
+    Read(answer, query, [](EngineSlot& slot) {
+        slot.SetFactors(1);
+        return true;
+    });
 }
 
 } // namespace
@@ -78,12 +111,7 @@ void GETSECTION(const std::int32_t* catalogue, const std::int32_t* type, const c
     *count = *value_count = 0;
     Enter("GETSECTION()", err, [&] {
         Lookup().Begin(*catalogue, *type);
-        const CString text = EngineName(name, name_length);
-        const int plus = text.Find('+');
-        if (plus < 0)
-            Read(text, *unit, values, count, value_count);
-        else
-            ReadJoined(text.Left(plus), text.Mid(plus + 1), *unit, values, count, value_count);
+        ReadOneOrTwo({values, count, value_count}, EngineName(name, name_length), *unit);
     });
 }
 
@@ -105,7 +133,7 @@ void GETSECTIONTYPEFROMVESSANAME(const std::int32_t* catalogue, std::int32_t* ty
         if (values == nullptr)
             return;
         Lookup().type = *type;
-        Read(text, *unit, values, count, value_count);
+        ReadSection({values, count, value_count}, text, *unit);
     });
     if (!isUnknown)
         *err = kind;
@@ -127,7 +155,7 @@ void GETCASTELLATEDROOTBEAMSECTION(const std::int32_t* catalogue, std::int32_t* 
             return;
         *type = WShape;
         slot.type = WShape;
-        Read(beam, *unit, values, count, value_count);
+        ReadSection({values, count, value_count}, beam, *unit);
     });
 }
 
@@ -137,7 +165,7 @@ void GETSTEELJOIST(const std::int32_t* catalogue, const std::int32_t* type, cons
     *count = *value_count = 0;
     Enter("GETSTEELJOIST()", err, [&] {
         const CString text = EngineName(name, name_length);
-        ReadStored(catalogue, type, values, count, value_count,
+        ReadStored(catalogue, type, {values, count, value_count},
                    [&](CSectionDatabase** db, CSectionRecordset** rs) {
                        SectionDBInterface::GetSteelJoist(*catalogue, *type, text, db, rs);
                    });
@@ -152,7 +180,7 @@ void GETJOISTGIRDER(const std::int32_t* catalogue, const std::int32_t* type, con
     *count = *value_count = 0;
     Enter("GETJOISTGIRDER()", err, [&] {
         const CString text = EngineName(name, name_length);
-        ReadStored(catalogue, type, values, count, value_count,
+        ReadStored(catalogue, type, {values, count, value_count},
                    [&](CSectionDatabase** db, CSectionRecordset** rs) {
                        SectionDBInterface::GetJoistGirder(*catalogue, *type, text, db, rs);
                    });
@@ -170,16 +198,15 @@ void GETALUMINIUMMATERIALPROPERTY(const std::int32_t* catalogue, const std::int3
     const auto natural = [](const std::int32_t* number) { return static_cast<unsigned>(*number); };
     *count = *value_count = 0;
     Enter("GETALUMINIUMMATERIALPROPERTY()", err, [&] {
-        EngineSlot& slot = Lookup();
-        slot.Begin(*catalogue, *type);
-        Ask(
+        Lookup().Begin(*catalogue, *type);
+        Read(
+            {values, count, value_count},
             [&](CSectionDatabase** db, CSectionRecordset** rs) {
                 SectionDBInterface::GetAluminiumMaterialProperty(
                     *catalogue, *type, EngineName(name, name_length), natural(product),
                     natural(alclad), natural(welded), *thickness, db, rs);
             },
-            count, value_count);
-        slot.ConvertTo(*unit, *source_unit, FirstValue);
-        slot.ReadFirst(values, FirstValue);
+            [&](EngineSlot& slot) { return slot.ConvertTo(*unit, *source_unit, FirstValue); },
+            FirstValue);
     });
 }

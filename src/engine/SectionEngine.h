@@ -9,7 +9,7 @@
  *     GETSECTION(&catalogue, &type, "W12X26", 6, &unit, values, &count, &values_count, &err);
  *     CLOSESECTIONDATABASE(&err);
  *
- * Texts that come in may end in blanks or NULs, which do not count; sections are named in any
+ * Texts that come in end at a NUL or in blanks, which do not count; sections are named in any
  * letter case. Values are the columns of a section's row from column 3 on (counted from 0), 17 at
  * most, lengths converted to the unit `unit`: 1001 inch, 1002 foot, 1003 yard, 1004 mm, 1005 cm,
  * 1006 dm, 1007 m, 1008 km; forces to kips. Any other code leaves them as stored. `err` is the kind
@@ -17,6 +17,11 @@
  * A failed call gives no rows and no values: counts and status are 0. No exception leaves a call but
  * the library's invalid-argument error (CInvalidArgException*): where a table's list of units is
  * shorter than its columns, a value is converted, or asked for its unit, beyond the list.
+ *
+ * Where a table keeps no units, its values come as stored; where its units cannot be read, none
+ * come. A list of units that is too short throws the invalid-argument error (CInvalidArgException*
+ * of C++) in the calls that convert values, and in GETUNITFORFIELDANDCONVFACT for a value that it
+ * does not reach; nothing else throws.
  *
  * A query leaves its rows in a slot of its own, named with it, where the cursor reads them. There
  * is one set of slots and one open database for the process; calls come from one thread at a time.
@@ -86,8 +91,8 @@ DBSECTION_API void GETLASTSECTION(const int32_t* slot /* in */, char* name /* ou
 /* Single sections, into slot 0. `count` is the number of rows of that name, `value_count` that of
  * values; values(17) are written when there is a row. */
 
-/* A section, or two joined by "+": the values are those of the first, but for the fourth, which is
- * the sum of both. */
+/* A section, or two joined by "+", with or without blanks beside it: the values are those of the
+ * first, but for the fourth, which is the sum of both. */
 DBSECTION_API void GETSECTION(const int32_t* catalogue /* in */, const int32_t* type /* in */,
                               const char* name /* in */, int32_t name_length,
                               const int32_t* unit /* in */, float* values /* out */,

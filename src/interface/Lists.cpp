@@ -1,7 +1,7 @@
 // Section lists, display data and section records: the catalogue objects do the work.
 #include "interface/SectionDBInterface.h"
 
-#include "catalogues/SectionFamily.h"
+#include "catalogues/CatalogueSectionDB.h"
 #include "interface/PrincipalAngle.h"
 #include "interface/PublicCall.h"
 
@@ -42,6 +42,20 @@ void ListInto(std::vector<CString>& out, CUIntArray* ids, List list) {
     out = {names->begin(), names->end()};
     if (ids != nullptr)
         *ids = std::move(numbers);
+}
+
+bool HasLips(const SectionDBBase& catalogue, int sectionType) {
+    const auto* known = dynamic_cast<const CatalogueSectionDB*>(&catalogue);
+    const SectionFamily* family =
+        known == nullptr ? nullptr : known->FindFamily(known->GetTableName(sectionType));
+    return family != nullptr && family->layout == LayoutId::ColdFormedAngleLipped;
+}
+
+/// The angle of the principal axes; of an angle with lips that of its legs alone.
+double AngleOf(dbsection::AngleSection section, const SectionDBBase& catalogue, int sectionType) {
+    if (HasLips(catalogue, sectionType))
+        section.area = (section.depth + section.width - section.thickness) * section.thickness;
+    return dbsection::PrincipalAngle(section);
 }
 
 } // namespace
@@ -193,7 +207,7 @@ int SectionDBInterface::GetSectionPrincipalAngle(int index, CString name, double
             catalogue->GetSectionDataForGUI(index, name, &sectionType, &recordNo, values.data(),
                                             isAmerican ? 1001 : 1004, isAmerican ? 2001 : 2005);
         if (result != 0 && catalogue->GetShapeType(sectionType) == ShapeType::Angle)
-            *angle = dbsection::PrincipalAngle({values[0], values[1], values[2], values[3]});
+            *angle = AngleOf({values[0], values[1], values[2], values[3]}, *catalogue, sectionType);
         return result;
     });
 }

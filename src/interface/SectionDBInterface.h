@@ -19,8 +19,8 @@
 // what this one could not make, but for a catalogue's object, which UnInitSectionDBInterface and
 // InitSectionDBInterface bring back. Nothing is thrown but the invalid-argument error
 // (CInvalidArgException*), and that only by SaveUserSelectedSections and the queries on an empty
-// selection, by GetSectionStructProperty where a column lacks its unit, and by the sorted name
-// lists of a table without columns.
+// selection, by GetSectionStructProperty where the table keeps units for some of its columns only,
+// and by the sorted GetSectionNameList of a table without columns.
 #pragma once
 
 #include "catalogues/SectionDBDriver.h"
@@ -266,8 +266,8 @@ public:
                                              int* recordNo, float* values, unsigned int unit1,
                                              unsigned int unit2);
 
-    /// The angle of the principal axes of an angle section in degrees, 45 for equal legs; 0 for
-    /// other shapes. Returns 1 when the section was found.
+    /// The angle of the principal axes of an angle section in degrees, 45 for equal legs; lips are
+    /// left out. 0 for other shapes. Returns 1 when the section was found.
     static int GetSectionPrincipalAngle(int index, CString name, double* angle);
 
     /// The row of a section (a SectionRecord of its layout), or its property summary (a

@@ -8,6 +8,7 @@
 #pragma once
 
 #include "platform/CString.h"
+#include "platform/Text.h"
 
 #include <cstdint>
 #include <optional>
@@ -130,6 +131,11 @@ inline std::optional<double> NumberIn(const COleVariant& value) {
     default:
         return std::nullopt;
     }
+}
+
+/// The number that a variant holds, or that its text begins with; 0 without one.
+inline double AsNumber(const COleVariant& value) {
+    return NumberIn(value).value_or(LeadingNumber<double>(value.strVal.View()));
 }
 
 } // namespace dbsection

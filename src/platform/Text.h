@@ -15,6 +15,8 @@ constexpr char ToUpper(char c) {
 
 constexpr bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
 inline std::string UpperCase(std::string_view text) {
     std::string upper(text);
     std::ranges::transform(upper, upper.begin(), ToUpper);
@@ -33,14 +35,24 @@ inline std::string_view Trim(std::string_view text) {
     return text;
 }
 
-/// The integer at the beginning of a text, behind blanks and with an optional sign; 0 without one.
-inline std::int64_t LeadingInteger(std::string_view text) {
+/// The number at the beginning of a text, behind blanks and at most one sign; 0 without one. It
+/// begins with a digit or a decimal point: neither "inf" nor "nan" is a number.
+template <class Number>
+Number LeadingNumber(std::string_view text) {
     text = Trim(text);
+    const std::size_t sign = text.starts_with('+') || text.starts_with('-') ? 1 : 0;
+    const char first = text.size() > sign ? text[sign] : '\0';
+    if (!IsDigit(first) && first != '.')
+        return 0;
     if (text.starts_with('+'))
         text.remove_prefix(1);
-    std::int64_t number = 0;
+    Number number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
     return number;
+}
+
+inline std::int64_t LeadingInteger(std::string_view text) {
+    return LeadingNumber<std::int64_t>(text);
 }
 
 } // namespace dbsection

@@ -15,7 +15,7 @@ void FillRecord(int catalogue, int type, const char* name, CastellatedRecord& re
     AISCSectionDB american;
     american.SetDatabase(gblSectionDatabase);
     CastellatedRecord read = record;
-    if (american.ReadSection(table, name, read) == 1)
+    if (american.ReadSection(table, name, read, CastellatedRecord::Layout) == 1)
         record = std::move(read);
 }
 

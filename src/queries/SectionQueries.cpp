@@ -6,10 +6,11 @@
 #include "dataaccess/Handles.h"
 #include "interface/RequireOpen.h"
 #include "interface/Selection.h"
+#include "platform/Text.h"
 #include "queries/QueryCall.h"
 #include "queries/QueryText.h"
 
-#include <charconv>
+#include <optional>
 
 using dbsection::Fixed;
 using dbsection::QueryCall;
@@ -85,18 +86,18 @@ const char* AreaColumnOf(int catalogue) {
                                                             : "";
 }
 
-/// The average of a column over the selected sections; 0 where it cannot be read.
-double Average(const Target& target, const CString& column, CSectionDatabase** db) {
+/// The average of a column over the selected sections; nothing where it cannot be read.
+std::optional<double> Average(const Target& target, const CString& column, CSectionDatabase** db) {
     RecordsetHandle rows;
     const CString sql = "Select MAX(" + column + "), MIN(" + column + "), AVG(" + column +
                         ") From [" + target.table + "] WHERE " +
                         target.Selected(SelectionForm::Bare);
     if (openRecordset(db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1)
-        return 0;
-    double average = 0;
+        return std::nullopt;
+    std::optional<double> average;
     dbsection::Guarded({"GetAssignSectionRecords()", "Failed to read the average."}, [&] {
-        const CString text = CCrack::strVARIANT(rows->GetFieldValue(2));
-        std::from_chars(text.View().begin(), text.View().end(), average);
+        average =
+            dbsection::LeadingNumber<double>(CCrack::strVARIANT(rows->GetFieldValue(2)).View());
         return 1;
     });
     return average;
@@ -171,8 +172,13 @@ void SectionDBInterface::GetAssignSectionRecords(int catalogue, int type, const 
             getRecordCount(rs) == 1)
             return;
         const CString area = AreaColumnOf(catalogue);
-        const CString atLeast = "[" + area + "] >= " + Fixed(Average(target, area, db)) +
-                                " ORDER BY [" + area + "] ASC";
+        const auto average = Average(target, area, db);
+        if (!average) { // which sections reach it is not known
+            closeRecordset(rs);
+            return;
+        }
+        const CString atLeast =
+            "[" + area + "] >= " + Fixed(*average) + " ORDER BY [" + area + "] ASC";
         const CString condition = selected.IsEmpty() ? " WHERE " : " WHERE " + selected + " AND ";
         openRecordset(db, rs, target.Rows() + condition + atLeast, CSectionRecordset::Dynaset, 1);
     });

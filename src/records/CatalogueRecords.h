@@ -18,16 +18,16 @@ struct COMMONSECTION {
 
 /// Cold-formed sections, as several catalogues have them.
 struct COLDFORMEDSECTION {
-    using AngleWithoutLips = ColdFormedRecord;
-    using AngleWithLips = ColdFormedLippedRecord;
-    using ChannelWithoutLips = ColdFormedRecord;
-    using ChannelWithLips = ColdFormedLippedRecord;
-    using ZeeWithoutLips = ColdFormedRecord;
-    using ZeeWithLips = ColdFormedLippedRecord;
-    using Hat = ColdFormedRecord;
+    using AngleWithoutLips = ColdFormedAngleRecord;
+    using AngleWithLips = ColdFormedAngleLippedRecord;
+    using ChannelWithoutLips = ColdFormedChannelRecord;
+    using ChannelWithLips = ColdFormedChannelLippedRecord;
+    using ZeeWithoutLips = ColdFormedZeeRecord;
+    using ZeeWithLips = ColdFormedZeeLippedRecord;
+    using Hat = HatRecord;
     using Pipe = RoundTubeRecord;
     using Tube = RectangularTubeRecord;
-    using EaveStruts = ColdFormedLippedRecord;
+    using EaveStruts = EaveStrutRecord;
 };
 
 /// Hollow sections, as several catalogues have them.
@@ -241,8 +241,8 @@ struct AITCTIMBERSECTION {
 };
 
 struct LYSAGHTSECTION {
-    using ChannelWithLips = ColdFormedLippedRecord;
-    using ZeeWithLips = ColdFormedLippedRecord;
+    using ChannelWithLips = ColdFormedChannelLippedRecord;
+    using ZeeWithLips = ColdFormedZeeLippedRecord;
 };
 
 struct BSCOLDFORMSECTION : COLDFORMEDSECTION {};
@@ -253,8 +253,8 @@ struct CANADIANTIMBERSECTION {
 };
 
 struct BUTLERSECTION {
-    using ZeePurlins = ColdFormedLippedRecord;
-    using EaveStruts = ColdFormedLippedRecord;
+    using ZeePurlins = ColdFormedZeeLippedRecord;
+    using EaveStruts = EaveStrutRecord;
     using BoxStruts = RectangularTubeRecord;
     using WideFlange = IShapeRecord;
     using TaperedWideFlange = IShapeRecord;
@@ -316,7 +316,7 @@ struct APLAPOLLOTUBESSECTION : HOLLOWSECTION {};
 
 struct USERSECTION : COMMONSECTION {
     using WideFlange = IShapeRecord;
-    using DoubleAngle = AngleRecord;
+    using DoubleAngle = DoubleAngleRecord;
     using Tee = TeeRecord;
     using General = GeneralRecord;
     using ISection = IShapeRecord;
@@ -328,6 +328,6 @@ struct GENERICSECTION : COMMONSECTION {
     using TShape = TeeRecord;
     using Rectangle = RectangleRecord;
     using Round = RoundBarRecord;
-    using Zee = ColdFormedLippedRecord;
+    using Zee = ColdFormedZeeLippedRecord;
     using General = GeneralRecord;
 };

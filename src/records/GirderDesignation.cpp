@@ -1,17 +1,12 @@
 #include "records/GirderDesignation.h"
 
+#include "platform/Text.h"
+
 #include <array>
 #include <charconv>
 #include <string>
 
 namespace {
-
-template <class Number>
-Number LeadingNumber(std::string_view text) {
-    Number number = 0;
-    std::from_chars(text.data(), text.data() + text.size(), number);
-    return number;
-}
 
 /// Cuts off the text up to one of two letters; nothing when neither is there.
 std::optional<std::string_view> TakeUpTo(std::string_view& text, const char* letters) {
@@ -26,6 +21,7 @@ std::optional<std::string_view> TakeUpTo(std::string_view& text, const char* let
 } // namespace
 
 std::optional<GirderDesignation> GirderDesignation::Parse(std::string_view text) {
+    using dbsection::LeadingNumber;
     const auto span = TakeUpTo(text, "Ss");
     const auto depth = span ? TakeUpTo(text, "Gg") : span;
     const auto joists = depth ? TakeUpTo(text, "Nn") : depth;

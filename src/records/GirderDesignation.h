@@ -15,7 +15,7 @@ struct DBSECTION_API GirderDesignation {
     double panelLoad = 0;
 
     /// Nothing unless the letters S, G, N and K, of either case, stand in this order. The numbers
-    /// before them are read as far as they go; without any they are 0.
+    /// before them, with or without blanks, are read as far as they go; without any they are 0.
     static std::optional<GirderDesignation> Parse(std::string_view text);
 
     /// The load has one decimal.

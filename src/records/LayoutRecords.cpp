@@ -20,9 +20,11 @@ constexpr std::array<Maker, sizeof...(Records)> MakersOf() {
 }
 
 constexpr auto Makers =
-    MakersOf<IShapeRecord, ChannelRecord, TeeRecord, AngleRecord, RectangularTubeRecord,
-             RoundTubeRecord, RoundBarRecord, CableRecord, RectangleRecord, TimberRecord,
-             BulbFlatRecord, ColdFormedRecord, ColdFormedLippedRecord, CastellatedRecord,
+    MakersOf<IShapeRecord, ChannelRecord, TeeRecord, AngleRecord, DoubleAngleRecord,
+             RectangularTubeRecord, RoundTubeRecord, RoundBarRecord, CableRecord, RectangleRecord,
+             TimberRecord, BulbFlatRecord, ColdFormedAngleRecord, ColdFormedAngleLippedRecord,
+             ColdFormedChannelRecord, ColdFormedChannelLippedRecord, ColdFormedZeeRecord,
+             ColdFormedZeeLippedRecord, HatRecord, EaveStrutRecord, CastellatedRecord,
              AluminiumAlloyRecord, GeneralRecord, JoistRecord, JoistGirderRecord>();
 
 } // namespace
@@ -67,6 +69,14 @@ const std::array<dbsection::Field<AngleRecord>, 11>& AngleRecord::Fields() {
     using R = AngleRecord;
     static constexpr std::array<dbsection::Field<R>, 11> fields{
         &R::D, &R::B, &R::T, &R::AX, &R::IZ, &R::IY, &R::IX, &R::CY, &R::CZ, &R::RV, &R::ALPHA};
+    return fields;
+}
+
+const std::array<dbsection::Field<DoubleAngleRecord>, 12>& DoubleAngleRecord::Fields() {
+    using R = DoubleAngleRecord;
+    static constexpr std::array<dbsection::Field<R>, 12> fields{&R::D,  &R::B,  &R::T,     &R::AX,
+                                                                &R::IZ, &R::IY, &R::IX,    &R::CY,
+                                                                &R::CZ, &R::RV, &R::ALPHA, &R::GAP};
     return fields;
 }
 
@@ -117,17 +127,53 @@ const std::array<dbsection::Field<BulbFlatRecord>, 7>& BulbFlatRecord::Fields() 
     return fields;
 }
 
-const std::array<dbsection::Field<ColdFormedRecord>, 10>& ColdFormedRecord::Fields() {
+namespace dbsection {
+
+template <LayoutId Id>
+const std::array<Field<ColdFormedRecord<Id>>, 10>& ColdFormedRecord<Id>::Fields() {
     using R = ColdFormedRecord;
-    static constexpr std::array<dbsection::Field<R>, 10> fields{
-        &R::AX, &R::D, &R::B, &R::T, &R::R, &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ};
+    static constexpr std::array<Field<R>, 10> fields{&R::AX, &R::D,  &R::B,  &R::T,  &R::R,
+                                                     &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ};
     return fields;
 }
 
-const std::array<dbsection::Field<ColdFormedLippedRecord>, 11>& ColdFormedLippedRecord::Fields() {
+template <LayoutId Id>
+const std::array<Field<ColdFormedLippedRecord<Id>>, 11>& ColdFormedLippedRecord<Id>::Fields() {
     using R = ColdFormedLippedRecord;
+    static constexpr std::array<Field<R>, 11> fields{&R::AX, &R::D,  &R::B,  &R::L,  &R::T, &R::R,
+                                                     &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ};
+    return fields;
+}
+
+template <LayoutId Id>
+const std::array<Field<ColdFormedUnsymmetricRecord<Id>>, 12>&
+ColdFormedUnsymmetricRecord<Id>::Fields() {
+    using R = ColdFormedUnsymmetricRecord;
+    static constexpr std::array<Field<R>, 12> fields{
+        &R::AX, &R::D, &R::B, &R::L, &R::T, &R::R, &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ, &R::CY};
+    return fields;
+}
+
+template struct ColdFormedRecord<LayoutId::ColdFormedChannel>;
+template struct ColdFormedRecord<LayoutId::ColdFormedZee>;
+template struct ColdFormedLippedRecord<LayoutId::ColdFormedChannelLipped>;
+template struct ColdFormedLippedRecord<LayoutId::ColdFormedZeeLipped>;
+template struct ColdFormedUnsymmetricRecord<LayoutId::ColdFormedAngleLipped>;
+template struct ColdFormedUnsymmetricRecord<LayoutId::EaveStrut>;
+
+} // namespace dbsection
+
+const std::array<dbsection::Field<ColdFormedAngleRecord>, 11>& ColdFormedAngleRecord::Fields() {
+    using R = ColdFormedAngleRecord;
     static constexpr std::array<dbsection::Field<R>, 11> fields{
-        &R::AX, &R::D, &R::B, &R::L, &R::T, &R::R, &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ};
+        &R::AX, &R::D, &R::B, &R::T, &R::R, &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ, &R::CY};
+    return fields;
+}
+
+const std::array<dbsection::Field<HatRecord>, 12>& HatRecord::Fields() {
+    using R = HatRecord;
+    static constexpr std::array<dbsection::Field<R>, 12> fields{
+        &R::AX, &R::D, &R::B, &R::T, &R::R, &R::IZ, &R::IX, &R::IY, &R::CW, &R::CZ, &R::L, &R::CY};
     return fields;
 }
 

@@ -30,13 +30,19 @@ public:
         return field == nullptr || field->number == nullptr ? 0 : Self().*(field->number);
     }
 
+    CString Text(int column) const override {
+        const auto* field = FieldAt(column);
+        return field == nullptr || field->text == nullptr ? CString() : Self().*(field->text);
+    }
+
     void SetColumn(int column, const COleVariant& value) override {
         const auto* field = FieldAt(column);
         if (field == nullptr || value.vt == VT_NULL)
             return;
+        MarkAsKept(column);
         auto& self = static_cast<Record&>(*this);
         if (field->number != nullptr)
-            self.*(field->number) = NumberIn(value).value_or(0);
+            self.*(field->number) = AsNumber(value);
         else
             self.*(field->text) = value.strVal;
     }
@@ -85,6 +91,14 @@ struct DBSECTION_API AngleRecord : dbsection::LayoutRecord<AngleRecord> {
     double D{}, B{}, T{}, AX{}, IZ{}, IY{}, IX{}, CY{}, CZ{}, RV{}, ALPHA{};
 
     static const std::array<dbsection::Field<AngleRecord>, 11>& Fields();
+};
+
+struct DBSECTION_API DoubleAngleRecord : dbsection::LayoutRecord<DoubleAngleRecord> {
+    static constexpr LayoutId Layout = LayoutId::DoubleAngle;
+
+    double D{}, B{}, T{}, AX{}, IZ{}, IY{}, IX{}, CY{}, CZ{}, RV{}, ALPHA{}, GAP{};
+
+    static const std::array<dbsection::Field<DoubleAngleRecord>, 12>& Fields();
 };
 
 struct DBSECTION_API RectangularTubeRecord : dbsection::LayoutRecord<RectangularTubeRecord> {
@@ -143,21 +157,70 @@ struct DBSECTION_API BulbFlatRecord : dbsection::LayoutRecord<BulbFlatRecord> {
     static const std::array<dbsection::Field<BulbFlatRecord>, 7>& Fields();
 };
 
-struct DBSECTION_API ColdFormedRecord : dbsection::LayoutRecord<ColdFormedRecord> {
-    static constexpr LayoutId Layout = LayoutId::ColdFormed;
+namespace dbsection {
+
+/// Cold-formed shapes that have the same columns.
+template <LayoutId Id>
+struct DBSECTION_API ColdFormedRecord : LayoutRecord<ColdFormedRecord<Id>> {
+    static constexpr LayoutId Layout = Id;
 
     double AX{}, D{}, B{}, T{}, R{}, IZ{}, IX{}, IY{}, CW{}, CZ{};
 
-    static const std::array<dbsection::Field<ColdFormedRecord>, 10>& Fields();
+    static const std::array<Field<ColdFormedRecord>, 10>& Fields();
 };
 
-struct DBSECTION_API ColdFormedLippedRecord : dbsection::LayoutRecord<ColdFormedLippedRecord> {
-    static constexpr LayoutId Layout = LayoutId::ColdFormedLipped;
+template <LayoutId Id>
+struct DBSECTION_API ColdFormedLippedRecord : LayoutRecord<ColdFormedLippedRecord<Id>> {
+    static constexpr LayoutId Layout = Id;
 
     double AX{}, D{}, B{}, L{}, T{}, R{}, IZ{}, IX{}, IY{}, CW{}, CZ{};
 
-    static const std::array<dbsection::Field<ColdFormedLippedRecord>, 11>& Fields();
+    static const std::array<Field<ColdFormedLippedRecord>, 11>& Fields();
 };
+
+/// With lips and symmetric about no axis.
+template <LayoutId Id>
+struct DBSECTION_API ColdFormedUnsymmetricRecord : LayoutRecord<ColdFormedUnsymmetricRecord<Id>> {
+    static constexpr LayoutId Layout = Id;
+
+    double AX{}, D{}, B{}, L{}, T{}, R{}, IZ{}, IX{}, IY{}, CW{}, CZ{}, CY{};
+
+    static const std::array<Field<ColdFormedUnsymmetricRecord>, 12>& Fields();
+};
+
+extern template struct ColdFormedRecord<LayoutId::ColdFormedChannel>;
+extern template struct ColdFormedRecord<LayoutId::ColdFormedZee>;
+extern template struct ColdFormedLippedRecord<LayoutId::ColdFormedChannelLipped>;
+extern template struct ColdFormedLippedRecord<LayoutId::ColdFormedZeeLipped>;
+extern template struct ColdFormedUnsymmetricRecord<LayoutId::ColdFormedAngleLipped>;
+extern template struct ColdFormedUnsymmetricRecord<LayoutId::EaveStrut>;
+
+} // namespace dbsection
+
+struct DBSECTION_API ColdFormedAngleRecord : dbsection::LayoutRecord<ColdFormedAngleRecord> {
+    static constexpr LayoutId Layout = LayoutId::ColdFormedAngle;
+
+    double AX{}, D{}, B{}, T{}, R{}, IZ{}, IX{}, IY{}, CW{}, CZ{}, CY{};
+
+    static const std::array<dbsection::Field<ColdFormedAngleRecord>, 11>& Fields();
+};
+
+struct DBSECTION_API HatRecord : dbsection::LayoutRecord<HatRecord> {
+    static constexpr LayoutId Layout = LayoutId::Hat;
+
+    double AX{}, D{}, B{}, T{}, R{}, IZ{}, IX{}, IY{}, CW{}, CZ{}, L{}, CY{};
+
+    static const std::array<dbsection::Field<HatRecord>, 12>& Fields();
+};
+
+using ColdFormedAngleLippedRecord =
+    dbsection::ColdFormedUnsymmetricRecord<LayoutId::ColdFormedAngleLipped>;
+using ColdFormedChannelRecord = dbsection::ColdFormedRecord<LayoutId::ColdFormedChannel>;
+using ColdFormedChannelLippedRecord =
+    dbsection::ColdFormedLippedRecord<LayoutId::ColdFormedChannelLipped>;
+using ColdFormedZeeRecord = dbsection::ColdFormedRecord<LayoutId::ColdFormedZee>;
+using ColdFormedZeeLippedRecord = dbsection::ColdFormedLippedRecord<LayoutId::ColdFormedZeeLipped>;
+using EaveStrutRecord = dbsection::ColdFormedUnsymmetricRecord<LayoutId::EaveStrut>;
 
 struct DBSECTION_API CastellatedRecord : dbsection::LayoutRecord<CastellatedRecord> {
     static constexpr LayoutId Layout = LayoutId::Castellated;

@@ -7,7 +7,8 @@
 #include <vector>
 
 /// Design properties of a section in the caller's units: lengths in the length unit that was asked
-/// for, the weight in force unit per length unit. Names are those of the section's row.
+/// for, the weight in force unit per length unit. Names are those of the section's row. What the
+/// row does not tell is 0.
 struct DBSECTION_API SECTIONINFO : SectionRecord {
     double WeightPerLength = 0;
     double Area = 0;
@@ -18,10 +19,16 @@ struct DBSECTION_API SECTIONINFO : SectionRecord {
     double MinorModulus = 0;
     double MinorRadius = 0;
     /// Plastic moduli about the major and the minor axis; for angles the least radius of gyration
-    /// and the angle of the principal axes; 0 where the table keeps neither.
+    /// and the angle of the principal axes.
     std::array<double, 2> Further{};
     double Last = 0; ///< torsion constant
 
-    /// The row's property columns in order, from which rows are added and updated.
+    // The row's property columns, from which rows are added and updated.
+
+    /// The numbers in column order, as stored. Columns that were added to the layout (isAdded) may
+    /// be left out at the end; the row then keeps none in them, or what it has.
     std::vector<double> Values;
+
+    /// The texts in column order; all or none may be left out.
+    std::vector<CString> Texts;
 };

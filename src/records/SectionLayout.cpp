@@ -41,18 +41,42 @@ constexpr std::array TeeColumns{
     Torsion,         WarpingConstant, Minor,
     PlasticMajor,    PlasticMinor,    LayoutColumn{"CY", Length, "centroid from the flange face"}};
 
-constexpr std::array AngleColumns{
-    LayoutColumn{"D", Length, "longer leg"},
-    LayoutColumn{"B", Length, "shorter leg"},
-    LayoutColumn{"T", Length, "leg thickness"},
-    Area_,
-    LayoutColumn{"IZ", Inertia, "moment of inertia about the axis along the shorter leg"},
-    LayoutColumn{"IY", Inertia, "moment of inertia about the axis along the longer leg"},
+constexpr LayoutColumn LongerLeg{"D", Length, "longer leg"};
+constexpr LayoutColumn ShorterLeg{"B", Length, "shorter leg"};
+constexpr LayoutColumn LegThickness{"T", Length, "leg thickness"};
+constexpr LayoutColumn AngleMajor{"IZ", Inertia,
+                                  "moment of inertia about the axis along the shorter leg"};
+constexpr LayoutColumn AngleMinor{"IY", Inertia,
+                                  "moment of inertia about the axis along the longer leg"};
+constexpr LayoutColumn AlongLongerLeg{"CY", Length, "centroid from the heel along the longer leg"};
+constexpr LayoutColumn AlongShorterLeg{"CZ", Length,
+                                       "centroid from the heel along the shorter leg"};
+constexpr LayoutColumn LeastRadius{"RV", Length, "least radius of gyration"};
+constexpr LayoutColumn PrincipalAngle{"ALPHA", Angle, "angle of the principal axes"};
+
+constexpr std::array AngleColumns{LongerLeg,       ShorterLeg,  LegThickness,  Area_,
+                                  AngleMajor,      AngleMinor,  Torsion,       AlongLongerLeg,
+                                  AlongShorterLeg, LeastRadius, PrincipalAngle};
+
+/// Of a column that tables of layout version 1 lack.
+constexpr LayoutColumn Added(LayoutColumn column) {
+    column.isAdded = true;
+    return column;
+}
+
+constexpr std::array DoubleAngleColumns{
+    LayoutColumn{"D", Length, "legs along the gap"},
+    LayoutColumn{"B", Length, "outstanding legs"},
+    LegThickness,
+    LayoutColumn{"AX", Area, "cross-sectional area of both angles"},
+    LayoutColumn{"IZ", Inertia, "moment of inertia about the axis along the outstanding legs"},
+    LayoutColumn{"IY", Inertia, "moment of inertia about the axis along the gap"},
     Torsion,
-    LayoutColumn{"CY", Length, "centroid from the heel along the longer leg"},
-    LayoutColumn{"CZ", Length, "centroid from the heel along the shorter leg"},
-    LayoutColumn{"RV", Length, "least radius of gyration"},
-    LayoutColumn{"ALPHA", Angle, "angle of the principal axes"}};
+    LayoutColumn{"CY", Length, "centroid from the back of the outstanding legs"},
+    LayoutColumn{"CZ", Length, "centroid of one angle from the back of its leg along the gap"},
+    LeastRadius,
+    PrincipalAngle,
+    Added({"GAP", Length, "gap between the angles, 0 where they touch"})};
 
 constexpr std::array RectangularTubeColumns{Area_,   Depth, Width,        WallThickness, Major,
                                             Torsion, Minor, PlasticMajor, PlasticMinor};
@@ -93,22 +117,45 @@ constexpr std::array BulbFlatColumns{
     LayoutColumn{"CY", Length, "centroid from the edge without bulb"}};
 
 constexpr LayoutColumn BendRadius{"R", Length, "inside bend radius"};
-constexpr LayoutColumn ColdFormedCentroid{"CZ", Length, "centroid from the back of the web"};
+constexpr LayoutColumn LipDepth{"L", Length, "depth of lip, square to what it ends"};
+constexpr LayoutColumn FromWeb{"CZ", Length, "centroid from the back of the web"};
 
 constexpr std::array ColdFormedColumns{Area_, Depth,   Width, WallThickness,   BendRadius,
-                                       Major, Torsion, Minor, WarpingConstant, ColdFormedCentroid};
+                                       Major, Torsion, Minor, WarpingConstant, FromWeb};
 
-constexpr std::array ColdFormedLippedColumns{Area_,
-                                             Depth,
-                                             Width,
-                                             LayoutColumn{"L", Length, "depth of lip"},
-                                             WallThickness,
-                                             BendRadius,
-                                             Major,
-                                             Torsion,
-                                             Minor,
-                                             WarpingConstant,
-                                             ColdFormedCentroid};
+constexpr std::array ColdFormedLippedColumns{Area_,         Depth,           Width,  LipDepth,
+                                             WallThickness, BendRadius,      Major,  Torsion,
+                                             Minor,         WarpingConstant, FromWeb};
+
+constexpr std::array ColdFormedAngleColumns{
+    Area_,   LongerLeg,  ShorterLeg,      WallThickness,   BendRadius,           AngleMajor,
+    Torsion, AngleMinor, WarpingConstant, AlongShorterLeg, Added(AlongLongerLeg)};
+
+constexpr std::array ColdFormedAngleLippedColumns{
+    Area_,      LongerLeg, ShorterLeg, LipDepth,        WallThickness,   BendRadius,
+    AngleMajor, Torsion,   AngleMinor, WarpingConstant, AlongShorterLeg, Added(AlongLongerLeg)};
+
+constexpr std::array HatColumns{
+    Area_,
+    Depth,
+    LayoutColumn{"B", Length, "width of the top, over the webs"},
+    WallThickness,
+    BendRadius,
+    LayoutColumn{"IZ", Inertia, "moment of inertia about the axis along the top"},
+    Torsion,
+    LayoutColumn{"IY", Inertia, "moment of inertia about the axis of symmetry"},
+    WarpingConstant,
+    FromWeb,
+    Added({"L", Length, "width of each brim beyond its web"}),
+    Added({"CY", Length, "centroid from the face of the top"})};
+
+constexpr std::array EaveStrutColumns{
+    Area_,         Depth,
+    Width,         LipDepth,
+    WallThickness, BendRadius,
+    Major,         Torsion,
+    Minor,         WarpingConstant,
+    FromWeb,       Added({"CY", Length, "centroid from the face of the lower flange"})};
 
 constexpr std::array CastellatedColumns{
     LayoutColumn{"RootBeam", Text, "beam that it is cut from"},
@@ -151,7 +198,8 @@ constexpr std::array GeneralColumns{
     LayoutColumn{"AZ", Area, "shear area for the major axis"},
     LayoutColumn{"AY", Area, "shear area for the minor axis"}};
 
-constexpr std::array JoistColumns{LayoutColumn{"SeriesID", Number, "joist series"}, Depth,
+constexpr std::array JoistColumns{LayoutColumn{"SeriesID", Number, "joist series"},
+                                  LayoutColumn{"Depth", Length, "depth"},
                                   LayoutColumn{"Weight", WeightPerLength, "weight per length"}};
 
 constexpr std::array JoistGirderColumns{
@@ -167,6 +215,7 @@ constexpr std::array Layouts{
     SectionLayout{LayoutId::Channel, "channel", ChannelColumns},
     SectionLayout{LayoutId::Tee, "tee", TeeColumns},
     SectionLayout{LayoutId::Angle, "angle", AngleColumns},
+    SectionLayout{LayoutId::DoubleAngle, "double angle", DoubleAngleColumns},
     SectionLayout{LayoutId::RectangularTube, "rectangular tube", RectangularTubeColumns},
     SectionLayout{LayoutId::RoundTube, "round tube", RoundTubeColumns},
     SectionLayout{LayoutId::RoundBar, "round bar", RoundBarColumns},
@@ -174,14 +223,41 @@ constexpr std::array Layouts{
     SectionLayout{LayoutId::Rectangle, "rectangle", RectangleColumns},
     SectionLayout{LayoutId::Timber, "timber", TimberColumns},
     SectionLayout{LayoutId::BulbFlat, "bulb flat", BulbFlatColumns},
-    SectionLayout{LayoutId::ColdFormed, "cold-formed", ColdFormedColumns},
-    SectionLayout{LayoutId::ColdFormedLipped, "cold-formed with lips", ColdFormedLippedColumns},
+    SectionLayout{LayoutId::ColdFormedAngle, "cold-formed angle", ColdFormedAngleColumns},
+    SectionLayout{LayoutId::ColdFormedAngleLipped, "cold-formed angle with lips",
+                  ColdFormedAngleLippedColumns},
+    SectionLayout{LayoutId::ColdFormedChannel, "cold-formed channel", ColdFormedColumns},
+    SectionLayout{LayoutId::ColdFormedChannelLipped, "cold-formed channel with lips",
+                  ColdFormedLippedColumns},
+    SectionLayout{LayoutId::ColdFormedZee, "cold-formed zee", ColdFormedColumns},
+    SectionLayout{LayoutId::ColdFormedZeeLipped, "cold-formed zee with lips",
+                  ColdFormedLippedColumns},
+    SectionLayout{LayoutId::Hat, "hat", HatColumns},
+    SectionLayout{LayoutId::EaveStrut, "eave strut", EaveStrutColumns},
     SectionLayout{LayoutId::Castellated, "castellated", CastellatedColumns},
     SectionLayout{LayoutId::AluminiumAlloy, "aluminium alloy", AluminiumAlloyColumns},
     SectionLayout{LayoutId::General, "general", GeneralColumns},
     SectionLayout{LayoutId::Joist, "joist", JoistColumns},
     SectionLayout{LayoutId::JoistGirder, "joist girder", JoistGirderColumns},
 };
+
+bool IsAngle(LayoutId id) {
+    return id == LayoutId::Angle || id == LayoutId::DoubleAngle ||
+           id == LayoutId::ColdFormedAngle || id == LayoutId::ColdFormedAngleLipped;
+}
+
+/// Layouts are found by their place; display values have room for 16 columns; added columns move no
+/// other.
+constexpr bool AreConsistent() {
+    constexpr std::size_t MostColumns = 16;
+    std::size_t place = 0;
+    return std::ranges::all_of(Layouts, [&](const SectionLayout& layout) {
+        return static_cast<std::size_t>(layout.id) == place++ &&
+               layout.columns.size() <= MostColumns &&
+               std::ranges::is_sorted(layout.columns, {}, &LayoutColumn::isAdded);
+    });
+}
+static_assert(AreConsistent());
 
 } // namespace
 
@@ -192,4 +268,20 @@ const SectionLayout& GetSectionLayout(LayoutId id) { return Layouts[static_cast<
 const SectionLayout* FindSectionLayout(const char* name) {
     const auto place = std::ranges::find(Layouts, std::string_view(name), &SectionLayout::name);
     return place == Layouts.end() ? nullptr : &*place;
+}
+
+std::vector<int> GetDisplayOrder(LayoutId id) {
+    static constexpr std::array First{"AX", "D", "B", "T"};
+    const auto columns = GetSectionLayout(id).columns;
+    std::vector<int> order;
+    for (const std::string_view name : std::span(First).first(IsAngle(id) ? 4 : 1)) {
+        const auto place = std::ranges::find(columns, name, &LayoutColumn::name);
+        if (place != columns.end())
+            order.push_back(static_cast<int>(place - columns.begin()));
+    }
+    for (int i = 0; i < std::ssize(columns); ++i)
+        if (columns[static_cast<std::size_t>(i)].quantity != Quantity::Text &&
+            std::ranges::find(order, i) == order.end())
+            order.push_back(i);
+    return order;
 }

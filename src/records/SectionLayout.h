@@ -12,9 +12,12 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
-/// Version of the layout of catalogue files, kept in their "DBInfo" table.
-inline constexpr int CatalogueLayoutVersion = 1;
+/// Version of the layout of catalogue files, kept in their "DBInfo" table. Files of version 1 lack
+/// the columns that were added since.
+inline constexpr int CatalogueLayoutVersion = 2;
+inline constexpr int OldestCatalogueLayoutVersion = 1;
 
 /// The bookkeeping columns before the first property column.
 inline constexpr int IdentifierColumn = 0;
@@ -40,6 +43,7 @@ struct LayoutColumn {
     const char* name;
     Quantity quantity;
     const char* meaning;
+    bool isAdded = false; ///< since layout version 1: a table may lack it, and a row its value
 };
 
 enum class LayoutId : std::uint8_t {
@@ -47,6 +51,7 @@ enum class LayoutId : std::uint8_t {
     Channel,
     Tee,
     Angle,
+    DoubleAngle,
     RectangularTube,
     RoundTube,
     RoundBar,
@@ -54,8 +59,14 @@ enum class LayoutId : std::uint8_t {
     Rectangle,
     Timber,
     BulbFlat,
-    ColdFormed,
-    ColdFormedLipped,
+    ColdFormedAngle,
+    ColdFormedAngleLipped,
+    ColdFormedChannel,
+    ColdFormedChannelLipped,
+    ColdFormedZee,
+    ColdFormedZeeLipped,
+    Hat,
+    EaveStrut,
     Castellated,
     AluminiumAlloy,
     General,
@@ -65,8 +76,8 @@ enum class LayoutId : std::uint8_t {
 
 struct SectionLayout {
     LayoutId id;
-    const char* name; ///< as the text sources write it, e.g. "I shape"
-    std::span<const LayoutColumn> columns;
+    const char* name;                      ///< as the text sources write it, e.g. "I shape"
+    std::span<const LayoutColumn> columns; ///< at most 16; added ones are the last
 };
 
 /// All layouts, in the order of LayoutId.
@@ -76,3 +87,8 @@ DBSECTION_API const SectionLayout& GetSectionLayout(LayoutId id);
 
 /// The layout of that name, or null.
 DBSECTION_API const SectionLayout* FindSectionLayout(const char* name);
+
+/// The numeric columns of a layout, counted from its first, in the order in which display values
+/// give them: the area first, of angles then both legs and the thickness, then the others as they
+/// stand.
+DBSECTION_API std::vector<int> GetDisplayOrder(LayoutId id);

@@ -9,6 +9,8 @@
 #include "platform/Export.h"
 #include "records/SectionLayout.h"
 
+#include <bitset>
+#include <cstddef>
 #include <memory>
 
 class DBSECTION_API SectionRecord {
@@ -26,12 +28,31 @@ public:
     /// The value of a table column; 0 for a text, or for a column that the record does not have.
     virtual double Number(int /*column*/) const { return 0; }
 
+    /// The text of a table column; empty for a number, or for a column that the record does not
+    /// have.
+    virtual CString Text(int /*column*/) const { return {}; }
+
     /// Takes over the value of a table column. Nulls leave it as it is.
     virtual void SetColumn(int /*column*/, const COleVariant& /*value*/) {}
+
+    /// Whether the row has a value in a table column of the record: neither a null, nor a column
+    /// that the table lacks.
+    bool IsKept(int column) const {
+        return column >= 0 && column < static_cast<int>(MostColumns) &&
+               m_kept[static_cast<std::size_t>(column)];
+    }
 
     int RecordNumber = 0;
     CString PublicName; ///< as the standard prints it
     CString VessaName;  ///< as the analysis program names it
+
+protected:
+    void MarkAsKept(int column) { m_kept.set(static_cast<std::size_t>(column)); }
+
+private:
+    static constexpr std::size_t MostColumns = 32;
+
+    std::bitset<MostColumns> m_kept;
 };
 
 namespace dbsection {

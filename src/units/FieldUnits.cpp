@@ -1,14 +1,23 @@
 // The "Field Units" table of a catalogue.
+#include "units/FieldUnits.h"
+
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
-#include "units/UNIT.h"
+#include "platform/Text.h"
 
+#include <algorithm>
 #include <memory>
+#include <utility>
+
+using dbsection::FieldUnits;
+using dbsection::ReadFieldUnits;
 
 using dbsection::Operation;
 
 namespace {
+
+constexpr const char* FailedToWrite = "Failed to write the field units.";
 
 CString RowCondition(const CString& table) { return "[TableName] = '" + table + "'"; }
 
@@ -24,12 +33,11 @@ bool MoveToRow(RecordsetHandle& rows, const CString& table) {
            setRecordsetTo(rows.Address(), condition, CSectionRecordset::FindFirst) == 1;
 }
 
-/// Begins an edit, sets the columns by `set`, and stores the row.
+/// Changes the current row: `set` sets its columns.
 template <class Set>
-void Store(const char* label, CSectionRecordset& rows, void (CSectionRecordset::*begin)(),
-           Set set) {
-    dbsection::Guarded({label, "Failed to write the field units."}, [&] {
-        (rows.*begin)();
+void Change(const char* label, CSectionRecordset& rows, Set set) {
+    dbsection::Guarded({label, FailedToWrite}, [&] {
+        rows.Edit();
         set();
         rows.Update();
         return 1;
@@ -41,28 +49,26 @@ void SetAll(CSectionRecordset& rows, const CStringArray& units) {
         rows.SetFieldValue(i, units[i]);
 }
 
-/// Stores the units of a table's columns at their places, leaving out nulls; false when the table
-/// has no row or more than one.
-bool ReadUnits(CSectionDatabase* db, const CString& table, CStringArray& units) {
-    if (db == nullptr || !db->IsOpen())
-        return false;
-    const CString sql =
-        "Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('" + table + "')";
-    RecordsetHandle rows;
-    if (openRecordset(&db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1 ||
-        getRecordCount(rows.Address()) != 1)
-        return false;
-    const int count = getFieldCount(rows.Address());
-    dbsection::Guarded({"GetFieldUnitList()", "Failed to read the field units."}, [&] {
-        for (int i = 0; i < count - 1; ++i) {
-            const CString text = CCrack::strVARIANT(rows->GetFieldValue(i + 1));
-            if (text != "NULL")
-                units.SetAtGrow(i, text);
-        }
+constexpr dbsection::FailureRule FailedToRead{"GetFieldUnitList()",
+                                              "Failed to read the field units."};
+
+/// Also when that cannot be found out.
+bool MayHaveFieldUnits(const CSectionDatabase& db) {
+    bool mayHave = true;
+    dbsection::Guarded(FailedToRead, [&] {
+        mayHave = std::ranges::any_of(db.GetUserTableNames(), [](const CString& table) {
+            return dbsection::EqualNoCase(table.View(), "Field Units");
+        });
         return 1;
     });
-    dbsection::RequireMemory(); // not to hand out some of the units
-    return count != 0;
+    return mayHave;
+}
+
+bool IsOneRow(CSectionRecordset& rows) {
+    if (rows.IsEOF())
+        return false;
+    rows.MoveLast();
+    return rows.GetRecordCount() == 1;
 }
 
 } // namespace
@@ -73,10 +79,16 @@ void UNIT::WriteFieldUnits(CSectionDatabase* db, const CStringArray* units) {
             return;
         const CString& table = units->GetAt(0);
         RecordsetHandle rows;
-        if (!OpenFieldUnits(db, rows) || IsExistentRecord(rows.Address(), RowCondition(table)) == 1)
+        if (!OpenFieldUnits(db, rows))
             return;
-        Store("WriteFieldUnits()", *rows, &CSectionRecordset::AddNew,
-              [&] { SetAll(*rows, *units); });
+        dbsection::Guarded({"WriteFieldUnits()", FailedToWrite}, [&] {
+            if (rows->Find(CSectionRecordset::FindFirst, RowCondition(table)) != 0)
+                return 0;
+            rows->AddNew();
+            SetAll(*rows, *units);
+            rows->Update();
+            return 1;
+        });
     });
 }
 
@@ -86,20 +98,16 @@ void UNIT::UpdateFieldUnits(CSectionDatabase* db, const CStringArray* units) {
             return;
         const CString& table = units->GetAt(0);
         RecordsetHandle rows;
-        if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, table))
-            return;
-        Store("UpdateFieldUnits()", *rows, &CSectionRecordset::Edit,
-              [&] { SetAll(*rows, *units); });
+        if (OpenFieldUnits(db, rows) && MoveToRow(rows, table))
+            Change("UpdateFieldUnits()", *rows, [&] { SetAll(*rows, *units); });
     });
 }
 
 void UNIT::UpdateFieldUnit(CSectionDatabase* db, CString tableName, int fieldIndex, CString unit) {
     Operation("UpdateFieldUnit()", [&] {
         RecordsetHandle rows;
-        if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, tableName))
-            return;
-        Store("UpdateFieldUnit()", *rows, &CSectionRecordset::Edit,
-              [&] { rows->SetFieldValue(fieldIndex + 1, unit); });
+        if (OpenFieldUnits(db, rows) && MoveToRow(rows, tableName))
+            Change("UpdateFieldUnit()", *rows, [&] { rows->SetFieldValue(fieldIndex + 1, unit); });
     });
 }
 
@@ -114,17 +122,48 @@ void UNIT::DeleteFieldUnits(CSectionDatabase* db, const CString& tableName) {
     });
 }
 
+dbsection::FieldUnits dbsection::ReadFieldUnits(CSectionDatabase* db, const CString& table,
+                                                CStringArray& units) {
+    if (db == nullptr || !db->IsOpen())
+        return FieldUnits::None;
+    const CString sql =
+        "Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('" + table + "')";
+    RecordsetHandle rows;
+    if (openRecordset(&db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1)
+        return MayHaveFieldUnits(*db) ? FieldUnits::Unreadable : FieldUnits::None;
+    FieldUnits found = FieldUnits::Unreadable;
+    Guarded(FailedToRead, [&] {
+        if (!IsOneRow(*rows)) {
+            found = FieldUnits::None;
+            return 1;
+        }
+        CStringArray filled = units;
+        for (int i = 0; i < rows->GetFieldCount() - 1; ++i) {
+            const CString text = CCrack::strVARIANT(rows->GetFieldValue(i + 1));
+            if (text != "NULL")
+                filled.SetAtGrow(i, text);
+        }
+        units = std::move(filled);
+        found = FieldUnits::Kept;
+        return 1;
+    });
+    return found;
+}
+
 CStringArray* UNIT::GetFieldUnitList(CSectionDatabase* db, const CString& tableName) {
-    return Operation("GetFieldUnitList()", [&] {
+    return Operation("GetFieldUnitList()", [&]() -> CStringArray* {
         auto units = std::make_unique<CStringArray>();
-        return ReadUnits(db, tableName, *units) ? dbsection::HandOver(std::move(units)) : nullptr;
+        const bool isKept = ReadFieldUnits(db, tableName, *units) == FieldUnits::Kept;
+        return isKept ? dbsection::HandOver(std::move(units)) : nullptr;
     });
 }
 
 void UNIT::GetFieldUnitArray(CSectionDatabase* db, const CString& tableName, CStringArray* units) {
     Operation("GetFieldUnitArray()", [&] {
         CStringArray whole = *units;
-        if (ReadUnits(db, tableName, whole))
+        if (ReadFieldUnits(db, tableName, whole) == FieldUnits::Kept) {
+            dbsection::RequireMemory();
             *units = std::move(whole);
+        }
     });
 }

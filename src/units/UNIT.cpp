@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 
@@ -75,14 +74,9 @@ unsigned int IdOf(std::string_view unit) {
 
 double ExponentOf(std::string_view unit) {
     const std::size_t caret = unit.find('^');
-    if (caret == std::string_view::npos)
-        return 1.0;
-    std::string_view text = dbsection::Trim(unit.substr(caret + 1));
-    if (text.starts_with('+'))
-        text.remove_prefix(1);
-    double exponent = 0;
-    std::from_chars(text.data(), text.data() + text.size(), exponent);
-    return exponent;
+    return caret == std::string_view::npos
+               ? 1.0
+               : dbsection::LeadingNumber<double>(unit.substr(caret + 1));
 }
 
 bool IsOfKind(unsigned int id, unsigned int first) {

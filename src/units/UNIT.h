@@ -57,7 +57,7 @@ public:
 
     /// The units of a table's columns in order, without the table name: element k belongs to column
     /// k, bookkeeping columns included, and is empty where none is kept. The caller deletes the
-    /// array; null when the table has no row or more than one.
+    /// array; null when the table has no row or more than one, or its row cannot be read.
     static CStringArray* GetFieldUnitList(CSectionDatabase* db, const CString& tableName);
 
     /// The same into the caller's array, which stays untouched where the list would be null.

@@ -55,7 +55,7 @@ private:
     void WriteTable(const SourceTable& table) {
         std::vector<CSectionFieldInfo> fields;
         for (const SourceColumn& column : table.columns) {
-            fields.push_back(MakeField(column.name, column.type, true));
+            fields.push_back(MakeField(column.name, column.type, column.isRequired));
             if (column.isIdentifier)
                 fields.back().m_lAttributes = SectionField::AutoIncrement;
         }

@@ -4,6 +4,7 @@
 #include "catalogues/JoistTables.h"
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 namespace dbsection {
@@ -12,13 +13,14 @@ namespace {
 constexpr std::string_view LayoutAreaColumn = "AX";
 
 SourceTable MakeJoistTable(const JoistTable& joists) {
+    static constexpr std::array Searched{"Name", "JoistID", "Designation"};
     SourceTable table{joists.name, {}, {}, {}};
-    const bool isMaster = table.name.ends_with("Master");
     for (const JoistColumn& column : joists.columns) {
         const std::string_view name = column.name;
-        table.columns.push_back(
-            {column.name, column.type, column.unit, isMaster && name == "JoistID"});
-        if ((!isMaster && name == "JoistID") || name == "Designation")
+        table.columns.push_back({column.name, column.type, column.unit, name == "RECNO"});
+        if (name == "VessaName")
+            table.indexes.push_back({"UPPER([VessaName])"});
+        else if (std::ranges::find(Searched, name) != Searched.end())
             table.indexes.push_back({"[" + std::string(name) + "]"});
     }
     return table;
@@ -42,8 +44,8 @@ SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layou
         const bool isArea = column.name == LayoutAreaColumn;
         const std::string title = isArea ? areaColumn : column.name;
         const bool isText = column.quantity == Quantity::Text;
-        table.columns.push_back(
-            {title, isText ? SectionField::Text : SectionField::Double, *unit++});
+        table.columns.push_back({title, isText ? SectionField::Text : SectionField::Double, *unit++,
+                                 false, !column.isAdded});
         if (isArea)
             table.indexes.push_back({"[" + title + "]"});
     }

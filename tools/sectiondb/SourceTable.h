@@ -24,6 +24,7 @@ struct SourceColumn {
     SectionField::Type type;
     std::string unit;          ///< as "Field Units" keeps it
     bool isIdentifier = false; ///< numbers the rows
+    bool isRequired = true;    ///< in every row
 };
 
 struct SourceIndex {

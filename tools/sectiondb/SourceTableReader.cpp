@@ -160,13 +160,13 @@ private:
     Figures Published(const CsvTable::Record& record) const {
         Figures figures;
         for (std::size_t i = 0; i < m_units.size(); ++i) {
-            const auto& [name, quantity, meaning] = m_plan.layout->columns[i];
-            if (!m_csv.Has(name) || quantity == Quantity::Text)
+            const LayoutColumn& column = m_plan.layout->columns[i];
+            if (!m_csv.Has(column.name) || column.quantity == Quantity::Text)
                 continue;
-            const double figure = m_csv.Number(record, name);
-            if (figure <= 0 && !MayBeZeroOrLess(quantity))
-                throw m_csv.Error(record, name, "not above zero");
-            figures[name] = figure * UnitFactor(m_units[i]);
+            const double figure = m_csv.Number(record, column.name);
+            if (figure <= 0 && !MayBeZeroOrLess(column.quantity))
+                throw m_csv.Error(record, column.name, "not above zero");
+            figures[column.name] = figure * UnitFactor(m_units[i]);
         }
         return figures;
     }

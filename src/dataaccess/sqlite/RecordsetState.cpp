@@ -5,7 +5,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
 namespace dbsection {
@@ -186,10 +185,7 @@ double RecordsetState::Number(int column) const {
             m_shape->columns[static_cast<std::size_t>(column)].type == SectionField::Double)
             return cell.real;
     }
-    const COleVariant value = Value(column);
-    double number = NumberIn(value).value_or(0);
-    std::from_chars(value.strVal.View().begin(), value.strVal.View().end(), number);
-    return number;
+    return AsNumber(Value(column));
 }
 
 void RecordsetState::RequireColumn(int column) const {
