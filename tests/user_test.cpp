@@ -176,6 +176,46 @@ TEST_F(UserFileTest, MakesNoFigureOfAMissingOne) {
     EXPECT_EQ(User("update", "Pipe P1 Z=45.1 I=168").status, 0);
 }
 
+TEST_F(UserFileTest, KeepsTheGapOfDoubleAnglesWhereTheFileHasAColumnForIt) {
+    constexpr const char* Angles =
+        " D=100 B=100 T=10 AX=38.4 IZ=354 IY=776 IX=12.8 CY=28.2 CZ=28.2 RV=19.5 ALPHA=0";
+    const auto modulus = [this] {
+        Facade::m_szUserTableFileName = m_file.c_str();
+        int type = 0;
+        const std::unique_ptr<SectionRecord> record(static_cast<SectionRecord*>(
+            Facade::GetSectionStructProperty(UserTableIndex, "2L", type, 1005, 2007, "")));
+        Facade::ExitSectionDBInterface();
+        return dynamic_cast<const SECTIONINFO&>(*record).MinorModulus;
+    };
+    Create();
+    EXPECT_NE(User("add", std::string("'Double Angle' 2L") + Angles).output.find("missing: GAP"),
+              std::string::npos);
+    EXPECT_EQ(User("add", std::string("'Double Angle' 2L GAP=0") + Angles).status, 0);
+    EXPECT_NEAR(modulus(), 77.6, 0.05); // they touch
+    EXPECT_EQ(User("update", "'Double Angle' 2L GAP=10").status, 0);
+    EXPECT_NEAR(modulus(), 73.9, 0.05);
+    { // as layout version 1 made it
+        DatabaseHandle db;
+        ASSERT_EQ(openDatabase(db.Address(), m_file.c_str(), 1, 0, 0, "", nullptr), 1);
+        TableDefHandle table;
+        ASSERT_EQ(openTableDef(db.Get(), table.Address(), "Double Angle"), 1);
+        ASSERT_EQ(deleteField(table.Get(), "GAP"), 1);
+        CSectionRecordset info(db.Get());
+        info.Open(CSectionRecordset::Table, "DBInfo");
+        info.Edit();
+        info.SetFieldValue(3, "1");
+        info.Update();
+    }
+    EXPECT_EQ(modulus(), 0); // not known
+    EXPECT_EQ(User("update", "'Double Angle' 2L IX=13").status, 0);
+    EXPECT_NE(User("update", "'Double Angle' 2L GAP=10").output.find("names none of its columns"),
+              std::string::npos);
+    EXPECT_EQ(User("add", std::string("'Double Angle' 2L2") + Angles).status, 0);
+    const std::string listed = User("list", "'Double Angle'").output;
+    EXPECT_NE(listed.find("2L2"), std::string::npos) << listed;
+    EXPECT_EQ(listed.find("GAP"), std::string::npos) << listed;
+}
+
 TEST_F(UserFileTest, RefusesAFileOfAnotherLayout) {
     {
         CatalogueFile file(m_file);

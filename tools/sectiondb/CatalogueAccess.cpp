@@ -88,12 +88,14 @@ CatalogueInformation ReadInformation(CSectionDatabase& database) {
 }
 
 void RequireLayoutVersion(const CSectionDatabase& database, const CatalogueInformation& found) {
-    if (found.layoutVersion == std::to_string(CatalogueLayoutVersion))
-        return;
-    const char* advice = found.sourceHash.empty()
-                             ? "use the version of this program that made it"
-                             : "build it again from its text sources, and keep a copy where "
-                               "sections were added to it";
+    const bool isBuilt = !found.sourceHash.empty();
+    for (int version = isBuilt ? CatalogueLayoutVersion : OldestCatalogueLayoutVersion;
+         version <= CatalogueLayoutVersion; ++version)
+        if (found.layoutVersion == std::to_string(version))
+            return;
+    const char* advice = !isBuilt ? "use the version of this program that made it"
+                                  : "build it again from its text sources, and keep a copy where "
+                                    "sections were added to it";
     throw CommandError(fmt::format("{}: its layout version is {}, expected {}; {}.",
                                    PathOf(database), found.layoutVersion, CatalogueLayoutVersion,
                                    advice));

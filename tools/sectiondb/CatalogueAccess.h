@@ -46,7 +46,8 @@ struct CatalogueInformation {
 /// Reads it from an open file. Throws CommandError where it is another program's file.
 CatalogueInformation ReadInformation(CSectionDatabase& database);
 
-/// Throws CommandError where a file has another layout version than this program knows.
+/// Throws CommandError where a file has another layout version than this program knows. What was
+/// built from text sources must be of the present one, since it can be built again.
 void RequireLayoutVersion(const CSectionDatabase& database, const CatalogueInformation& found);
 
 /// The family of a catalogue that a person named, by its whole name or by its first words where no

@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 #include <map>
 #include <optional>
+#include <string_view>
 
 namespace dbsection {
 namespace {
@@ -24,9 +25,10 @@ std::string VessaNameOf(const std::string& name) {
     return vessaName;
 }
 
-bool MayBeZero(Quantity quantity) {
-    return quantity == Quantity::Number || quantity == Quantity::Angle ||
-           quantity == Quantity::Warping;
+bool MayBeZero(const LayoutColumn& column) {
+    return column.quantity == Quantity::Number || column.quantity == Quantity::Angle ||
+           column.quantity == Quantity::Warping ||
+           std::string_view(column.name) == "GAP"; // two angles may touch
 }
 
 /// "COLUMN=VALUE" texts by column, which must be properties of the table.
@@ -45,7 +47,7 @@ std::map<std::string, double> ParseValues(const UserTable& table,
                                           text));
         const std::optional<double> value =
             equals == std::string::npos ? std::nullopt : ParseNumber(text.substr(equals + 1));
-        if (!value || *value < 0 || (*value == 0 && !MayBeZero(property->column->quantity)))
+        if (!value || *value < 0 || (*value == 0 && !MayBeZero(*property->column)))
             throw table.Error(fmt::format("\"{}\": the {} must be a number above zero, in {}.",
                                           text, property->column->meaning, property->unit));
         if (!values.try_emplace(title, *value).second)

@@ -69,9 +69,8 @@ OpenCatalogue UserFile::OpenFile(const std::filesystem::path& path, Purpose purp
 UserTable::UserTable(const UserFile& file, const std::string& family)
     : m_open(file.Catalogue()),
       m_family(FindFamily(m_open, family)) {
-    CheckColumns();
+    const auto columns = GetSectionLayout(m_family.layout).columns.first(CountCheckedColumns());
     std::vector<std::string> units = UnitsOf(m_open, m_family);
-    const auto& columns = GetSectionLayout(m_family.layout).columns;
     units.resize(BookkeepingColumns + columns.size());
     auto unit = units.begin() + BookkeepingColumns;
     for (const LayoutColumn& property : columns)
@@ -84,22 +83,30 @@ CommandError UserTable::Error(const std::string& fault) const {
     return error;
 }
 
-void UserTable::CheckColumns() const {
+/// The number of property columns, which must be those of the layout.
+std::size_t UserTable::CountCheckedColumns() const {
     std::string expected = "RECNO, Name, VessaName";
-    for (const LayoutColumn& column : GetSectionLayout(m_family.layout).columns)
+    std::string older;
+    for (const LayoutColumn& column : GetSectionLayout(m_family.layout).columns) {
         expected += std::string(", ") + column.name;
+        if (!column.isAdded)
+            older = expected;
+    }
     std::string found;
+    int count = 0;
     ReadTable(m_family, [&] {
         CSectionTableDef table(m_open.database);
         table.Open(Family());
-        for (int i = 0; i < table.GetFieldCount(); ++i) {
+        count = table.GetFieldCount();
+        for (int i = 0; i < count; ++i) {
             CSectionFieldInfo field;
             table.GetFieldInfo(i, field);
             found += (found.empty() ? "" : ", ") + std::string(field.m_strName);
         }
     });
-    if (found != expected)
+    if (found != expected && found != older)
         throw Error(fmt::format("its columns are {}; expected {}.", found, expected));
+    return static_cast<std::size_t>(count - BookkeepingColumns);
 }
 
 std::vector<UserTable::Row> UserTable::Rows() const {

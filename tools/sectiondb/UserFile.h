@@ -52,7 +52,8 @@ public:
     /// Throws CommandError where the file has no such family, or its table another layout.
     UserTable(const UserFile& file, const std::string& family);
 
-    /// The properties that a section needs: names and units of the numeric columns in order.
+    /// The properties that a section needs: names and units of the numeric columns in order. A
+    /// table of an older file may lack some that were added to its layout since.
     struct Property {
         const LayoutColumn* column;
         std::string unit;
@@ -82,7 +83,7 @@ public:
 
 private:
     void Store(const Row& row, int (SectionDBBase::*store)(WORD, SECTIONINFO*)) const;
-    void CheckColumns() const;
+    std::size_t CountCheckedColumns() const;
     void RequireFreeNames(const Row& row) const;
 
     const OpenCatalogue& m_open;
