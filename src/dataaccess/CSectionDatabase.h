@@ -73,7 +73,7 @@ private:
     friend class CSectionRecordset;
 
     dbsection::Connection& OpenConnection() const;
-    void Begin(std::unique_ptr<dbsection::Connection> connection, const char* path);
+    void Begin(std::shared_ptr<dbsection::Session> session, const char* path);
 
     CSectionWorkspace* m_workspace;
     std::shared_ptr<dbsection::Session> m_session;

@@ -91,7 +91,7 @@ void CSectionWorkspace::Rollback() {
 void CSectionDatabase::Create(const char* path, const char* descriptor, int /*options*/) {
     WithMemoryErrors([&] {
         std::string password = PasswordIn(descriptor == nullptr ? "" : descriptor);
-        Begin(Connection::Create(path, password), path);
+        Begin(std::make_shared<Session>(Connection::Create(path, password)), path);
         dbsection::WipeText(password);
     });
 }
@@ -100,13 +100,13 @@ void CSectionDatabase::Open(const char* path, int exclusive, int readOnly, const
     WithMemoryErrors([&] {
         std::string password = PasswordIn(connect == nullptr ? "" : connect);
         const Connection::Access access{.exclusive = exclusive != 0, .readOnly = readOnly != 0};
-        Begin(Connection::Open(path, password, access), path);
+        Begin(std::make_shared<Session>(Connection::Open(path, password, access)), path);
         dbsection::WipeText(password);
     });
 }
 
-void CSectionDatabase::Begin(std::unique_ptr<Connection> connection, const char* path) {
-    m_session = std::make_shared<Session>(std::move(connection));
+void CSectionDatabase::Begin(std::shared_ptr<Session> session, const char* path) {
+    m_session = std::move(session);
     m_name = path;
     if (m_workspace == nullptr)
         return;

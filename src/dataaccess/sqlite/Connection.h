@@ -9,6 +9,7 @@
 #include "dataaccess/sqlite/SqlText.h"
 #include "dataaccess/sqlite/Statement.h"
 #include "platform/FileVersion.h"
+#include "platform/ProcessMark.h"
 
 #include <cstdint>
 #include <map>
@@ -36,7 +37,6 @@ struct Origin {
     std::string path;
     bool readOnly;
     FileVersion version;
-    pid_t process;
     uid_t user;
     gid_t group;
     bool operator==(const Origin&) const = default;
@@ -45,7 +45,16 @@ struct Origin {
     static std::optional<Origin> Find(const std::string& path, bool readOnly);
 };
 
-/// An open file of the engine. It is closed with its end.
+class Connection;
+
+/// Closes a connection. One that another process opened is left as it is: closing it here would
+/// undo what that process is writing.
+struct ConnectionCloser {
+    void operator()(Connection* connection) const noexcept;
+};
+using ConnectionPtr = std::unique_ptr<Connection, ConnectionCloser>;
+
+/// An open file of the engine.
 class Connection {
 public:
     struct Access {
@@ -54,15 +63,16 @@ public:
     };
 
     /// A new connection, or one that rested (ConnectionPool).
-    static std::unique_ptr<Connection> Open(const std::string& path, const std::string& password,
-                                            Access access);
+    static ConnectionPtr Open(const std::string& path, const std::string& password, Access access);
 
     /// Creates the file; one that exists is an error.
-    static std::unique_ptr<Connection> Create(const std::string& path, const std::string& password);
+    static ConnectionPtr Create(const std::string& path, const std::string& password);
 
-    ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
+
+    /// Whether this process opened it. One that was forked from that process must not use it.
+    bool IsOurs() const { return m_opener.IsOfThisProcess(); }
 
     /// Whether nothing of its use lasts, and its file is what it was when it was opened.
     bool MayRest() const;
@@ -128,15 +138,18 @@ public:
     void ForgetChanges();
 
 private:
+    friend ConnectionCloser;
+
     static std::int64_t NextSerial() {
         static std::int64_t last = 0;
         return ++last;
     }
 
     explicit Connection(std::string path) : m_path(std::move(path)) {}
+    ~Connection();
 
-    static std::unique_ptr<Connection> OpenAnew(const std::string& path,
-                                                const std::string& password, Access access);
+    static ConnectionPtr OpenAnew(const std::string& path, const std::string& password,
+                                  Access access);
 
     static int Authorize(void* self, int action, const char* first, const char* second,
                          const char* database, const char* viewOrTrigger);
@@ -162,6 +175,7 @@ private:
         KeyNumber number;
     };
 
+    const ProcessMark m_opener;
     std::string m_path;
     std::optional<Origin> m_origin; ///< none: must not rest
     std::optional<KeyUse> m_key;    ///< none: the file is not protected
