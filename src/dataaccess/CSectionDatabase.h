@@ -73,7 +73,8 @@ private:
     friend class CSectionRecordset;
 
     dbsection::Connection& OpenConnection() const;
-    void Begin(std::shared_ptr<dbsection::Session> session, const char* path);
+    template <class Opener>
+    void Begin(const char* path, Opener open);
 
     CSectionWorkspace* m_workspace;
     std::shared_ptr<dbsection::Session> m_session;

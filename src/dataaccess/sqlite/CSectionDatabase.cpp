@@ -1,6 +1,5 @@
 #include "dataaccess/CSectionDatabase.h"
 
-#include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/Session.h"
 #include "platform/Text.h"
 
@@ -16,17 +15,20 @@ using dbsection::WithMemoryErrors;
 namespace {
 
 /// The password in a connect text: the value behind PWD among `key=value` parts, or the whole text
-/// where it has no `=`.
-std::string PasswordIn(std::string_view connect) {
+/// where it has no `=`; a text of blanks and semicolons has none.
+std::string_view PasswordIn(const char* connectText) {
+    std::string_view connect(connectText == nullptr ? "" : connectText);
+    if (connect.find_first_not_of("; \t\r\n") == std::string_view::npos)
+        return {};
     if (connect.find('=') == std::string_view::npos)
-        return std::string(connect);
+        return connect;
     while (!connect.empty()) {
         const std::string_view part = connect.substr(0, connect.find(';'));
         connect.remove_prefix(std::min(connect.size(), part.size() + 1));
         const std::size_t equals = part.find('=');
         if (equals != std::string_view::npos &&
             dbsection::EqualNoCase(dbsection::Trim(part.substr(0, equals)), "PWD"))
-            return std::string(part.substr(equals + 1));
+            return part.substr(equals + 1);
     }
     return {};
 }
@@ -89,29 +91,28 @@ void CSectionWorkspace::Rollback() {
 }
 
 void CSectionDatabase::Create(const char* path, const char* descriptor, int /*options*/) {
-    WithMemoryErrors([&] {
-        std::string password = PasswordIn(descriptor == nullptr ? "" : descriptor);
-        Begin(std::make_shared<Session>(Connection::Create(path, password)), path);
-        dbsection::WipeText(password);
-    });
+    Begin(path, [&] { return Connection::Create(path, PasswordIn(descriptor)); });
 }
 
 void CSectionDatabase::Open(const char* path, int exclusive, int readOnly, const char* connect) {
-    WithMemoryErrors([&] {
-        std::string password = PasswordIn(connect == nullptr ? "" : connect);
-        const Connection::Access access{.exclusive = exclusive != 0, .readOnly = readOnly != 0};
-        Begin(std::make_shared<Session>(Connection::Open(path, password, access)), path);
-        dbsection::WipeText(password);
-    });
+    const Connection::Access access{.exclusive = exclusive != 0, .readOnly = readOnly != 0};
+    Begin(path, [&] { return Connection::Open(path, PasswordIn(connect), access); });
 }
 
-void CSectionDatabase::Begin(std::shared_ptr<Session> session, const char* path) {
-    m_session = std::move(session);
-    m_name = path;
-    if (m_workspace == nullptr)
-        return;
-    std::erase_if(m_workspace->m_sessions, [](const auto& weak) { return weak.expired(); });
-    m_workspace->m_sessions.push_back(m_session);
+/// Opens last what is opened, so that nothing fails when a file has been created.
+template <class Opener>
+void CSectionDatabase::Begin(const char* path, Opener open) {
+    WithMemoryErrors([&] {
+        auto session = std::make_shared<Session>(path);
+        CString name(path);
+        if (m_workspace != nullptr) {
+            std::erase_if(m_workspace->m_sessions, [](const auto& weak) { return weak.expired(); });
+            m_workspace->m_sessions.push_back(session);
+        }
+        session->Begin(open());
+        m_session = std::move(session);
+        m_name = std::move(name);
+    });
 }
 
 bool CSectionDatabase::IsOpen() const { return m_session && m_session->IsOpen(); }

@@ -63,10 +63,10 @@ public:
     };
 
     /// A new connection, or one that rested (ConnectionPool).
-    static ConnectionPtr Open(const std::string& path, const std::string& password, Access access);
+    static ConnectionPtr Open(const std::string& path, std::string_view password, Access access);
 
-    /// Creates the file; one that exists is an error.
-    static ConnectionPtr Create(const std::string& path, const std::string& password);
+    /// Creates the file, protected unless the password is empty; one that exists is an error.
+    static ConnectionPtr Create(const std::string& path, std::string_view password);
 
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -81,7 +81,7 @@ public:
     void TrimCache();
 
     /// Whether it could be the result of opening a file with that origin and password.
-    bool CanServe(const Origin& origin, const std::string& password) const;
+    bool CanServe(const Origin& origin, std::string_view password) const;
 
     /// Whether its file has since become another.
     bool IsOutdatedBy(const Origin& origin) const;
@@ -148,7 +148,7 @@ private:
     explicit Connection(std::string path) : m_path(std::move(path)) {}
     ~Connection();
 
-    static ConnectionPtr OpenAnew(const std::string& path, const std::string& password,
+    static ConnectionPtr OpenAnew(const std::string& path, std::string_view password,
                                   Access access);
 
     static int Authorize(void* self, int action, const char* first, const char* second,
@@ -156,8 +156,9 @@ private:
 
     void OpenFile();
     void LimitTrust();
-    void Key(const std::string& password);
-    void KeyProtectedFile(const unsigned char* firstBytes, const std::string& password);
+    void Key(std::string_view password);
+    void KeyProtectedFile(const unsigned char* firstBytes, std::string_view password);
+    void UseKey(const FileSalt& salt, std::string_view secret);
     void CheckReadable(bool isProtected);
     void LockExclusively();
     bool HasWriteAheadLog();

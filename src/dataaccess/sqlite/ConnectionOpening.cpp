@@ -2,7 +2,7 @@
 #include "dataaccess/sqlite/Connection.h"
 
 #include "dataaccess/sqlite/ConnectionPool.h"
-#include "platform/FileDescriptor.h"
+#include "dataaccess/sqlite/NewFile.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
@@ -21,36 +21,6 @@ namespace {
 /// Status of an engine that cannot work at all: an unspecified failure.
 constexpr auto EngineWithoutEncryption = static_cast<std::int32_t>(0x80004005);
 
-/// Claims the name of a new file; removes the file again unless it is kept.
-class NewFile {
-public:
-    explicit NewFile(const std::string& path) : m_path(NativePath(path)) {
-        constexpr mode_t Permissions = 0644;
-        const FileDescriptor file(
-            ::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, Permissions));
-        if (file.IsOpen())
-            return;
-        if (errno == EEXIST)
-            Fail(SectionError::DatabaseExists,
-                 path + ": a file of this name exists; choose another name, or remove it first.");
-        Fail(SectionError::Io, path + ": the file cannot be created (" +
-                                   std::generic_category().message(errno) +
-                                   "); check the folder and its permissions.");
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-    ~NewFile() {
-        if (!m_kept)
-            ::unlink(m_path.c_str());
-    }
-
-    void Keep() { m_kept = true; }
-
-private:
-    std::string m_path;
-    bool m_kept = false;
-};
-
 /// Major version of the engine's cipher. An engine without cipher, as when another copy of the
 /// engine was loaded into the process first, cannot open protected files.
 int CipherMajorVersion(sqlite3* database) {
@@ -58,24 +28,35 @@ int CipherMajorVersion(sqlite3* database) {
     if (major != 0)
         return major;
     sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, "PRAGMA cipher_version", -1, &statement, nullptr);
+    int code = sqlite3_prepare_v2(database, "PRAGMA cipher_version", -1, &statement, nullptr);
     const StatementPtr owned(statement);
-    if (owned && sqlite3_step(statement) == SQLITE_ROW)
-        major = std::atoi(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
-    if (major == 0)
+    if (owned)
+        code = sqlite3_step(statement);
+    const auto* version = reinterpret_cast<const char*>(
+        code == SQLITE_ROW ? sqlite3_column_text(statement, 0) : nullptr);
+    if (code == SQLITE_NOMEM || (code == SQLITE_ROW && version == nullptr))
+        throw CMemoryException::Instance();
+    if (version == nullptr)
         throw new CSectionException(EngineWithoutEncryption);
+    major = std::atoi(version);
     return major;
 }
 
 /// The password for a protected file.
-std::string_view SecretOf(const std::string& password) {
+std::string_view SecretOf(std::string_view password) {
     const char* fallback = password.empty() ? std::getenv("SECTIONDB_PASSWORD") : nullptr;
-    return fallback == nullptr ? password : std::string_view(fallback);
+    return fallback == nullptr ? password : fallback;
+}
+
+/// A path that the engine takes for a file in every case: others can name a database in memory.
+std::string EnginePath(const std::string& path) {
+    std::string native = NativePath(path);
+    return native.starts_with('/') ? native : "./" + native;
 }
 
 } // namespace
 
-bool Connection::CanServe(const Origin& origin, const std::string& password) const {
+bool Connection::CanServe(const Origin& origin, std::string_view password) const {
     return m_origin == origin &&
            (!m_key || FindKey(m_key->salt, SecretOf(password)) == m_key->number);
 }
@@ -91,8 +72,7 @@ std::optional<Origin> Origin::Find(const std::string& path, bool readOnly) {
     return Origin{path, readOnly, FileVersion(status), ::geteuid(), ::getegid()};
 }
 
-ConnectionPtr Connection::Open(const std::string& path, const std::string& password,
-                               Access access) {
+ConnectionPtr Connection::Open(const std::string& path, std::string_view password, Access access) {
     // Before the file is opened: a change meanwhile is a change since.
     const auto now = std::chrono::system_clock::now();
     const auto origin = Origin::Find(NativePath(path), access.readOnly);
@@ -114,7 +94,7 @@ ConnectionPtr Connection::Open(const std::string& path, const std::string& passw
     return connection;
 }
 
-ConnectionPtr Connection::OpenAnew(const std::string& path, const std::string& password,
+ConnectionPtr Connection::OpenAnew(const std::string& path, std::string_view password,
                                    Access access) {
     ConnectionPtr connection(new Connection(path));
     connection->m_readOnly = access.readOnly;
@@ -126,19 +106,22 @@ ConnectionPtr Connection::OpenAnew(const std::string& path, const std::string& p
     return connection;
 }
 
-ConnectionPtr Connection::Create(const std::string& path, const std::string& password) {
+ConnectionPtr Connection::Create(const std::string& path, std::string_view password) {
     NewFile file(path);
-    ConnectionPtr connection(new Connection(NativePath(path)));
-    connection->OpenFile();
-    connection->LimitTrust();
-    if (!password.empty()) {
-        CipherMajorVersion(connection->m_database);
-        std::string statement = "PRAGMA key = " + Literal(password);
-        connection->Execute(statement, Activity::Writing);
-        WipeText(statement);
+    file.RemoveOldJournals();
+    {
+        const ConnectionPtr first(new Connection(path));
+        first->OpenFile();
+        first->LimitTrust();
+        if (!password.empty())
+            first->UseKey(SaltForNewFile(password), password);
+        constexpr const char* FirstPage = "PRAGMA application_id = 0x53656374"; // "Sect"
+        first->Execute(FirstPage, Activity::Writing);
     }
-    constexpr const char* FirstPage = "PRAGMA application_id = 0x53656374"; // "Sect"
-    connection->Execute(FirstPage, Activity::Writing);
+    // As anybody would open it. Short of memory, the engine may have taken another key, or none.
+    auto connection = OpenAnew(path, password, {});
+    if (connection->m_key.has_value() == password.empty())
+        throw CMemoryException::Instance();
     file.Keep();
     return connection;
 }
@@ -146,7 +129,7 @@ ConnectionPtr Connection::Create(const std::string& path, const std::string& pas
 void Connection::OpenFile() {
     // For writing even where only reading is wanted: what a killed writer left half is undone
     // first.
-    const int code = sqlite3_open_v2(NativePath(m_path).c_str(), &m_database,
+    const int code = sqlite3_open_v2(EnginePath(m_path).c_str(), &m_database,
                                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code != SQLITE_OK)
         FailFromEngine(code, m_database, m_path, Activity::Reading);
@@ -181,7 +164,7 @@ void Connection::LimitTrust() {
     sqlite3_set_authorizer(m_database, &Connection::Authorize, this);
 }
 
-void Connection::Key(const std::string& password) {
+void Connection::Key(std::string_view password) {
     sqlite3_file* file = nullptr;
     sqlite3_file_control(m_database, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
     std::array<unsigned char, ClassifiedBytes> firstBytes{};
@@ -204,17 +187,20 @@ void Connection::Key(const std::string& password) {
     CheckReadable(kind == FileKind::Protected);
 }
 
-void Connection::KeyProtectedFile(const unsigned char* firstBytes, const std::string& password) {
+void Connection::KeyProtectedFile(const unsigned char* firstBytes, std::string_view password) {
     const std::string_view secret = SecretOf(password);
     if (secret.empty())
         Fail(SectionError::WrongPassword,
              m_path + ": the file is protected and no password was given; give its password.");
     FileSalt salt;
     std::copy_n(firstBytes, salt.size(), salt.begin());
-    std::string statement = KeyStatement(salt, secret, CipherMajorVersion(m_database));
+    UseKey(salt, secret);
+}
+
+void Connection::UseKey(const FileSalt& salt, std::string_view secret) {
+    const SecretText statement = KeyStatement(salt, secret, CipherMajorVersion(m_database));
     m_key = KeyUse{salt, FindKey(salt, secret)};
-    Execute(statement, Activity::Reading);
-    WipeText(statement);
+    Execute(statement.Get(), Activity::Reading);
 }
 
 void Connection::CheckReadable(bool isProtected) {
@@ -228,6 +214,8 @@ void Connection::CheckReadable(bool isProtected) {
                       "password.");
     if (code != SQLITE_OK)
         FailFromEngine(code, m_database, m_path, Activity::Reading);
+    if (m_key)
+        ConfirmKey(m_key->number);
 }
 
 void Connection::LockExclusively() {

@@ -24,7 +24,7 @@ RestingConnections& Resting() {
 
 } // namespace
 
-ConnectionPtr ConnectionPool::Take(const Origin& origin, const std::string& password) {
+ConnectionPtr ConnectionPool::Take(const Origin& origin, std::string_view password) {
     if (isOver)
         return nullptr;
     RestingConnections& resting = Resting();

@@ -3,7 +3,7 @@
 
 #include "dataaccess/sqlite/Connection.h"
 
-#include <string>
+#include <string_view>
 
 namespace dbsection {
 
@@ -15,7 +15,7 @@ namespace dbsection {
 class ConnectionPool {
 public:
     /// A resting connection of that origin, which `password` would open; null when there is none.
-    static ConnectionPtr Take(const Origin& origin, const std::string& password);
+    static ConnectionPtr Take(const Origin& origin, std::string_view password);
 
     /// Lets a connection rest, or closes it where it must not or cannot be kept.
     static void Rest(ConnectionPtr connection) noexcept;

@@ -9,15 +9,16 @@
 
 namespace dbsection {
 
-/// Open until one of those who share it closes it, and closed for all of them from then on.
+/// Open from Begin until one of those who share it closes it, and closed for all of them from then
+/// on.
 class Session {
 public:
-    explicit Session(ConnectionPtr connection)
-        : m_path(connection->Path()),
-          m_connection(std::move(connection)) {}
+    explicit Session(std::string path) : m_path(std::move(path)) {}
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     ~Session() { Close(); }
+
+    void Begin(ConnectionPtr connection) noexcept { m_connection = std::move(connection); }
 
     /// Not so in a process that was forked from the one that opened it.
     bool IsOpen() const { return m_connection != nullptr && m_connection->IsOurs(); }
