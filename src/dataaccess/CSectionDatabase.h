@@ -39,12 +39,15 @@ public:
     explicit CSectionDatabase(CSectionWorkspace* workspace = nullptr) : m_workspace(workspace) {}
 
     /// Creates a database file; an existing one is left alone and is an error. `descriptor` may
-    /// carry the password of the new file (";PWD=secret"). `options` is accepted and not used.
+    /// carry the password of the new file (";PWD=secret"); blanks and semicolons alone are none.
+    /// Journals that an earlier file of that name left are removed. `options` is accepted and not
+    /// used.
     void Create(const char* path, const char* descriptor = nullptr, int options = 0);
 
     /// Opens a file. `connect` carries the password as ";PWD=secret", or is the password itself. An
     /// empty one on a protected file means the password in the environment variable
-    /// SECTIONDB_PASSWORD. A file without password opens whatever is given.
+    /// SECTIONDB_PASSWORD. A file without password opens whatever is given. An exclusive database
+    /// keeps all others out; where the file may not be written, those who want to write.
     void Open(const char* path, int exclusive = 0, int readOnly = 0, const char* connect = "");
 
     bool IsOpen() const;

@@ -41,7 +41,7 @@ struct Origin {
     gid_t group;
     bool operator==(const Origin&) const = default;
 
-    /// Asks the system; nothing where there is no such file.
+    /// Asks the system; nothing where the file cannot be reached, and errno then says why.
     static std::optional<Origin> Find(const std::string& path, bool readOnly);
 };
 

@@ -48,6 +48,15 @@ std::string_view SecretOf(std::string_view password) {
     return fallback == nullptr ? password : fallback;
 }
 
+[[noreturn]] void FailToReach(const std::string& path, int error) {
+    if (error == ENOENT || error == ENOTDIR)
+        Fail(SectionError::FileNotFound,
+             path + ": there is no such file; check the folder and the name.");
+    Fail(SectionError::Io, path + ": the file cannot be reached (" +
+                               std::generic_category().message(error) +
+                               "); check its name, and the permissions of its folders.");
+}
+
 /// A path that the engine takes for a file in every case: others can name a database in memory.
 std::string EnginePath(const std::string& path) {
     std::string native = NativePath(path);
@@ -77,8 +86,7 @@ ConnectionPtr Connection::Open(const std::string& path, std::string_view passwor
     const auto now = std::chrono::system_clock::now();
     const auto origin = Origin::Find(NativePath(path), access.readOnly);
     if (!origin)
-        Fail(SectionError::FileNotFound,
-             path + ": there is no such file; check the folder and the name.");
+        FailToReach(path, errno);
     if (!origin->version.IsRegularFile())
         Fail(SectionError::NotADatabase, path + ": this is not a file; name a catalogue file.");
     if (access.exclusive)
@@ -218,9 +226,13 @@ void Connection::CheckReadable(bool isProtected) {
         ConfirmKey(m_key->number);
 }
 
+/// A connection that only reads still takes the lock, so that nobody writes meanwhile. That is all
+/// that can be had of a file that one may not write: others can read it then.
 void Connection::LockExclusively() {
-    // A connection that only reads still takes the lock, so that nobody writes meanwhile.
-    Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT", Activity::Reading);
+    Execute("PRAGMA locking_mode = EXCLUSIVE", Activity::Reading);
+    const bool mayWrite = sqlite3_db_readonly(m_database, "main") == 0;
+    Execute(mayWrite ? "BEGIN EXCLUSIVE; COMMIT" : "SELECT 1 FROM sqlite_master LIMIT 1",
+            Activity::Reading);
 }
 
 /// Files with one are shared by way of memory, which a connection holds until it is closed.
