@@ -48,6 +48,10 @@ public:
     /// empty one on a protected file means the password in the environment variable
     /// SECTIONDB_PASSWORD. A file without password opens whatever is given. An exclusive database
     /// keeps all others out; where the file may not be written, those who want to write.
+    ///
+    /// The pages of a plain file of up to 128 MiB are checked before it is used, once for each of
+    /// its versions: damage is error 3049 then. Those of a protected file are checked as they are
+    /// read.
     void Open(const char* path, int exclusive = 0, int readOnly = 0, const char* connect = "");
 
     bool IsOpen() const;

@@ -1,5 +1,6 @@
 #include "dataaccess/sqlite/Connection.h"
 
+#include "dataaccess/sqlite/WholeFiles.h"
 #include "platform/Text.h"
 
 namespace dbsection {
@@ -15,7 +16,7 @@ Connection::~Connection() {
 }
 
 bool Connection::MayRest() const {
-    return IsOurs() && m_origin && sqlite3_get_autocommit(m_database) != 0 && m_kept.IsFree() &&
+    return IsOurs() && m_origin && IsOutermost() && m_kept.IsFree() &&
            Origin::Find(m_origin->path, m_origin->readOnly) == m_origin;
 }
 
@@ -56,19 +57,43 @@ StatementLease Connection::Own(const std::string& sql) {
     return StatementLease(m_kept.Keep({sql, std::move(statement), nullptr, false}));
 }
 
+/// A file stays whole where it changes by this connection alone.
+void Connection::BeginChange() {
+    if (IsOutermost() && m_wholeVersion && m_wholeVersion != FileVersion::Find(m_path.c_str()))
+        m_wholeVersion.reset();
+}
+
+void Connection::EndChange() {
+    if (!IsOutermost() || !m_wholeVersion)
+        return;
+    const auto changed = FileVersion::Find(m_path.c_str());
+    if (!changed || !changed->IsOfSameFile(*m_wholeVersion))
+        return;
+    WholeFiles::Add(*changed);
+    m_wholeVersion = changed;
+}
+
 void Connection::Execute(const std::string& sql, Activity activity) {
+    if (activity == Activity::Writing)
+        BeginChange();
     const int code = sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         FailFromEngine(code, m_database, m_path, activity);
+    if (activity == Activity::Writing)
+        EndChange();
 }
 
 bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activity activity) {
+    if (activity == Activity::Writing)
+        BeginChange();
     const int code = sqlite3_step(statement);
     if (code == SQLITE_ERROR) // as when another program has dropped the table
         FailFromStatement(code, sqlite3_errmsg(m_database), sqlite3_sql(statement), subject,
                           SectionError::UnknownNameInStatement);
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         FailFromEngine(code, m_database, subject, activity);
+    if (activity == Activity::Writing)
+        EndChange();
     return code == SQLITE_ROW;
 }
 
@@ -79,12 +104,12 @@ int Connection::Write(sqlite3_stmt* statement, const std::string& subject) {
 }
 
 void Connection::ChangeSchema(const std::string& sql) {
-    const bool outermost = sqlite3_get_autocommit(m_database) != 0;
+    const bool outermost = IsOutermost();
     m_kept.Clear();
     try {
         Execute(outermost ? "BEGIN IMMEDIATE;" + sql + ";COMMIT" : sql, Activity::Writing);
     } catch (CException*) {
-        if (outermost && sqlite3_get_autocommit(m_database) == 0)
+        if (outermost && !IsOutermost())
             ForgetChanges();
         throw;
     }

@@ -161,7 +161,14 @@ private:
     void UseKey(const FileSalt& salt, std::string_view secret);
     void CheckReadable(bool isProtected);
     void LockExclusively();
+    void RequireWhole();
+    bool CheckPages();
     bool HasWriteAheadLog();
+
+    /// Whether no transaction is under way.
+    bool IsOutermost() const { return sqlite3_get_autocommit(m_database) != 0; }
+    void BeginChange();
+    void EndChange();
 
     StatementPtr Prepare(const std::string& sql);
     std::optional<KeptStatement> PrepareQuery(const std::string& sql, Editing editing);
@@ -178,8 +185,9 @@ private:
 
     const ProcessMark m_opener;
     std::string m_path;
-    std::optional<Origin> m_origin; ///< none: must not rest
-    std::optional<KeyUse> m_key;    ///< none: the file is not protected
+    std::optional<Origin> m_origin;            ///< none: must not rest
+    std::optional<KeyUse> m_key;               ///< none: the file is not protected
+    std::optional<FileVersion> m_wholeVersion; ///< in which nothing of a plain file is damaged
     sqlite3* m_database = nullptr;
     bool m_readOnly = false;
     bool m_callersStatement = false; ///< the authorizer then allows reading only

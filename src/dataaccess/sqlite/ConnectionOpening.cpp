@@ -3,6 +3,7 @@
 
 #include "dataaccess/sqlite/ConnectionPool.h"
 #include "dataaccess/sqlite/NewFile.h"
+#include "dataaccess/sqlite/WholeFiles.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
@@ -10,8 +11,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -59,8 +58,7 @@ std::string_view SecretOf(std::string_view password) {
 
 /// A path that the engine takes for a file in every case: others can name a database in memory.
 std::string EnginePath(const std::string& path) {
-    std::string native = NativePath(path);
-    return native.starts_with('/') ? native : "./" + native;
+    return path.starts_with('/') ? path : "./" + path;
 }
 
 } // namespace
@@ -75,10 +73,10 @@ bool Connection::IsOutdatedBy(const Origin& origin) const {
 }
 
 std::optional<Origin> Origin::Find(const std::string& path, bool readOnly) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0)
+    const auto version = FileVersion::Find(path.c_str());
+    if (!version)
         return std::nullopt;
-    return Origin{path, readOnly, FileVersion(status), ::geteuid(), ::getegid()};
+    return Origin{path, readOnly, *version, ::geteuid(), ::getegid()};
 }
 
 ConnectionPtr Connection::Open(const std::string& path, std::string_view password, Access access) {
@@ -111,14 +109,17 @@ ConnectionPtr Connection::OpenAnew(const std::string& path, std::string_view pas
     connection->Key(password);
     if (access.exclusive)
         connection->LockExclusively();
+    if (!connection->m_key)
+        connection->RequireWhole();
     return connection;
 }
 
 ConnectionPtr Connection::Create(const std::string& path, std::string_view password) {
-    NewFile file(path);
+    const std::string native = NativePath(path);
+    NewFile file(native);
     file.RemoveOldJournals();
     {
-        const ConnectionPtr first(new Connection(path));
+        const ConnectionPtr first(new Connection(native));
         first->OpenFile();
         first->LimitTrust();
         if (!password.empty())
@@ -127,7 +128,7 @@ ConnectionPtr Connection::Create(const std::string& path, std::string_view passw
         first->Execute(FirstPage, Activity::Writing);
     }
     // As anybody would open it. Short of memory, the engine may have taken another key, or none.
-    auto connection = OpenAnew(path, password, {});
+    auto connection = OpenAnew(native, password, {});
     if (connection->m_key.has_value() == password.empty())
         throw CMemoryException::Instance();
     file.Keep();
@@ -233,6 +234,39 @@ void Connection::LockExclusively() {
     const bool mayWrite = sqlite3_db_readonly(m_database, "main") == 0;
     Execute(mayWrite ? "BEGIN EXCLUSIVE; COMMIT" : "SELECT 1 FROM sqlite_master LIMIT 1",
             Activity::Reading);
+}
+
+/// Damage that the engine would stumble over is found before anything of a plain file is used; the
+/// pages of a protected file carry a checksum each.
+void Connection::RequireWhole() {
+    constexpr off_t LargestChecked = 128 * 1024 * 1024; // a tenth of a second
+    const auto now = std::chrono::system_clock::now();
+    const auto version = FileVersion::Find(m_path.c_str());
+    if (!version || version->Size() > LargestChecked)
+        return;
+    if (!WholeFiles::Contains(*version)) {
+        if (!CheckPages() || HasWriteAheadLog())
+            return;
+        if (version->IsSettled(now))
+            WholeFiles::Add(*version);
+    }
+    m_wholeVersion = version;
+}
+
+/// False where the engine cannot check the pages because it does not know what the tables use.
+bool Connection::CheckPages() {
+    bool isDamaged = false;
+    const auto look = [](void* found, int /*columns*/, char** values, char** /*names*/) {
+        // What the pages hold is told without this mark, as a value that is missing in a row.
+        *static_cast<bool*>(found) = std::string_view(values[0]).starts_with("***");
+        return 0;
+    };
+    const int code = sqlite3_exec(m_database, "PRAGMA quick_check(1)", look, &isDamaged, nullptr);
+    if (isDamaged)
+        FailFromEngine(SQLITE_CORRUPT, nullptr, m_path, Activity::Reading);
+    if (code != SQLITE_OK && code != SQLITE_ERROR)
+        FailFromEngine(code, m_database, m_path, Activity::Reading);
+    return code == SQLITE_OK;
 }
 
 /// Files with one are shared by way of memory, which a connection holds until it is closed.

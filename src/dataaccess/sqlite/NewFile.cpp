@@ -2,11 +2,11 @@
 
 #include "dataaccess/sqlite/EngineError.h"
 #include "platform/FileDescriptor.h"
-#include "platform/FileSystem.h"
 
 #include <cerrno>
 #include <fcntl.h>
 #include <system_error>
+#include <utility>
 
 namespace dbsection {
 namespace {
@@ -15,7 +15,7 @@ std::string Reason(int error) { return " (" + std::generic_category().message(er
 
 } // namespace
 
-NewFile::NewFile(const std::string& path) : m_path(NativePath(path)) {
+NewFile::NewFile(std::string path) : m_path(std::move(path)) {
     constexpr mode_t Permissions = 0644;
     const FileDescriptor file(
         ::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, Permissions));
@@ -24,8 +24,8 @@ NewFile::NewFile(const std::string& path) : m_path(NativePath(path)) {
         return;
     if (error == EEXIST)
         Fail(SectionError::DatabaseExists,
-             path + ": a file of this name exists; choose another name, or remove it first.");
-    Fail(SectionError::Io, path + ": the file cannot be created" + Reason(error) +
+             m_path + ": a file of this name exists; choose another name, or remove it first.");
+    Fail(SectionError::Io, m_path + ": the file cannot be created" + Reason(error) +
                                "; check the folder and its permissions.");
 }
 

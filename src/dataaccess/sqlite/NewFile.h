@@ -8,8 +8,8 @@ namespace dbsection {
 /// Claims the name of a new file. Removes the file again unless it is kept.
 class NewFile {
 public:
-    /// A file that exists is error 3204.
-    explicit NewFile(const std::string& path);
+    /// `path` is a native one. A file that exists is error 3204.
+    explicit NewFile(std::string path);
     NewFile(const NewFile&) = delete;
     NewFile& operator=(const NewFile&) = delete;
     ~NewFile();
