@@ -37,6 +37,7 @@ enum Number : std::int32_t {
     NoSuchItem = 3265, ///< no such field or table information
     ValueRequired = 3314,
     NotADatabase = 3343,
+    QueryTooComplex = 3360, ///< it works too long for one row of its result
     ObjectClosed = 3420,
     WrongValueType = 3421,
 };

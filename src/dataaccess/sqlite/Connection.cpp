@@ -48,6 +48,7 @@ void Connection::ForgetChanges() {
 }
 
 StatementLease Connection::Own(const std::string& sql) {
+    m_work.Renew();
     if (KeptStatement* kept = m_kept.Find(sql))
         return StatementLease(*kept);
     StatementPtr statement = Prepare(sql);
@@ -76,6 +77,7 @@ void Connection::EndChange() {
 void Connection::Execute(const std::string& sql, Activity activity) {
     if (activity == Activity::Writing)
         BeginChange();
+    m_work.Renew();
     const int code = sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         FailFromEngine(code, m_database, m_path, activity);
@@ -94,6 +96,8 @@ bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activ
         FailFromEngine(code, m_database, subject, activity);
     if (activity == Activity::Writing)
         EndChange();
+    if (code == SQLITE_ROW)
+        m_work.Renew();
     return code == SQLITE_ROW;
 }
 

@@ -8,6 +8,7 @@
 #include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/SqlText.h"
 #include "dataaccess/sqlite/Statement.h"
+#include "dataaccess/sqlite/WorkBound.h"
 #include "platform/FileVersion.h"
 #include "platform/ProcessMark.h"
 
@@ -95,7 +96,7 @@ public:
     /// Runs statements of the library's own.
     void Execute(const std::string& sql, Activity activity);
 
-    /// Steps a statement: true at a row, false at the end.
+    /// Steps a statement: true at a row, false at the end. The work between two rows is bound.
     bool Step(sqlite3_stmt* statement, const std::string& subject, Activity activity);
 
     /// A statement of a caller: it must read, and nothing may follow it. Its first
@@ -189,6 +190,7 @@ private:
     std::optional<KeyUse> m_key;               ///< none: the file is not protected
     std::optional<FileVersion> m_wholeVersion; ///< in which nothing of a plain file is damaged
     sqlite3* m_database = nullptr;
+    WorkBound m_work;
     bool m_readOnly = false;
     bool m_callersStatement = false; ///< the authorizer then allows reading only
     std::string m_lastPrepareError;

@@ -171,6 +171,7 @@ void Connection::LimitTrust() {
     sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
 #endif
     sqlite3_set_authorizer(m_database, &Connection::Authorize, this);
+    m_work.Install(m_database);
 }
 
 void Connection::Key(std::string_view password) {
