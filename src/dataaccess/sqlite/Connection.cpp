@@ -40,9 +40,34 @@ void Connection::RequireWritable() const {
                       "and its folder write permission.");
 }
 
+void Connection::BeginTransaction() {
+    Execute("BEGIN IMMEDIATE", Activity::Writing);
+    m_isInTransaction = true;
+}
+
+void Connection::CommitTransaction() {
+    try {
+        Execute("COMMIT", Activity::Writing);
+    } catch (...) {
+        if (IsOutermost())
+            ForgetChanges();
+        throw;
+    }
+    m_isInTransaction = false;
+}
+
 void Connection::ForgetChanges() {
     sqlite3_exec(m_database, "ROLLBACK", nullptr, nullptr, nullptr);
+    m_isInTransaction = false;
     m_kept.Clear();
+    ++m_ownChanges;
+    m_tablesVersion = -1;
+}
+
+/// To be called when the engine has failed.
+void Connection::ForgetUndoneChanges() {
+    if (!m_isInTransaction || !IsOutermost())
+        return;
     ++m_ownChanges;
     m_tablesVersion = -1;
 }
@@ -60,6 +85,10 @@ StatementLease Connection::Own(const std::string& sql) {
 
 /// A file stays whole where it changes by this connection alone.
 void Connection::BeginChange() {
+    if (m_isInTransaction && IsOutermost())
+        Fail(SectionError::NoTransaction,
+             m_path + ": an error has undone the transaction, and nothing was changed; roll it "
+                      "back, and write again.");
     if (IsOutermost() && m_wholeVersion && m_wholeVersion != FileVersion::Find(m_path.c_str()))
         m_wholeVersion.reset();
 }
@@ -79,8 +108,10 @@ void Connection::Execute(const std::string& sql, Activity activity) {
         BeginChange();
     m_work.Renew();
     const int code = sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
-    if (code != SQLITE_OK)
+    if (code != SQLITE_OK) {
+        ForgetUndoneChanges();
         FailFromEngine(code, m_database, m_path, activity);
+    }
     if (activity == Activity::Writing)
         EndChange();
 }
@@ -89,6 +120,8 @@ bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activ
     if (activity == Activity::Writing)
         BeginChange();
     const int code = sqlite3_step(statement);
+    if (code != SQLITE_ROW && code != SQLITE_DONE)
+        ForgetUndoneChanges();
     if (code == SQLITE_ERROR) // as when another program has dropped the table
         FailFromStatement(code, sqlite3_errmsg(m_database), sqlite3_sql(statement), subject,
                           SectionError::UnknownNameInStatement);

@@ -135,6 +135,12 @@ public:
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
     void RequireWritable() const;
 
+    // A transaction of the host. An error can undo all of it; nothing is written then until the
+    // host has given it up (error 3034).
+    void BeginTransaction();
+    void CommitTransaction();
+    bool IsInTransaction() const { return m_isInTransaction && !IsOutermost(); }
+
     /// Undoes a transaction.
     void ForgetChanges();
 
@@ -170,6 +176,7 @@ private:
     bool IsOutermost() const { return sqlite3_get_autocommit(m_database) != 0; }
     void BeginChange();
     void EndChange();
+    void ForgetUndoneChanges();
 
     StatementPtr Prepare(const std::string& sql);
     std::optional<KeptStatement> PrepareQuery(const std::string& sql, Editing editing);
@@ -192,6 +199,7 @@ private:
     sqlite3* m_database = nullptr;
     WorkBound m_work;
     bool m_readOnly = false;
+    bool m_isInTransaction = false;  ///< of the host
     bool m_callersStatement = false; ///< the authorizer then allows reading only
     std::string m_lastPrepareError;
     int m_lastPrepareCode = SQLITE_OK;

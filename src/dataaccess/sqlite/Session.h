@@ -18,6 +18,8 @@ public:
     Session& operator=(const Session&) = delete;
     ~Session() { Close(); }
 
+    const std::string& Path() const { return m_path; }
+
     void Begin(ConnectionPtr connection) noexcept { m_connection = std::move(connection); }
 
     /// Not so in a process that was forked from the one that opened it.
@@ -41,6 +43,18 @@ public:
 private:
     std::string m_path;
     ConnectionPtr m_connection;
+};
+
+/// Keeps a session open: it is closed with its last keeper, whoever else still refers to it.
+class SessionKeeper {
+public:
+    explicit SessionKeeper(std::shared_ptr<Session> session) : m_session(std::move(session)) {}
+    SessionKeeper(const SessionKeeper&) = delete;
+    SessionKeeper& operator=(const SessionKeeper&) = delete;
+    ~SessionKeeper() { m_session->Close(); }
+
+private:
+    std::shared_ptr<Session> m_session;
 };
 
 } // namespace dbsection
