@@ -2,6 +2,7 @@
 
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
+#include "dataaccess/LibraryState.h"
 #include "units/UNIT.h"
 
 #include <cstdint>
@@ -43,7 +44,7 @@ CString OrderClause(const CStringArray& columns) {
 
 SectionDBBase::~SectionDBBase() {
     closeRecordset(&m_pRecordset);
-    ReleaseOwnDatabase();
+    ReleaseDatabase();
 }
 
 int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
@@ -194,12 +195,16 @@ int SectionDBBase::GetSectionFieldCount(int sectionType) {
 
 void SectionDBBase::SetDatabase(CSectionDatabase* database) {
     closeRecordset(&m_pRecordset);
-    ReleaseOwnDatabase();
-    m_pDatabase = database;
-    m_szFileName = database == nullptr ? CString() : database->GetName();
+    ReleaseDatabase();
+    m_bShared = 1;
+    m_szFileName = {};
     m_szTableName = {};
     m_szSQL = {};
-    m_bShared = 1;
+    if (database == nullptr)
+        return;
+    m_pDatabase = new CSectionDatabase;
+    m_pDatabase->ReferTo(*database);
+    m_szFileName = database->GetName();
 }
 
 int SectionDBBase::OpenSectionDatabase() {
@@ -210,21 +215,26 @@ int SectionDBBase::OpenSectionDatabase() {
                             "OpenSectionDatabase()");
         return 0;
     }
-    if (m_bShared != 0)
-        m_pDatabase = nullptr;
+    ReleaseDatabase();
     m_bShared = 0;
-    return openDatabase(&m_pDatabase, m_szFileName, 1, 0, 0, "", nullptr) == 1 ? 1 : 0;
+    const int result = openDatabase(&m_pDatabase, m_szFileName, 1, 0, 0,
+                                    SectionLibraryState::m_szPassword, nullptr);
+    return result == 1 ? 1 : 0;
 }
 
 void SectionDBBase::CloseDB() {
     FreeSectionRecords();
     closeRecordset(&m_pRecordset);
-    ReleaseOwnDatabase();
+    if (m_bShared == 0)
+        ReleaseDatabase();
 }
 
-void SectionDBBase::ReleaseOwnDatabase() {
+/// Lets the database go; an attached one stays open.
+void SectionDBBase::ReleaseDatabase() {
     if (m_bShared == 0)
         closeDatabase(&m_pDatabase, 1);
+    delete m_pDatabase;
+    m_pDatabase = nullptr;
 }
 
 CString SectionDBBase::GetTableName(int sectionType) const {

@@ -25,7 +25,7 @@ enum Number : std::int32_t {
     DiskFull = 3026,
     ReadOnly = 3027,
     WrongPassword = 3031, ///< or no password for a protected file
-    NoTransaction = 3034, ///< an error has undone it
+    NoTransaction = 3034, ///< an earlier failure has undone it
     Io = 3043,
     InUse = 3045,
     Damaged = 3049,

@@ -16,7 +16,7 @@ Connection::~Connection() {
 }
 
 bool Connection::MayRest() const {
-    return IsOurs() && m_origin && IsOutermost() && m_kept.IsFree() &&
+    return IsOurs() && m_origin && !IsInTransaction() && m_kept.IsFree() &&
            Origin::Find(m_origin->path, m_origin->readOnly) == m_origin;
 }
 
@@ -38,27 +38,37 @@ void Connection::RequireWritable() const {
         Fail(SectionError::ReadOnly,
              m_path + ": it was opened for reading only; open it for writing, and give the file "
                       "and its folder write permission.");
+    if (m_transactions > 0 && !IsInTransaction())
+        Fail(SectionError::NoTransaction,
+             m_path + ": an earlier failure has undone the transaction; roll it back, and begin "
+                      "another one.");
 }
 
 void Connection::BeginTransaction() {
+    RequireWritable();
     Execute("BEGIN IMMEDIATE", Activity::Writing);
-    m_isInTransaction = true;
+    ++m_transactions;
 }
 
 void Connection::CommitTransaction() {
     try {
+        RequireWritable();
         Execute("COMMIT", Activity::Writing);
     } catch (...) {
-        if (IsOutermost())
-            ForgetChanges();
+        if (!IsInTransaction())
+            RollBackTransaction();
         throw;
     }
-    m_isInTransaction = false;
+    --m_transactions;
+}
+
+void Connection::RollBackTransaction() {
+    --m_transactions;
+    ForgetChanges();
 }
 
 void Connection::ForgetChanges() {
     sqlite3_exec(m_database, "ROLLBACK", nullptr, nullptr, nullptr);
-    m_isInTransaction = false;
     m_kept.Clear();
     ++m_ownChanges;
     m_tablesVersion = -1;
@@ -66,7 +76,7 @@ void Connection::ForgetChanges() {
 
 /// To be called when the engine has failed.
 void Connection::ForgetUndoneChanges() {
-    if (!m_isInTransaction || !IsOutermost())
+    if (m_transactions == 0 || IsInTransaction())
         return;
     ++m_ownChanges;
     m_tablesVersion = -1;
@@ -85,16 +95,12 @@ StatementLease Connection::Own(const std::string& sql) {
 
 /// A file stays whole where it changes by this connection alone.
 void Connection::BeginChange() {
-    if (m_isInTransaction && IsOutermost())
-        Fail(SectionError::NoTransaction,
-             m_path + ": an error has undone the transaction, and nothing was changed; roll it "
-                      "back, and write again.");
-    if (IsOutermost() && m_wholeVersion && m_wholeVersion != FileVersion::Find(m_path.c_str()))
+    if (!IsInTransaction() && m_wholeVersion && m_wholeVersion != FileVersion::Find(m_path.c_str()))
         m_wholeVersion.reset();
 }
 
 void Connection::EndChange() {
-    if (!IsOutermost() || !m_wholeVersion)
+    if (IsInTransaction() || !m_wholeVersion)
         return;
     const auto changed = FileVersion::Find(m_path.c_str());
     if (!changed || !changed->IsOfSameFile(*m_wholeVersion))
@@ -141,12 +147,12 @@ int Connection::Write(sqlite3_stmt* statement, const std::string& subject) {
 }
 
 void Connection::ChangeSchema(const std::string& sql) {
-    const bool outermost = IsOutermost();
+    const bool outermost = !IsInTransaction();
     m_kept.Clear();
     try {
         Execute(outermost ? "BEGIN IMMEDIATE;" + sql + ";COMMIT" : sql, Activity::Writing);
     } catch (CException*) {
-        if (outermost && !IsOutermost())
+        if (outermost && IsInTransaction())
             ForgetChanges();
         throw;
     }

@@ -133,13 +133,17 @@ public:
     }
 
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
+
+    /// Throws where nothing can be written.
     void RequireWritable() const;
 
-    // A transaction of the host. An error can undo all of it; nothing is written then until the
-    // host has given it up (error 3034).
+    bool IsInTransaction() const { return sqlite3_get_autocommit(m_database) == 0; }
+
+    // A transaction of the host. A failure can undo all of it; nothing can be written then until
+    // the host has rolled it back (error 3034).
     void BeginTransaction();
     void CommitTransaction();
-    bool IsInTransaction() const { return m_isInTransaction && !IsOutermost(); }
+    void RollBackTransaction();
 
     /// Undoes a transaction.
     void ForgetChanges();
@@ -172,8 +176,6 @@ private:
     bool CheckPages();
     bool HasWriteAheadLog();
 
-    /// Whether no transaction is under way.
-    bool IsOutermost() const { return sqlite3_get_autocommit(m_database) != 0; }
     void BeginChange();
     void EndChange();
     void ForgetUndoneChanges();
@@ -206,6 +208,7 @@ private:
     StatementStore m_kept;
     const std::int64_t m_serial = NextSerial(); ///< no two of a process have the same
     std::int64_t m_ownChanges = 0;
+    int m_transactions = 0; ///< that were begun to write
     std::vector<std::string> m_tables;
     std::int64_t m_tablesVersion = -1;
     std::map<std::string, std::vector<CSectionFieldInfo>, std::less<>> m_fields;

@@ -64,7 +64,7 @@ void Workspace::Commit() {
 void Workspace::Rollback() noexcept {
     for (const auto& session : m_inTransaction)
         if (session->IsOpen())
-            session->Get().ForgetChanges();
+            session->Get().RollBackTransaction();
     m_inTransaction.clear();
 }
 
