@@ -91,6 +91,56 @@ TEST_F(EngineTest, FilesOfTheStockProgramAndOurs) {
               1);
 }
 
+/// Adds rows to a catalogue until there are `count`.
+void FillCatalogue(const TempFolder& folder, const std::string& path, int count) {
+    RunStockProgram(folder, path,
+                    "WITH RECURSIVE n(i) AS (VALUES(6) UNION ALL SELECT i + 1 FROM n WHERE i < " +
+                        std::to_string(count) +
+                        ") INSERT INTO Shape SELECT i, 'N' || i, NULL, i % 1000 FROM n;");
+}
+
+TEST_F(EngineTest, StatementsThatDeliverNothingEnd) {
+    if (!HasStockProgram())
+        GTEST_SKIP() << "the sqlcipher program, which adds the rows, is missing";
+    const std::string path = m_folder.File("shapes.db3");
+    CreateCatalogue(path);
+    FillCatalogue(m_folder, path, 1000);
+    DatabaseHandle db;
+    ASSERT_EQ(Open(db, path), 1);
+    for (const char* sql :
+         {"Select A.Name From Shape A, Shape B, Shape C WHERE A.AX + B.AX + C.AX < 0",
+          "Select count(*) From Shape A, Shape B, Shape C"}) {
+        RecordsetHandle rows;
+        EXPECT_EQ(Query(db, rows, sql, 4), -1) << sql;
+        EXPECT_EQ(TakeQuietError(), 3360) << sql;
+    }
+    Rows rows(db, "Select A.* From Shape A, Shape B", 4);
+    rows->MoveLast();
+    EXPECT_EQ(rows->GetRecordCount(), 1'000'000) << "many rows take no time each";
+    const auto find = [&](const char* condition) {
+        return setRecordsetTo(rows.Address(), condition, 0x80000000L);
+    };
+    EXPECT_EQ(find("0 < (Select sum(A.AX) From Shape A, Shape B)"), 1) << "some work is allowed";
+    EXPECT_EQ(find("0 > (Select sum(A.AX) From Shape A, Shape B)"), 0);
+    EXPECT_EQ(TakeQuietError(), 3360);
+}
+
+TEST_F(EngineTest, WholeTablesAreSortedAndSearched) {
+    if (!HasStockProgram())
+        GTEST_SKIP() << "the sqlcipher program, which adds the rows, is missing";
+    constexpr int Million = 1'000'000;
+    const std::string path = m_folder.File("large.db3");
+    CreateCatalogue(path);
+    FillCatalogue(m_folder, path, Million);
+    DatabaseHandle db;
+    ASSERT_EQ(Open(db, path), 1);
+    Rows rows(db, "Select Name, max(AX) From Shape GROUP BY UPPER(Name) ORDER BY AX, Name", 4);
+    rows->MoveLast();
+    EXPECT_EQ(rows->GetRecordCount(), Million);
+    EXPECT_EQ(setRecordsetTo(rows.Address(), "Name LIKE '%none%'", 0x80000000L), 0);
+    EXPECT_EQ(TakeQuietError(), 0);
+}
+
 /// Run by the test below in a process of its own, where the plain engine was loaded first.
 TEST_F(EngineTest, DISABLED_OpenWithPlainEngine) {
     const char* path = std::getenv("TEST_PROTECTED_FILE");

@@ -247,17 +247,50 @@ TEST_F(PoolTest, ChildLeavesItsParentsConnectionsAlone) {
     Look(m_protected);
     DatabaseHandle open;
     ASSERT_EQ(Open(open, m_plain), 1);
+    RecordsetHandle rows;
+    TableDefHandle table;
+    ASSERT_EQ(Query(open, rows, "Shape"), 1);
+    ASSERT_EQ(openTableDef(open.Get(), table.Address(), "Shape"), 1);
     EXPECT_EQ(RunInChild([&] {
                   const bool seen =
                       Look(m_protected) == "Shape ABCDE" && OpenCount(m_protected) == 2;
-                  closeDatabase(open.Address(), 1); // the parent's: not kept here
-                  const bool closed = OpenCount(m_plain) == 0;
+                  const bool refused = !open->IsOpen() && !rows->IsOpen() &&
+                                       ErrorOf([&] { open->GetTableDefCount(); }) == 3420 &&
+                                       ErrorOf([&] { rows->MoveNext(); }) == 3420 &&
+                                       ErrorOf([&] { table->DeleteField("AX"); }) == 3420;
+                  closeDatabase(open.Address(), 1); // the parent's: neither closed nor kept
+                  const bool left = OpenCount(m_plain) == 1 && Look(m_plain) == "Shape ABCDE";
                   terminateDAOEngine();
-                  return seen && closed && OpenCount(m_protected) == 1 ? 0 : 1;
+                  return seen && refused && left && OpenCount(m_protected) == 1 ? 0 : 1;
               }),
               0);
     EXPECT_EQ(Look(m_protected), "Shape ABCDE");
     EXPECT_EQ(OpenCount(m_protected), 1);
+    EXPECT_TRUE(rows->IsOpen());
+}
+
+TEST_F(PoolTest, ChildLeavesItsParentsTransactionAlone) {
+    CSectionWorkspace workspace;
+    CSectionDatabase* db = nullptr;
+    CSectionRecordset* rows = nullptr;
+    ASSERT_EQ(openDatabase(&db, m_plain.c_str(), 1, 0, 0, "", &workspace), 1);
+    ASSERT_EQ(openRecordset(&db, &rows, "Shape", 1, 0), 1);
+    workspace.BeginTrans();
+    ASSERT_EQ(deleteRecord(&rows, "Name = 'B'"), 1);
+    const std::string journal = m_plain + "-journal";
+    ASSERT_TRUE(fs::exists(journal));
+    EXPECT_EQ(RunInChild([&] {
+                  workspace.Rollback();
+                  closeRecordset(&rows);
+                  closeDatabase(&db, 1);
+                  return fs::exists(journal) ? 0 : 1;
+              }),
+              0);
+    EXPECT_TRUE(fs::exists(journal)) << "what a killed parent would be undone by";
+    workspace.CommitTrans();
+    closeRecordset(&rows);
+    closeDatabase(&db, 1);
+    EXPECT_EQ(Look(m_plain), "Shape ACDE");
 }
 
 TEST_F(PoolTest, ProcessEndsInOrder) {

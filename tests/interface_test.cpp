@@ -1,7 +1,9 @@
 // The façade: opening, counting, the files that it reads and writes, and its vocabulary.
 #include "FacadeSupport.h"
 
+#include <functional>
 #include <map>
+#include <memory>
 #include <set>
 
 using namespace testsupport;
@@ -138,6 +140,9 @@ TEST_F(FacadeTest, ReadsTheInformationOfACatalogue) {
     EXPECT_EQ(TakeQuietError(), SectionError::WrongPassword);
     EXPECT_EQ(field[0], "kept");
     Facade::SetSectionDBPassword(";PWD=secret");
+    EXPECT_EQ(read(File("protected.db3")), 0) << "no connect text is passed";
+    EXPECT_EQ(TakeQuietError(), SectionError::WrongPassword);
+    ::setenv("SECTIONDB_PASSWORD", "secret", 1);
     EXPECT_EQ(read(File("protected.db3")), 1);
     expectInfo();
     EXPECT_EQ(read(File("bare.db3")), 0);
@@ -194,6 +199,60 @@ TEST_F(FacadeTest, WritesTheTableIndexOfTheCataloguesThatAreThere) {
     Facade::InitialiseDBIFile();
     EXPECT_EQ(ReadFile(File("empty.dbi")), "");
     EXPECT_TRUE(std::filesystem::exists(File("empty.dbi")));
+}
+
+TEST_F(FacadeTest, CatalogueObjectsSurviveEveryOtherCall) {
+    const char* connect = ";PWD=secret";
+    const std::string american = File("AISCSections.db3");
+    MakeCatalogue(american, 1, connect);
+    MakeCatalogue(File("BritishSections.db3"), 2, connect);
+    Facade::SetSectionDBPassword(connect);
+    Facade::InitSectionDBInterface();
+    SectionDBBase* catalogue = Facade::m_SectionDBDrv.GetSectionDBObject(1);
+    CString text;
+    const std::function<void()> others[]{
+        [] { Facade::GetSectionCount(1, 1); },
+        [] { Facade::GetSectionCount(3, 1); },
+        [] { Facade::CloseGblSectionDBObject(0); },
+        [] { Facade::CloseGblSectionDBObject(1); },
+        [] { Facade::OpenSectionDatabase(99, &gblSectionDatabase); },
+        [&] { Facade::GetDBInfo(american.c_str(), text, text, text, text, text); },
+        [] { terminateDAOEngine(); },
+    };
+    for (const auto& one : others)
+        for (const auto& another : others) {
+            catalogue->SetDatabase(Facade::GetDatabasePtr(1));
+            one();
+            int type = 0;
+            const std::unique_ptr<SECTIONINFO> beam(
+                catalogue->GetSectionStructProperty("W12x26", 1004, 2007, &type));
+            ASSERT_NE(beam, nullptr);
+            EXPECT_NEAR(beam->Area, 4935.47, 0.01);
+            another();
+            EXPECT_EQ(catalogue->OpenSectionDatabase(), 1);
+            EXPECT_EQ(catalogue->GetSectionCount(1), 1);
+        }
+    Facade::CloseGblSectionDBObject(1);
+    {
+        CSectionDatabase database;
+        database.Open(american.c_str(), 1, 0, connect);
+        catalogue->SetDatabase(&database);
+        EXPECT_EQ(catalogue->GetSectionCount(1), 1);
+    }
+    DatabaseHandle exclusive;
+    EXPECT_EQ(Open(exclusive, american, connect, 0, 1), 1) << "it keeps nothing open";
+}
+
+TEST_F(FacadeTest, AForkedProcessOpensItsOwnDatabase) {
+    MakeCatalogue(File("AISCSections.db3"), 2);
+    EXPECT_EQ(Facade::GetSectionCount(1, 1), 2);
+    CSectionDatabase* const parents = gblSectionDatabase;
+    EXPECT_EQ(RunInChild([&] {
+                  const bool refused = !parents->IsOpen();
+                  return refused && Facade::GetSectionCount(1, 1) == 2 ? 0 : 1;
+              }),
+              0);
+    EXPECT_TRUE(parents->IsOpen());
 }
 
 TEST_F(FacadeTest, InitialisesOnceAndReleasesEverything) {

@@ -2,6 +2,7 @@
 
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
+#include "dataaccess/LibraryState.h"
 #include "units/UNIT.h"
 
 #include <cstdint>
@@ -45,7 +46,7 @@ CString OrderClause(const CStringArray& columns) {
 
 SectionDBBase::~SectionDBBase() {
     closeRecordset(&m_pRecordset);
-    ReleaseOwnDatabase();
+    ReleaseDatabase();
 }
 
 int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
@@ -222,14 +223,20 @@ int SectionDBBase::GetSectionFieldCount(int sectionType) {
 
 void SectionDBBase::SetDatabase(CSectionDatabase* database) {
     Operation("SetDatabase()", [&] {
-        CString fileName = database == nullptr ? CString() : database->GetName();
+        std::unique_ptr<CSectionDatabase> own;
+        CString fileName;
+        if (database != nullptr) {
+            own = std::make_unique<CSectionDatabase>();
+            own->ReferTo(*database);
+            fileName = database->GetName();
+        }
         closeRecordset(&m_pRecordset);
-        ReleaseOwnDatabase();
-        m_pDatabase = database;
+        ReleaseDatabase();
+        m_pDatabase = own.release();
+        m_bShared = 1;
         m_szFileName = std::move(fileName);
         m_szTableName = {};
         m_szSQL = {};
-        m_bShared = 1;
     });
 }
 
@@ -242,22 +249,27 @@ int SectionDBBase::OpenSectionDatabase() {
                               new CFileException, HandleFileException);
             return 0;
         }
-        if (m_bShared != 0)
-            m_pDatabase = nullptr;
+        ReleaseDatabase();
         m_bShared = 0;
-        return openDatabase(&m_pDatabase, m_szFileName, 1, 0, 0, "", nullptr) == 1 ? 1 : 0;
+        const int result = openDatabase(&m_pDatabase, m_szFileName, 1, 0, 0,
+                                        SectionLibraryState::m_szPassword, nullptr);
+        return result == 1 ? 1 : 0;
     });
 }
 
 void SectionDBBase::CloseDB() {
     FreeSectionRecords();
     closeRecordset(&m_pRecordset);
-    ReleaseOwnDatabase();
+    if (m_bShared == 0)
+        ReleaseDatabase();
 }
 
-void SectionDBBase::ReleaseOwnDatabase() {
+/// Lets the database go; an attached one stays open.
+void SectionDBBase::ReleaseDatabase() {
     if (m_bShared == 0)
         closeDatabase(&m_pDatabase, 1);
+    delete m_pDatabase;
+    m_pDatabase = nullptr;
 }
 
 CString SectionDBBase::GetTableName(int sectionType) const {

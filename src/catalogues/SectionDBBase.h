@@ -97,10 +97,12 @@ public:
     /// Fills the map from section type to table name anew.
     virtual void InitTableNameMap() = 0;
 
-    /// Attaches a database, which stays the caller's and must outlive its use here.
+    /// Attaches what a database has open. It stays the caller's, who may close or delete it at any
+    /// time.
     void SetDatabase(CSectionDatabase* database);
 
-    /// 1 when the database is usable. One that was closed is opened again by its file name.
+    /// 1 when the database is usable. One that was closed is opened again by its file name, with
+    /// the library's password, for this object alone.
     int OpenSectionDatabase();
 
     void CloseDB();
@@ -125,17 +127,17 @@ protected:
     /// Opens "SELECT * FROM" the table of a section type.
     int OpenTable(int sectionType, const CString& orderBy = {});
 
-    CSectionDatabase* m_pDatabase = nullptr;
+    CSectionDatabase* m_pDatabase = nullptr; ///< this object's own
     CSectionRecordset* m_pRecordset = nullptr;
     CString m_szFileName;
     CString m_szTableName;
     CString m_szSQL;
     CString m_szWork;
-    int m_bShared = 0; ///< the database was attached and must not be closed here
+    int m_bShared = 0; ///< the open file was attached and must not be closed here
     CMap<int, int, CString, CString> m_mapTableNames;
     CMap<int, int, int, int> m_mapShapeTypes;
 
 private:
     int ListNames(CStringList* list, CUIntArray* ids, int nameColumn);
-    void ReleaseOwnDatabase();
+    void ReleaseDatabase();
 };

@@ -15,36 +15,63 @@
 
 namespace dbsection {
 class Connection;
-class Session;
+class Workspace;
+struct DatabaseReference;
 } // namespace dbsection
 
 /// Groups databases for transactions: what is written between BeginTrans and CommitTrans to the
-/// databases that were open in the workspace at BeginTrans appears at once, file by file, or not at
-/// all.
+/// databases that were open for writing in the workspace at BeginTrans appears at once, file by
+/// file, or not at all. A copy is the same workspace. The databases may outlive it: a transaction
+/// that is under way at its end is rolled back.
 class DBSECTION_API CSectionWorkspace {
 public:
+    CSectionWorkspace();
+
+    /// Databases that are only read are left alone. One transaction at a time.
     void BeginTrans();
+
+    /// Commits every database of the transaction that can be, and then throws the first error.
+    ///
+    /// What failed for now, as when others read the file (3218), stays in the transaction, for
+    /// another try or for Rollback. Lost are the changes of a database that was closed meanwhile
+    /// (3420), and those that an error undid (3034); such a database leaves the transaction.
     void CommitTrans();
+
     void Rollback();
 
 private:
     friend class CSectionDatabase;
 
-    std::vector<std::weak_ptr<dbsection::Session>> m_sessions;
-    std::vector<std::shared_ptr<dbsection::Session>> m_inTransaction;
+    std::shared_ptr<dbsection::Workspace> m_workspace;
 };
 
+/// An open file is closed by Close, for all copies, or with the last copy. A process that was
+/// forked from the one that opened it must open it again (3420).
 class DBSECTION_API CSectionDatabase {
 public:
-    explicit CSectionDatabase(CSectionWorkspace* workspace = nullptr) : m_workspace(workspace) {}
+    /// With a workspace, it takes part in the workspace's transactions.
+    explicit CSectionDatabase(CSectionWorkspace* workspace = nullptr);
+    CSectionDatabase(const CSectionDatabase& other);
+    CSectionDatabase& operator=(const CSectionDatabase& other);
+    ~CSectionDatabase();
+
+    /// Refers to the open file of another database from now on, without keeping it open.
+    void ReferTo(const CSectionDatabase& other);
 
     /// Creates a database file; an existing one is left alone and is an error. `descriptor` may
-    /// carry the password of the new file (";PWD=secret"). `options` is accepted and not used.
+    /// carry the password of the new file (";PWD=secret"); blanks and semicolons alone are none.
+    /// Journals that an earlier file of that name left are removed. `options` is accepted and not
+    /// used.
     void Create(const char* path, const char* descriptor = nullptr, int options = 0);
 
     /// Opens a file. `connect` carries the password as ";PWD=secret", or is the password itself. An
     /// empty one on a protected file means the password in the environment variable
-    /// SECTIONDB_PASSWORD. A file without password opens whatever is given.
+    /// SECTIONDB_PASSWORD. A file without password opens whatever is given. An exclusive database
+    /// keeps all others out; where the file may not be written, those who want to write.
+    ///
+    /// The pages of a plain file of up to 128 MiB are checked before it is used, once for each of
+    /// its versions: damage is error 3049 then. Those of a protected file are checked as they are
+    /// read.
     void Open(const char* path, int exclusive = 0, int readOnly = 0, const char* connect = "");
 
     bool IsOpen() const;
@@ -73,10 +100,10 @@ private:
     friend class CSectionRecordset;
 
     dbsection::Connection& OpenConnection() const;
-    void Begin(std::unique_ptr<dbsection::Connection> connection, const char* path);
+    template <class Opener>
+    void Begin(const char* path, Opener open);
 
-    CSectionWorkspace* m_workspace;
-    std::shared_ptr<dbsection::Session> m_session;
+    std::shared_ptr<dbsection::DatabaseReference> m_reference; ///< never null, and its alone
     CString m_name;
 };
 

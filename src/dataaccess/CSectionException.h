@@ -25,6 +25,7 @@ enum Number : std::int32_t {
     DiskFull = 3026,
     ReadOnly = 3027,
     WrongPassword = 3031, ///< or no password for a protected file
+    NoTransaction = 3034, ///< an earlier failure has undone it
     Io = 3043,
     InUse = 3045,
     Damaged = 3049,
@@ -37,6 +38,7 @@ enum Number : std::int32_t {
     NoSuchItem = 3265, ///< no such field or table information
     ValueRequired = 3314,
     NotADatabase = 3343,
+    QueryTooComplex = 3360, ///< it works too long for one row of its result
     ObjectClosed = 3420,
     WrongValueType = 3421,
 };

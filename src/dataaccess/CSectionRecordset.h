@@ -23,7 +23,8 @@ class CSectionDatabase;
 
 namespace dbsection {
 class RecordsetState;
-}
+struct DatabaseReference;
+} // namespace dbsection
 
 /// The state of a database that rows were read in: equal stamps mean that nothing has changed in
 /// between.
@@ -43,7 +44,7 @@ public:
     static constexpr long FindNext = 1;
     static constexpr long FindPrevious = -1;
 
-    /// The database must outlive the recordset.
+    /// A recordset that outlives its database is closed with it.
     explicit CSectionRecordset(CSectionDatabase* database);
     virtual ~CSectionRecordset();
     CSectionRecordset(const CSectionRecordset&) = delete;
@@ -107,7 +108,7 @@ public:
                       unsigned long level = PrimaryInformation) const;
 
 private:
-    CSectionDatabase* m_database;
+    std::weak_ptr<dbsection::DatabaseReference> m_database;
     std::unique_ptr<dbsection::RecordsetState> m_state;
 };
 

@@ -18,7 +18,9 @@ class CSectionDatabase;
 
 namespace dbsection {
 class Connection;
-}
+class Session;
+struct DatabaseReference;
+} // namespace dbsection
 
 /// Information levels of the info getters.
 inline constexpr unsigned long PrimaryInformation = 1; ///< name, type, size, attributes
@@ -50,10 +52,10 @@ struct DBSECTION_API CSectionTableDefInfo {
     bool IsUserTable() const { return (m_lAttributes & (SystemTableBits | HiddenTableBit)) == 0; }
 };
 
-/// Refers to a database, which must outlive it. Failures throw CSectionException*.
+/// Refers to a database, and is closed with it. Failures throw CSectionException*.
 class DBSECTION_API CSectionTableDef {
 public:
-    explicit CSectionTableDef(CSectionDatabase* database) : m_database(database) {}
+    explicit CSectionTableDef(CSectionDatabase* database);
 
     /// Begins a new table; it is part of the database only after Append.
     void Create(const char* name);
@@ -62,7 +64,9 @@ public:
     /// Opens the definition of an existing table.
     void Open(const char* name);
     void Close();
-    bool IsOpen() const { return m_state != State::Closed; }
+
+    /// False too when the database was closed.
+    bool IsOpen() const;
 
     /// Adds a column: to the table under construction, or to the table in the database.
     void CreateField(const CSectionFieldInfo& field);
@@ -86,7 +90,8 @@ private:
     void Reload();
     int FindField(const char* name) const;
 
-    CSectionDatabase* m_database;
+    std::weak_ptr<dbsection::DatabaseReference> m_database;
+    std::shared_ptr<dbsection::Session> m_session; ///< in which it was created or opened
     State m_state = State::Closed;
     CString m_name;
     std::vector<CSectionFieldInfo> m_fields;

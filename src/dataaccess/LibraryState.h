@@ -1,6 +1,7 @@
-// Process-wide state of error reporting: the engine-mode switch and the kind of the last exception.
+// Process-wide state: the engine-mode switch, the kind of the last exception, and the password.
 #pragma once
 
+#include "platform/CString.h"
 #include "platform/Export.h"
 
 /// Base of SectionDBInterface, which exports these members as its own.
@@ -22,4 +23,7 @@ public:
     /// come again since. Both are only written by the library.
     static int m_nLastDaoError;
     static int m_nDaoErrorRepeats;
+
+    /// Connect text of every database that the library itself opens, but for GetDBInfo's.
+    static CString m_szPassword;
 };

@@ -146,7 +146,7 @@ int SectionDBInterface::GetDBInfo(CString fileName, CString& info2, CString& inf
         // open.
         dbsection::Handle<CSectionDatabase, destroyDatabase> db;
         RecordsetHandle rows;
-        if (openDatabase(db.Address(), fileName, 1, 0, 1, m_szPassword, nullptr) != 1 ||
+        if (openDatabase(db.Address(), fileName, 1, 0, 1, "", nullptr) != 1 ||
             openRecordset(db.Address(), rows.Address(), "Select * From [DBInfo]",
                           CSectionRecordset::Snapshot, 1) != 1)
             return 0;

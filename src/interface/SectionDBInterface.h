@@ -62,7 +62,8 @@ public:
     static void AllowSectionDelete(int allow) { m_bAllowDeleteSection = allow; }
     static int IsDeleteSectionAllowed() { return m_bAllowDeleteSection; }
 
-    /// Connect text passed on every open of a database: ";PWD=secret", or the bare password.
+    /// Connect text passed on every open of a catalogue's database: ";PWD=secret", or the bare
+    /// password.
     static void SetSectionDBPassword(const char* connect);
 
     static void SetDBIFileName(const char* path);
@@ -102,7 +103,9 @@ public:
     static int OpenSectionDatabase(int index, CSectionDatabase** ppDb);
     static void CloseSectionDatabase(CSectionDatabase** ppDb);
 
-    /// The library-wide database, opened on the catalogue; null when that fails.
+    /// The library-wide database, opened on the catalogue; null when that fails. The pointer is good
+    /// until the next call that takes a catalogue index, or closes: each may open another file, and
+    /// destroy the object. Pass it on at once, and ask for it anew.
     static CSectionDatabase* GetDatabasePtr(int index);
 
     /// The number of sections, and of property columns, of a section type; 0 when anything is
@@ -113,7 +116,9 @@ public:
     static int GetSectionFieldCount(int index, int sectionType, CSectionDatabase** ppDb);
 
     /// Reads the information record of a database file: its five fields, in the order 2, 0, 3, 1,
-    /// 4 of the arguments. Returns 1 when the record was read. Read-only marks stay as they are.
+    /// 4 of the arguments. Returns 1 when the record was read. Read-only marks stay as they are. No
+    /// connect text is passed: a protected file opens by the password in the environment
+    /// (CSectionDatabase::Open).
     static int GetDBInfo(CString fileName, CString& info2, CString& info0, CString& info3,
                          CString& info1, CString& info4);
 
@@ -372,7 +377,6 @@ public:
     static int m_bClearToWriteIniFile;
     static int m_bAllowDeleteSection;
     static int m_bStartTransaction;
-    static CString m_szPassword;
     static CString m_szDBIFileName;
     static CString m_szIniFileName;
     static CString m_szUserTableFileName;

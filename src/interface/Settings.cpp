@@ -18,7 +18,6 @@ using dbsection::SettingsWereRead;
 using dbsection::SettingsWereWritten;
 using dbsection::SplitPath;
 
-CString SectionDBInterface::m_szPassword;
 CString SectionDBInterface::m_szDBIFileName;
 CString SectionDBInterface::m_szIniFileName;
 CString SectionDBInterface::m_szUserTableFileName;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 #include <sys/stat.h>
 
 namespace dbsection {
@@ -10,6 +11,12 @@ namespace dbsection {
 /// content, its permissions or the file itself, but for one that follows too fast (IsSettled).
 class FileVersion {
 public:
+    /// Asks the system; nothing where the file cannot be reached, and errno then says why.
+    static std::optional<FileVersion> Find(const char* path) {
+        struct stat status {};
+        return ::stat(path, &status) == 0 ? std::optional(FileVersion(status)) : std::nullopt;
+    }
+
     explicit FileVersion(const struct stat& status)
         : m_device(status.st_dev),
           m_inode(status.st_ino),
@@ -21,6 +28,13 @@ public:
     bool operator==(const FileVersion&) const = default;
 
     bool IsRegularFile() const { return S_ISREG(m_mode); }
+
+    off_t Size() const { return m_size; }
+
+    /// Whether both are versions of one file.
+    bool IsOfSameFile(const FileVersion& other) const {
+        return m_device == other.m_device && m_inode == other.m_inode;
+    }
 
     /// Whether every change later than `now`, when the file was looked at, shows in the version.
     /// Two changes in quick succession may carry the same time stamp.

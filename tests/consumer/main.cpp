@@ -8,11 +8,11 @@ int main(int argc, char** argv) {
     if (argc != 2)
         return 2;
     SectionDBInterface::SetProfileDBFolder(CString(argv[1]) + '\\');
-    CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(1);
+    SectionDBInterface::InitSectionDBInterface();
     SectionDBBase* american = SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(1);
-    if (database == nullptr || american == nullptr)
+    if (american == nullptr)
         return 1;
-    american->SetDatabase(database);
+    american->SetDatabase(SectionDBInterface::GetDatabasePtr(1));
     int type = 0;
     SECTIONINFO* beam = american->GetSectionStructProperty("W12X26", 1004, 2007, &type);
     const bool right = beam != nullptr && type == 1 && std::abs(beam->Area - 4935.47) < 0.01;

@@ -1,7 +1,6 @@
 #include "dataaccess/CSectionDatabase.h"
 
-#include "dataaccess/sqlite/FileKey.h"
-#include "dataaccess/sqlite/Session.h"
+#include "dataaccess/sqlite/DatabaseReference.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -9,24 +8,30 @@
 
 using dbsection::Activity;
 using dbsection::Connection;
+using dbsection::DatabaseReference;
 using dbsection::Fail;
 using dbsection::Session;
+using dbsection::SessionKeeper;
 using dbsection::WithMemoryErrors;
+using dbsection::Workspace;
 
 namespace {
 
 /// The password in a connect text: the value behind PWD among `key=value` parts, or the whole text
-/// where it has no `=`.
-std::string PasswordIn(std::string_view connect) {
+/// where it has no `=`; a text of blanks and semicolons has none.
+std::string_view PasswordIn(const char* connectText) {
+    std::string_view connect(connectText == nullptr ? "" : connectText);
+    if (connect.find_first_not_of("; \t\r\n") == std::string_view::npos)
+        return {};
     if (connect.find('=') == std::string_view::npos)
-        return std::string(connect);
+        return connect;
     while (!connect.empty()) {
         const std::string_view part = connect.substr(0, connect.find(';'));
         connect.remove_prefix(std::min(connect.size(), part.size() + 1));
         const std::size_t equals = part.find('=');
         if (equals != std::string_view::npos &&
             dbsection::EqualNoCase(dbsection::Trim(part.substr(0, equals)), "PWD"))
-            return std::string(part.substr(equals + 1));
+            return part.substr(equals + 1);
     }
     return {};
 }
@@ -56,80 +61,84 @@ void Describe(Connection& connection, const std::string& table, CSectionTableDef
 
 } // namespace
 
+CSectionWorkspace::CSectionWorkspace()
+    : m_workspace(WithMemoryErrors([] { return std::make_shared<Workspace>(); })) {}
+
 void CSectionWorkspace::BeginTrans() {
-    WithMemoryErrors([&] {
-        std::vector<std::shared_ptr<Session>> begun;
-        begun.reserve(m_sessions.size());
-        try {
-            for (const auto& weak : m_sessions)
-                if (auto session = weak.lock(); session && session->IsOpen()) {
-                    session->Get().Execute("BEGIN IMMEDIATE", Activity::Writing);
-                    begun.push_back(session);
-                }
-            m_inTransaction.insert(m_inTransaction.end(), begun.begin(), begun.end());
-        } catch (...) {
-            for (const auto& session : begun)
-                session->Get().ForgetChanges();
-            throw;
-        }
-    });
+    WithMemoryErrors([&] { m_workspace->Begin(); });
 }
 
 void CSectionWorkspace::CommitTrans() {
-    for (const auto& session : m_inTransaction)
-        session->Get().Execute("COMMIT", Activity::Writing);
-    m_inTransaction.clear();
+    WithMemoryErrors([&] { m_workspace->Commit(); });
 }
 
-void CSectionWorkspace::Rollback() {
-    for (const auto& session : m_inTransaction)
-        if (session->IsOpen())
-            session->Get().ForgetChanges();
-    m_inTransaction.clear();
+void CSectionWorkspace::Rollback() { m_workspace->Rollback(); }
+
+CSectionDatabase::CSectionDatabase(CSectionWorkspace* workspace)
+    : m_reference(WithMemoryErrors([] { return std::make_shared<DatabaseReference>(); })) {
+    if (workspace != nullptr)
+        m_reference->workspace = workspace->m_workspace;
+}
+
+CSectionDatabase::CSectionDatabase(const CSectionDatabase& other) : CSectionDatabase() {
+    *this = other;
+}
+
+CSectionDatabase& CSectionDatabase::operator=(const CSectionDatabase& other) {
+    WithMemoryErrors([&] { m_name = other.m_name; });
+    *m_reference = *other.m_reference;
+    return *this;
+}
+
+CSectionDatabase::~CSectionDatabase() = default;
+
+void CSectionDatabase::ReferTo(const CSectionDatabase& other) {
+    *this = other;
+    m_reference->keeper.reset();
 }
 
 void CSectionDatabase::Create(const char* path, const char* descriptor, int /*options*/) {
-    WithMemoryErrors([&] {
-        std::string password = PasswordIn(descriptor == nullptr ? "" : descriptor);
-        Begin(Connection::Create(path, password), path);
-        dbsection::WipeText(password);
-    });
+    Begin(path, [&] { return Connection::Create(path, PasswordIn(descriptor)); });
 }
 
 void CSectionDatabase::Open(const char* path, int exclusive, int readOnly, const char* connect) {
+    const Connection::Access access{.exclusive = exclusive != 0, .readOnly = readOnly != 0};
+    Begin(path, [&] { return Connection::Open(path, PasswordIn(connect), access); });
+}
+
+/// Opens last what is opened, so that nothing fails when a file has been created.
+template <class Opener>
+void CSectionDatabase::Begin(const char* path, Opener open) {
     WithMemoryErrors([&] {
-        std::string password = PasswordIn(connect == nullptr ? "" : connect);
-        const Connection::Access access{.exclusive = exclusive != 0, .readOnly = readOnly != 0};
-        Begin(Connection::Open(path, password, access), path);
-        dbsection::WipeText(password);
+        auto session = std::make_shared<Session>(path);
+        auto keeper = std::make_shared<SessionKeeper>(session);
+        CString name(path);
+        if (const auto workspace = m_reference->workspace.lock())
+            workspace->Add(session);
+        session->Begin(open());
+        m_reference->session = std::move(session);
+        m_reference->keeper = std::move(keeper);
+        m_name = std::move(name);
     });
 }
 
-void CSectionDatabase::Begin(std::unique_ptr<Connection> connection, const char* path) {
-    m_session = std::make_shared<Session>(std::move(connection));
-    m_name = path;
-    if (m_workspace == nullptr)
-        return;
-    std::erase_if(m_workspace->m_sessions, [](const auto& weak) { return weak.expired(); });
-    m_workspace->m_sessions.push_back(m_session);
+bool CSectionDatabase::IsOpen() const {
+    return m_reference->session && m_reference->session->IsOpen();
 }
 
-bool CSectionDatabase::IsOpen() const { return m_session && m_session->IsOpen(); }
-
 void CSectionDatabase::Close() {
-    if (m_session)
-        m_session->Close();
+    if (m_reference->session)
+        m_reference->session->Close();
 }
 
 void CSectionDatabase::DestroyDB() {
     Close();
-    m_session.reset();
+    m_reference->session.reset();
+    m_reference->keeper.reset();
 }
 
 Connection& CSectionDatabase::OpenConnection() const {
-    if (!m_session)
-        Fail(SectionError::ObjectClosed, "The database was not opened; open it first.");
-    return m_session->Get();
+    return dbsection::SessionOf(m_reference)->Get();
 }
 
 short CSectionDatabase::GetTableDefCount() const {

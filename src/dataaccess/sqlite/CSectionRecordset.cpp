@@ -1,6 +1,7 @@
 #include "dataaccess/CSectionRecordset.h"
 
 #include "dataaccess/CSectionDatabase.h"
+#include "dataaccess/sqlite/DatabaseReference.h"
 #include "dataaccess/sqlite/FieldTypes.h"
 #include "dataaccess/sqlite/RecordsetState.h"
 
@@ -31,19 +32,21 @@ RecordsetState& OpenState(const std::unique_ptr<RecordsetState>& state) {
 
 } // namespace
 
-CSectionRecordset::CSectionRecordset(CSectionDatabase* database) : m_database(database) {}
+CSectionRecordset::CSectionRecordset(CSectionDatabase* database) {
+    if (database != nullptr)
+        m_database = database->m_reference;
+}
 
 CSectionRecordset::~CSectionRecordset() = default;
 
 void CSectionRecordset::Open(int openType, const char* sql, int /*options*/) {
     WithMemoryErrors([&] {
         Close();
-        if (m_database == nullptr)
-            Fail(SectionError::ObjectClosed, "The recordset has no database.");
-        Connection& connection = m_database->OpenConnection();
+        auto session = dbsection::SessionOf(m_database);
+        std::string statement = StatementOf(session->Get(), sql);
         const Editing editing = openType == Snapshot ? Editing::No : Editing::IfPossible;
-        m_state = std::make_unique<RecordsetState>(m_database->m_session,
-                                                   StatementOf(connection, sql), editing);
+        m_state =
+            std::make_unique<RecordsetState>(std::move(session), std::move(statement), editing);
     });
 }
 

@@ -1,7 +1,7 @@
 #include "dataaccess/CSectionTableDef.h"
 
 #include "dataaccess/CSectionDatabase.h"
-#include "dataaccess/sqlite/Connection.h"
+#include "dataaccess/sqlite/DatabaseReference.h"
 #include "dataaccess/sqlite/FieldTypes.h"
 #include "platform/Text.h"
 
@@ -62,25 +62,34 @@ std::string IndexStatements(Connection& connection, const CString& table, const 
 
 } // namespace
 
+CSectionTableDef::CSectionTableDef(CSectionDatabase* database) {
+    if (database != nullptr)
+        m_database = database->m_reference;
+}
+
+bool CSectionTableDef::IsOpen() const { return m_state != State::Closed && m_session->IsOpen(); }
+
 Connection& CSectionTableDef::OpenConnection() const {
-    if (m_database == nullptr)
-        Fail(SectionError::ObjectClosed, "The table has no database.");
-    return m_database->OpenConnection();
+    if (!m_session)
+        Fail(SectionError::ObjectClosed, "The table was not opened; open or create it first.");
+    return m_session->Get();
 }
 
 void CSectionTableDef::RequireOpen() const {
+    OpenConnection();
     if (!IsOpen())
-        Fail(SectionError::ObjectClosed, "The table was not opened; open or create it first.");
+        Fail(SectionError::ObjectClosed, "The table was closed; open or create it first.");
 }
 
 void CSectionTableDef::Create(const char* name) {
     WithMemoryErrors([&] {
+        Close();
+        m_session = dbsection::SessionOf(m_database);
         Connection& connection = OpenConnection();
         if (connection.FindTable(name))
             Fail(SectionError::TableExists,
                  connection.Path() + ": table \"" + name + "\" exists; choose another name.");
         m_name = name;
-        m_fields.clear();
         m_state = State::UnderConstruction;
     });
 }
@@ -105,6 +114,8 @@ void CSectionTableDef::Append() {
 
 void CSectionTableDef::Open(const char* name) {
     WithMemoryErrors([&] {
+        Close();
+        m_session = dbsection::SessionOf(m_database);
         Connection& connection = OpenConnection();
         const std::string table = connection.RequireTable(name);
         m_name = CString(table);

@@ -1,78 +1,14 @@
 #include "dataaccess/sqlite/Connection.h"
 
-#include "dataaccess/sqlite/ConnectionPool.h"
-#include "platform/FileDescriptor.h"
-#include "platform/FileSystem.h"
+#include "dataaccess/sqlite/WholeFiles.h"
 #include "platform/Text.h"
 
-#include <algorithm>
-#include <array>
-#include <cerrno>
-#include <cstdlib>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <system_error>
-#include <unistd.h>
-
 namespace dbsection {
-namespace {
 
-/// Status of an engine that cannot work at all: an unspecified failure.
-constexpr auto EngineWithoutEncryption = static_cast<std::int32_t>(0x80004005);
-
-/// Claims the name of a new file; removes the file again unless it is kept.
-class NewFile {
-public:
-    explicit NewFile(const std::string& path) : m_path(NativePath(path)) {
-        constexpr mode_t Permissions = 0644;
-        const FileDescriptor file(
-            ::open(m_path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, Permissions));
-        if (file.IsOpen())
-            return;
-        if (errno == EEXIST)
-            Fail(SectionError::DatabaseExists,
-                 path + ": a file of this name exists; choose another name, or remove it first.");
-        Fail(SectionError::Io, path + ": the file cannot be created (" +
-                                   std::generic_category().message(errno) +
-                                   "); check the folder and its permissions.");
-    }
-    NewFile(const NewFile&) = delete;
-    NewFile& operator=(const NewFile&) = delete;
-    ~NewFile() {
-        if (!m_kept)
-            ::unlink(m_path.c_str());
-    }
-
-    void Keep() { m_kept = true; }
-
-private:
-    std::string m_path;
-    bool m_kept = false;
-};
-
-/// Major version of the engine's cipher. An engine without cipher, as when another copy of the
-/// engine was loaded into the process first, cannot open protected files.
-int CipherMajorVersion(sqlite3* database) {
-    static int major = 0;
-    if (major != 0)
-        return major;
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database, "PRAGMA cipher_version", -1, &statement, nullptr);
-    const StatementPtr owned(statement);
-    if (owned && sqlite3_step(statement) == SQLITE_ROW)
-        major = std::atoi(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)));
-    if (major == 0)
-        throw new CSectionException(EngineWithoutEncryption);
-    return major;
+void ConnectionCloser::operator()(Connection* connection) const noexcept {
+    if (connection->IsOurs())
+        delete connection;
 }
-
-/// The password for a protected file.
-std::string_view SecretOf(const std::string& password) {
-    const char* fallback = password.empty() ? std::getenv("SECTIONDB_PASSWORD") : nullptr;
-    return fallback == nullptr ? password : std::string_view(fallback);
-}
-
-} // namespace
 
 Connection::~Connection() {
     m_kept.Clear();
@@ -80,7 +16,7 @@ Connection::~Connection() {
 }
 
 bool Connection::MayRest() const {
-    return m_origin && sqlite3_get_autocommit(m_database) != 0 && m_kept.IsFree() &&
+    return IsOurs() && m_origin && !IsInTransaction() && m_kept.IsFree() &&
            Origin::Find(m_origin->path, m_origin->readOnly) == m_origin;
 }
 
@@ -93,15 +29,6 @@ void Connection::TrimCache() {
         sqlite3_db_release_memory(m_database);
 }
 
-bool Connection::CanServe(const Origin& origin, const std::string& password) const {
-    return m_origin == origin &&
-           (!m_key || FindKey(m_key->salt, SecretOf(password)) == m_key->number);
-}
-
-bool Connection::IsOutdatedBy(const Origin& origin) const {
-    return m_origin->path == origin.path && m_origin->version != origin.version;
-}
-
 bool Connection::IsReadOnly() const {
     return m_readOnly || sqlite3_db_readonly(m_database, "main") == 1;
 }
@@ -111,6 +38,33 @@ void Connection::RequireWritable() const {
         Fail(SectionError::ReadOnly,
              m_path + ": it was opened for reading only; open it for writing, and give the file "
                       "and its folder write permission.");
+    if (m_transactions > 0 && !IsInTransaction())
+        Fail(SectionError::NoTransaction,
+             m_path + ": an earlier failure has undone the transaction; roll it back, and begin "
+                      "another one.");
+}
+
+void Connection::BeginTransaction() {
+    RequireWritable();
+    Execute("BEGIN IMMEDIATE", Activity::Writing);
+    ++m_transactions;
+}
+
+void Connection::CommitTransaction() {
+    try {
+        RequireWritable();
+        Execute("COMMIT", Activity::Writing);
+    } catch (...) {
+        if (!IsInTransaction())
+            RollBackTransaction();
+        throw;
+    }
+    --m_transactions;
+}
+
+void Connection::RollBackTransaction() {
+    --m_transactions;
+    ForgetChanges();
 }
 
 void Connection::ForgetChanges() {
@@ -120,167 +74,16 @@ void Connection::ForgetChanges() {
     m_tablesVersion = -1;
 }
 
-std::optional<Origin> Origin::Find(const std::string& path, bool readOnly) {
-    struct stat status {};
-    if (::stat(path.c_str(), &status) != 0)
-        return std::nullopt;
-    return Origin{path, readOnly, FileVersion(status), ::getpid(), ::geteuid(), ::getegid()};
-}
-
-std::unique_ptr<Connection> Connection::Open(const std::string& path, const std::string& password,
-                                             Access access) {
-    // Before the file is opened: a change meanwhile is a change since.
-    const auto now = std::chrono::system_clock::now();
-    const auto origin = Origin::Find(NativePath(path), access.readOnly);
-    if (!origin)
-        Fail(SectionError::FileNotFound,
-             path + ": there is no such file; check the folder and the name.");
-    if (!origin->version.IsRegularFile())
-        Fail(SectionError::NotADatabase, path + ": this is not a file; name a catalogue file.");
-    if (access.exclusive)
-        return OpenAnew(origin->path, password, access);
-
-    if (auto rested = ConnectionPool::Take(*origin, password)) {
-        rested->SchemaVersion(); // fails where another program has the file for itself
-        return rested;
-    }
-    auto connection = OpenAnew(origin->path, password, access);
-    if (origin->version.IsSettled(now) && !connection->HasWriteAheadLog())
-        connection->m_origin = origin;
-    return connection;
-}
-
-std::unique_ptr<Connection> Connection::OpenAnew(const std::string& path,
-                                                 const std::string& password, Access access) {
-    std::unique_ptr<Connection> connection(new Connection(path));
-    connection->m_readOnly = access.readOnly;
-    connection->OpenFile();
-    connection->LimitTrust();
-    connection->Key(password);
-    if (access.exclusive)
-        connection->LockExclusively();
-    return connection;
-}
-
-std::unique_ptr<Connection> Connection::Create(const std::string& path,
-                                               const std::string& password) {
-    NewFile file(path);
-    std::unique_ptr<Connection> connection(new Connection(NativePath(path)));
-    connection->OpenFile();
-    connection->LimitTrust();
-    if (!password.empty()) {
-        CipherMajorVersion(connection->m_database);
-        std::string statement = "PRAGMA key = " + Literal(password);
-        connection->Execute(statement, Activity::Writing);
-        WipeText(statement);
-    }
-    constexpr const char* FirstPage = "PRAGMA application_id = 0x53656374"; // "Sect"
-    connection->Execute(FirstPage, Activity::Writing);
-    file.Keep();
-    return connection;
-}
-
-void Connection::OpenFile() {
-    // For writing even where only reading is wanted: what a killed writer left half is undone
-    // first.
-    const int code = sqlite3_open_v2(NativePath(m_path).c_str(), &m_database,
-                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    if (code != SQLITE_OK)
-        FailFromEngine(code, m_database, m_path, Activity::Reading);
-    constexpr int PatienceMilliseconds = 250; // another program's single write takes far less
-    sqlite3_busy_timeout(m_database, PatienceMilliseconds);
-}
-
-/// A catalogue file may come from anywhere: nothing in it is run, and nothing in it may take more
-/// than a section table needs.
-void Connection::LimitTrust() {
-    struct Limit {
-        int id;
-        int value;
-    };
-    static constexpr std::array Limits{
-        Limit{SQLITE_LIMIT_LENGTH, 16'000'000},   Limit{SQLITE_LIMIT_SQL_LENGTH, 1'000'000},
-        Limit{SQLITE_LIMIT_COLUMN, 255},          Limit{SQLITE_LIMIT_EXPR_DEPTH, 200},
-        Limit{SQLITE_LIMIT_COMPOUND_SELECT, 20},  Limit{SQLITE_LIMIT_FUNCTION_ARG, 20},
-        Limit{SQLITE_LIMIT_ATTACHED, 0},          Limit{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 20'000},
-        Limit{SQLITE_LIMIT_VARIABLE_NUMBER, 999}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1},
-        Limit{SQLITE_LIMIT_WORKER_THREADS, 0},
-    };
-    for (const Limit& limit : Limits)
-        sqlite3_limit(m_database, limit.id, limit.value);
-    sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-#ifdef SQLITE_DBCONFIG_ENABLE_VIEW
-    sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
-#endif
-#ifdef SQLITE_DBCONFIG_DEFENSIVE
-    sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-#endif
-    sqlite3_set_authorizer(m_database, &Connection::Authorize, this);
-}
-
-void Connection::Key(const std::string& password) {
-    sqlite3_file* file = nullptr;
-    sqlite3_file_control(m_database, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
-    std::array<unsigned char, ClassifiedBytes> firstBytes{};
-    sqlite3_int64 size = 0;
-    int code = file->pMethods->xFileSize(file, &size);
-    const auto count = std::min(static_cast<std::size_t>(size), firstBytes.size());
-    if (code == SQLITE_OK && count > 0)
-        code = file->pMethods->xRead(file, firstBytes.data(), static_cast<int>(count), 0);
-    if (code != SQLITE_OK)
-        FailFromEngine(code, nullptr, m_path, Activity::Reading);
-
-    const FileKind kind = ClassifyFile(std::span(firstBytes).first(count));
-    if (kind == FileKind::NotADatabase)
-        Fail(SectionError::NotADatabase,
-             m_path + ": this is not a catalogue file; name another file.");
-    if (kind == FileKind::Protected)
-        KeyProtectedFile(firstBytes.data(), password);
-    // Must follow the key: these read the file.
-    Execute("PRAGMA cell_size_check = ON; PRAGMA trusted_schema = OFF", Activity::Reading);
-    CheckReadable(kind == FileKind::Protected);
-}
-
-void Connection::KeyProtectedFile(const unsigned char* firstBytes, const std::string& password) {
-    const std::string_view secret = SecretOf(password);
-    if (secret.empty())
-        Fail(SectionError::WrongPassword,
-             m_path + ": the file is protected and no password was given; give its password.");
-    FileSalt salt;
-    std::copy_n(firstBytes, salt.size(), salt.begin());
-    std::string statement = KeyStatement(salt, secret, CipherMajorVersion(m_database));
-    m_key = KeyUse{salt, FindKey(salt, secret)};
-    Execute(statement, Activity::Reading);
-    WipeText(statement);
-}
-
-void Connection::CheckReadable(bool isProtected) {
-    const int code =
-        sqlite3_exec(m_database, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr, nullptr);
-    if (code == SQLITE_ERROR) // a header of an unknown format
-        FailFromEngine(SQLITE_CORRUPT, nullptr, m_path, Activity::Reading);
-    if (isProtected && code == SQLITE_NOTADB)
-        Fail(SectionError::WrongPassword,
-             m_path + ": the password is wrong, or the beginning of the file is damaged; check the "
-                      "password.");
-    if (code != SQLITE_OK)
-        FailFromEngine(code, m_database, m_path, Activity::Reading);
-}
-
-void Connection::LockExclusively() {
-    // A connection that only reads still takes the lock, so that nobody writes meanwhile.
-    Execute("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE; COMMIT", Activity::Reading);
-}
-
-/// Files with one are shared by way of memory, which a connection holds until it is closed.
-bool Connection::HasWriteAheadLog() {
-    const StatementLease lease = Own("PRAGMA journal_mode");
-    Step(lease.Get(), m_path, Activity::Reading);
-    const auto* mode = reinterpret_cast<const char*>(sqlite3_column_text(lease.Get(), 0));
-    return mode == nullptr || EqualNoCase(mode, "wal");
+/// To be called when the engine has failed.
+void Connection::ForgetUndoneChanges() {
+    if (m_transactions == 0 || IsInTransaction())
+        return;
+    ++m_ownChanges;
+    m_tablesVersion = -1;
 }
 
 StatementLease Connection::Own(const std::string& sql) {
+    m_work.Renew();
     if (KeptStatement* kept = m_kept.Find(sql))
         return StatementLease(*kept);
     StatementPtr statement = Prepare(sql);
@@ -290,19 +93,50 @@ StatementLease Connection::Own(const std::string& sql) {
     return StatementLease(m_kept.Keep({sql, std::move(statement), nullptr, false}));
 }
 
+/// A file stays whole where it changes by this connection alone.
+void Connection::BeginChange() {
+    if (!IsInTransaction() && m_wholeVersion && m_wholeVersion != FileVersion::Find(m_path.c_str()))
+        m_wholeVersion.reset();
+}
+
+void Connection::EndChange() {
+    if (IsInTransaction() || !m_wholeVersion)
+        return;
+    const auto changed = FileVersion::Find(m_path.c_str());
+    if (!changed || !changed->IsOfSameFile(*m_wholeVersion))
+        return;
+    WholeFiles::Add(*changed);
+    m_wholeVersion = changed;
+}
+
 void Connection::Execute(const std::string& sql, Activity activity) {
+    if (activity == Activity::Writing)
+        BeginChange();
+    m_work.Renew();
     const int code = sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
-    if (code != SQLITE_OK)
+    if (code != SQLITE_OK) {
+        ForgetUndoneChanges();
         FailFromEngine(code, m_database, m_path, activity);
+    }
+    if (activity == Activity::Writing)
+        EndChange();
 }
 
 bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activity activity) {
+    if (activity == Activity::Writing)
+        BeginChange();
     const int code = sqlite3_step(statement);
+    if (code != SQLITE_ROW && code != SQLITE_DONE)
+        ForgetUndoneChanges();
     if (code == SQLITE_ERROR) // as when another program has dropped the table
         FailFromStatement(code, sqlite3_errmsg(m_database), sqlite3_sql(statement), subject,
                           SectionError::UnknownNameInStatement);
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         FailFromEngine(code, m_database, subject, activity);
+    if (activity == Activity::Writing)
+        EndChange();
+    if (code == SQLITE_ROW)
+        m_work.Renew();
     return code == SQLITE_ROW;
 }
 
@@ -313,12 +147,12 @@ int Connection::Write(sqlite3_stmt* statement, const std::string& subject) {
 }
 
 void Connection::ChangeSchema(const std::string& sql) {
-    const bool outermost = sqlite3_get_autocommit(m_database) != 0;
+    const bool outermost = !IsInTransaction();
     m_kept.Clear();
     try {
         Execute(outermost ? "BEGIN IMMEDIATE;" + sql + ";COMMIT" : sql, Activity::Writing);
     } catch (CException*) {
-        if (outermost && sqlite3_get_autocommit(m_database) == 0)
+        if (outermost && IsInTransaction())
             ForgetChanges();
         throw;
     }

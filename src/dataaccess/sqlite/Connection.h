@@ -8,7 +8,9 @@
 #include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/SqlText.h"
 #include "dataaccess/sqlite/Statement.h"
+#include "dataaccess/sqlite/WorkBound.h"
 #include "platform/FileVersion.h"
+#include "platform/ProcessMark.h"
 
 #include <cstdint>
 #include <map>
@@ -36,16 +38,24 @@ struct Origin {
     std::string path;
     bool readOnly;
     FileVersion version;
-    pid_t process;
     uid_t user;
     gid_t group;
     bool operator==(const Origin&) const = default;
 
-    /// Asks the system; nothing where there is no such file.
+    /// Asks the system; nothing where the file cannot be reached, and errno then says why.
     static std::optional<Origin> Find(const std::string& path, bool readOnly);
 };
 
-/// An open file of the engine. It is closed with its end.
+class Connection;
+
+/// Closes a connection. One that another process opened is left as it is: closing it here would
+/// undo what that process is writing.
+struct ConnectionCloser {
+    void operator()(Connection* connection) const noexcept;
+};
+using ConnectionPtr = std::unique_ptr<Connection, ConnectionCloser>;
+
+/// An open file of the engine.
 class Connection {
 public:
     struct Access {
@@ -54,15 +64,16 @@ public:
     };
 
     /// A new connection, or one that rested (ConnectionPool).
-    static std::unique_ptr<Connection> Open(const std::string& path, const std::string& password,
-                                            Access access);
+    static ConnectionPtr Open(const std::string& path, std::string_view password, Access access);
 
-    /// Creates the file; one that exists is an error.
-    static std::unique_ptr<Connection> Create(const std::string& path, const std::string& password);
+    /// Creates the file, protected unless the password is empty; one that exists is an error.
+    static ConnectionPtr Create(const std::string& path, std::string_view password);
 
-    ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
+
+    /// Whether this process opened it. One that was forked from that process must not use it.
+    bool IsOurs() const { return m_opener.IsOfThisProcess(); }
 
     /// Whether nothing of its use lasts, and its file is what it was when it was opened.
     bool MayRest() const;
@@ -71,7 +82,7 @@ public:
     void TrimCache();
 
     /// Whether it could be the result of opening a file with that origin and password.
-    bool CanServe(const Origin& origin, const std::string& password) const;
+    bool CanServe(const Origin& origin, std::string_view password) const;
 
     /// Whether its file has since become another.
     bool IsOutdatedBy(const Origin& origin) const;
@@ -85,7 +96,7 @@ public:
     /// Runs statements of the library's own.
     void Execute(const std::string& sql, Activity activity);
 
-    /// Steps a statement: true at a row, false at the end.
+    /// Steps a statement: true at a row, false at the end. The work between two rows is bound.
     bool Step(sqlite3_stmt* statement, const std::string& subject, Activity activity);
 
     /// A statement of a caller: it must read, and nothing may follow it. Its first
@@ -122,32 +133,52 @@ public:
     }
 
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
+
+    /// Throws where nothing can be written.
     void RequireWritable() const;
+
+    bool IsInTransaction() const { return sqlite3_get_autocommit(m_database) == 0; }
+
+    // A transaction of the host. A failure can undo all of it; nothing can be written then until
+    // the host has rolled it back (error 3034).
+    void BeginTransaction();
+    void CommitTransaction();
+    void RollBackTransaction();
 
     /// Undoes a transaction.
     void ForgetChanges();
 
 private:
+    friend ConnectionCloser;
+
     static std::int64_t NextSerial() {
         static std::int64_t last = 0;
         return ++last;
     }
 
     explicit Connection(std::string path) : m_path(std::move(path)) {}
+    ~Connection();
 
-    static std::unique_ptr<Connection> OpenAnew(const std::string& path,
-                                                const std::string& password, Access access);
+    static ConnectionPtr OpenAnew(const std::string& path, std::string_view password,
+                                  Access access);
 
     static int Authorize(void* self, int action, const char* first, const char* second,
                          const char* database, const char* viewOrTrigger);
 
     void OpenFile();
     void LimitTrust();
-    void Key(const std::string& password);
-    void KeyProtectedFile(const unsigned char* firstBytes, const std::string& password);
+    void Key(std::string_view password);
+    void KeyProtectedFile(const unsigned char* firstBytes, std::string_view password);
+    void UseKey(const FileSalt& salt, std::string_view secret);
     void CheckReadable(bool isProtected);
     void LockExclusively();
+    void RequireWhole();
+    bool CheckPages();
     bool HasWriteAheadLog();
+
+    void BeginChange();
+    void EndChange();
+    void ForgetUndoneChanges();
 
     StatementPtr Prepare(const std::string& sql);
     std::optional<KeptStatement> PrepareQuery(const std::string& sql, Editing editing);
@@ -162,17 +193,22 @@ private:
         KeyNumber number;
     };
 
+    const ProcessMark m_opener;
     std::string m_path;
-    std::optional<Origin> m_origin; ///< none: must not rest
-    std::optional<KeyUse> m_key;    ///< none: the file is not protected
+    std::optional<Origin> m_origin;            ///< none: must not rest
+    std::optional<KeyUse> m_key;               ///< none: the file is not protected
+    std::optional<FileVersion> m_wholeVersion; ///< in which nothing of a plain file is damaged
     sqlite3* m_database = nullptr;
+    WorkBound m_work;
     bool m_readOnly = false;
+    bool m_isInTransaction = false;  ///< of the host
     bool m_callersStatement = false; ///< the authorizer then allows reading only
     std::string m_lastPrepareError;
     int m_lastPrepareCode = SQLITE_OK;
     StatementStore m_kept;
     const std::int64_t m_serial = NextSerial(); ///< no two of a process have the same
     std::int64_t m_ownChanges = 0;
+    int m_transactions = 0; ///< that were begun to write
     std::vector<std::string> m_tables;
     std::int64_t m_tablesVersion = -1;
     std::map<std::string, std::vector<CSectionFieldInfo>, std::less<>> m_fields;

@@ -1,13 +1,11 @@
 // Connections whose database was closed, kept to be taken again when the same file is opened.
 #pragma once
 
-#include <memory>
-#include <string>
+#include "dataaccess/sqlite/Connection.h"
+
+#include <string_view>
 
 namespace dbsection {
-
-class Connection;
-struct Origin;
 
 /// The resting connections of this process. The library has one database for many catalogues:
 /// without them, going from one to the next would cost the opening of a file each time.
@@ -17,10 +15,10 @@ struct Origin;
 class ConnectionPool {
 public:
     /// A resting connection of that origin, which `password` would open; null when there is none.
-    static std::unique_ptr<Connection> Take(const Origin& origin, const std::string& password);
+    static ConnectionPtr Take(const Origin& origin, std::string_view password);
 
     /// Lets a connection rest, or closes it where it must not or cannot be kept.
-    static void Rest(std::unique_ptr<Connection> connection) noexcept;
+    static void Rest(ConnectionPtr connection) noexcept;
 
     /// Closes all.
     static void Clear() noexcept;

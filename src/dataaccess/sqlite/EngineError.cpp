@@ -49,6 +49,9 @@ constexpr std::array Meanings{
             "folder"},
     Meaning{SQLITE_ERROR, BadStatement, BadStatement,
             "the statement cannot be carried out; correct it"},
+    Meaning{SQLITE_INTERRUPT, QueryTooComplex, QueryTooComplex,
+            "the statement works too long for one row of its result; restrict it, or ask for fewer "
+            "tables at once"},
     Meaning{SQLITE_PERM, Io, Io, "access was denied; check the permissions of the file"},
 };
 

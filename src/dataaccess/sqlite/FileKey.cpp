@@ -1,13 +1,15 @@
 #include "dataaccess/sqlite/FileKey.h"
 
-#include "dataaccess/CSectionException.h"
+#include "dataaccess/sqlite/EngineError.h"
 
 #include <algorithm>
 #include <bitset>
 #include <list>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
+#include <ranges>
 #include <string_view>
+#include <unistd.h>
 
 namespace dbsection {
 namespace {
@@ -35,8 +37,27 @@ void Derive(Key& key, const FileSalt& salt, std::string_view password, int ciphe
 /// The last derived keys of this process.
 class KeyStore {
 public:
+    struct Entry {
+        Entry(const FileSalt& fileSalt, std::string_view secret, int cipherMajor,
+              KeyNumber keyNumber)
+            : salt(fileSalt),
+              password(secret),
+              number(keyNumber) {
+            Derive(key, salt, secret, cipherMajor);
+        }
+        Entry(const Entry&) = delete;
+        Entry& operator=(const Entry&) = delete;
+        ~Entry() { OPENSSL_cleanse(key.data(), key.size()); }
+
+        FileSalt salt;
+        SecretText password;
+        KeyNumber number;
+        Key key{};
+        bool hasOpened = false;
+    };
+
     const Key& Get(const FileSalt& salt, std::string_view password, int cipherMajor) {
-        if (const Entry* entry = FindEntry(salt, password))
+        if (const Entry* entry = Find(salt, password))
             return entry->key;
         constexpr std::size_t Capacity = 64; // more than there are catalogues
         m_entries.emplace_back(salt, password, cipherMajor, m_lastNumber + 1);
@@ -46,38 +67,28 @@ public:
         return m_entries.back().key;
     }
 
-    KeyNumber Find(const FileSalt& salt, std::string_view password) const {
-        const Entry* entry = FindEntry(salt, password);
-        return entry == nullptr ? 0 : entry->number;
+    const Entry* Find(const FileSalt& salt, std::string_view password) const {
+        return FirstOf(m_entries, [&](const Entry& entry) {
+            return entry.salt == salt && entry.password.Get() == password;
+        });
+    }
+
+    const Entry* FindOpener(std::string_view password) const {
+        return FirstOf(m_entries | std::views::reverse, [&](const Entry& entry) {
+            return entry.hasOpened && entry.password.Get() == password;
+        });
+    }
+
+    void Confirm(KeyNumber number) {
+        for (Entry& entry : m_entries)
+            entry.hasOpened = entry.hasOpened || entry.number == number;
     }
 
 private:
-    struct Entry {
-        Entry(const FileSalt& fileSalt, std::string_view secret, int cipherMajor,
-              KeyNumber keyNumber)
-            : salt(fileSalt),
-              password(secret),
-              number(keyNumber) {
-            Derive(key, salt, password, cipherMajor);
-        }
-        Entry(const Entry&) = delete;
-        Entry& operator=(const Entry&) = delete;
-        ~Entry() {
-            OPENSSL_cleanse(key.data(), key.size());
-            WipeText(password);
-        }
-
-        FileSalt salt;
-        std::string password;
-        KeyNumber number;
-        Key key{};
-    };
-
-    const Entry* FindEntry(const FileSalt& salt, std::string_view password) const {
-        const auto place = std::ranges::find_if(m_entries, [&](const Entry& entry) {
-            return entry.salt == salt && entry.password == password;
-        });
-        return place == m_entries.end() ? nullptr : &*place;
+    template <class Entries, class Condition>
+    static const Entry* FirstOf(Entries&& entries, Condition condition) {
+        const auto place = std::ranges::find_if(entries, condition);
+        return place == entries.end() ? nullptr : &*place;
     }
 
     KeyNumber m_lastNumber = 0;
@@ -108,24 +119,41 @@ FileKind ClassifyFile(std::span<const unsigned char> firstBytes) {
     return values.count() >= LeastValuesOfCiphertext ? FileKind::Protected : FileKind::NotADatabase;
 }
 
-std::string KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor) {
+SecretText::~SecretText() { OPENSSL_cleanse(m_text.data(), m_text.size()); }
+
+SecretText KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor) {
     static constexpr std::string_view Digits = "0123456789abcdef";
-    std::string statement = "PRAGMA key = \"x'";
-    statement.reserve(statement.size() + 2 * Key().size() + 2);
-    for (const unsigned char byte : Store().Get(salt, password, cipherMajor)) {
-        statement += Digits[byte >> 4];
-        statement += Digits[byte & 0xF];
-    }
-    return statement += "'\"";
+    const Key& key = Store().Get(salt, password, cipherMajor);
+    std::string statement;
+    statement.reserve(128); // so that no copy of a part of it is left behind
+    statement = "PRAGMA key = \"x'";
+    const auto append = [&statement](std::span<const unsigned char> bytes) {
+        for (const unsigned char byte : bytes) {
+            statement += Digits[byte >> 4];
+            statement += Digits[byte & 0xF];
+        }
+    };
+    append(key);
+    append(salt);
+    statement += "'\"";
+    return SecretText(std::move(statement));
 }
 
 KeyNumber FindKey(const FileSalt& salt, std::string_view password) {
-    return Store().Find(salt, password);
+    const KeyStore::Entry* entry = Store().Find(salt, password);
+    return entry == nullptr ? 0 : entry->number;
 }
 
-void WipeText(std::string& text) {
-    OPENSSL_cleanse(text.data(), text.size());
-    text.clear();
+void ConfirmKey(KeyNumber number) { Store().Confirm(number); }
+
+FileSalt SaltForNewFile(std::string_view password) {
+    if (const KeyStore::Entry* entry = Store().FindOpener(password))
+        return entry->salt;
+    FileSalt salt;
+    // The system's random numbers: the first use of the cipher library's may crash without memory.
+    if (::getentropy(salt.data(), salt.size()) != 0)
+        Fail(SectionError::Io, "The system gives no random numbers; the file is not created.");
+    return salt;
 }
 
 } // namespace dbsection

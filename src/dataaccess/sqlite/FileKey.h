@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace dbsection {
 
@@ -24,17 +25,37 @@ using FileSalt = std::array<unsigned char, 16>;
 /// Tells the keys that this process derived apart; 0 is none.
 using KeyNumber = std::uint64_t;
 
+/// A secret text, overwritten at its end.
+class SecretText {
+public:
+    explicit SecretText(std::string_view text) : m_text(text) {}
+    explicit SecretText(std::string&& longText) : m_text(std::move(longText)) {}
+    SecretText(const SecretText&) = delete;
+    SecretText& operator=(const SecretText&) = delete;
+    ~SecretText();
+
+    const std::string& Get() const { return m_text; }
+
+private:
+    std::string m_text;
+};
+
 /// Key derivation of the cipher's default settings: those of its major version 3 (PBKDF2 with
 /// HMAC-SHA1, 64,000 rounds) or 4 (HMAC-SHA512, 256,000 rounds).
 ///
 /// The derivation takes tens of milliseconds, so the results of the last ones are kept, and wiped
-/// when they are dropped. Returns the statement that keys a connection; WipeText it after use.
-std::string KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor);
+/// when they are dropped. Returns the statement that keys a connection to a file with that salt.
+SecretText KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor);
 
 /// The key derived from that password, if it is still kept.
 KeyNumber FindKey(const FileSalt& salt, std::string_view password);
 
-/// Overwrites a secret text and empties it.
-void WipeText(std::string& text);
+/// Tells that a key opened its file.
+void ConfirmKey(KeyNumber number);
+
+/// The salt for a new file: that of the last key of the password that opened a file, so that files
+/// that are used together need one derivation, or else a random one. A salt that only stands in
+/// somebody's file is not taken over: he may have chosen it.
+FileSalt SaltForNewFile(std::string_view password);
 
 } // namespace dbsection

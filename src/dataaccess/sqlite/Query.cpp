@@ -116,6 +116,7 @@ KeptStatement& Connection::KeptQuery(const std::string& sql, Editing editing,
 
 ReadyQuery Connection::Query(std::string_view sql, Editing editing,
                              SectionError::Number unknownName, int ownParameters) {
+    m_work.Renew();
     LiftedSql lifted = LiftLiterals(sql);
     ReadyQuery ready{StatementLease(KeptQuery(lifted.text, editing, unknownName)),
                      std::move(lifted.parameters)};

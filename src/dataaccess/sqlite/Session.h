@@ -9,33 +9,52 @@
 
 namespace dbsection {
 
-/// Open until one of those who share it closes it, and closed for all of them from then on.
+/// Open from Begin until one of those who share it closes it, and closed for all of them from then
+/// on.
 class Session {
 public:
-    explicit Session(std::unique_ptr<Connection> connection)
-        : m_path(connection->Path()),
-          m_connection(std::move(connection)) {}
+    explicit Session(std::string path) : m_path(std::move(path)) {}
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
     ~Session() { Close(); }
 
-    bool IsOpen() const { return m_connection != nullptr; }
+    const std::string& Path() const { return m_path; }
 
-    /// Throws where the session was closed.
+    void Begin(ConnectionPtr connection) noexcept { m_connection = std::move(connection); }
+
+    /// Not so in a process that was forked from the one that opened it.
+    bool IsOpen() const { return m_connection != nullptr && m_connection->IsOurs(); }
+
+    /// Throws where the session is not open.
     Connection& Get() const {
         if (!IsOpen())
-            Fail(SectionError::ObjectClosed, m_path + ": the database was closed; open it again.");
+            Fail(SectionError::ObjectClosed,
+                 m_path + (m_connection == nullptr ? ": the database was closed; open it again."
+                                                   : ": the database was opened by another "
+                                                     "process; open it again."));
         return *m_connection;
     }
 
     void Close() noexcept {
-        if (IsOpen())
+        if (m_connection != nullptr)
             ConnectionPool::Rest(std::move(m_connection));
     }
 
 private:
     std::string m_path;
-    std::unique_ptr<Connection> m_connection;
+    ConnectionPtr m_connection;
+};
+
+/// Keeps a session open: it is closed with its last keeper, whoever else still refers to it.
+class SessionKeeper {
+public:
+    explicit SessionKeeper(std::shared_ptr<Session> session) : m_session(std::move(session)) {}
+    SessionKeeper(const SessionKeeper&) = delete;
+    SessionKeeper& operator=(const SessionKeeper&) = delete;
+    ~SessionKeeper() { m_session->Close(); }
+
+private:
+    std::shared_ptr<Session> m_session;
 };
 
 } // namespace dbsection

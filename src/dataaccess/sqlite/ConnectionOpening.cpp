@@ -1,0 +1,281 @@
+// How a file is opened or created: what is made sure of before anything in it is used.
+#include "dataaccess/sqlite/Connection.h"
+
+#include "dataaccess/sqlite/ConnectionPool.h"
+#include "dataaccess/sqlite/NewFile.h"
+#include "dataaccess/sqlite/WholeFiles.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <system_error>
+#include <unistd.h>
+
+namespace dbsection {
+namespace {
+
+/// Status of an engine that cannot work at all: an unspecified failure.
+constexpr auto EngineWithoutEncryption = static_cast<std::int32_t>(0x80004005);
+
+/// Major version of the engine's cipher. An engine without cipher, as when another copy of the
+/// engine was loaded into the process first, cannot open protected files.
+int CipherMajorVersion(sqlite3* database) {
+    static int major = 0;
+    if (major != 0)
+        return major;
+    sqlite3_stmt* statement = nullptr;
+    int code = sqlite3_prepare_v2(database, "PRAGMA cipher_version", -1, &statement, nullptr);
+    const StatementPtr owned(statement);
+    if (owned)
+        code = sqlite3_step(statement);
+    const auto* version = reinterpret_cast<const char*>(
+        code == SQLITE_ROW ? sqlite3_column_text(statement, 0) : nullptr);
+    if (code == SQLITE_NOMEM || (code == SQLITE_ROW && version == nullptr))
+        throw CMemoryException::Instance();
+    if (version == nullptr)
+        throw new CSectionException(EngineWithoutEncryption);
+    major = std::atoi(version);
+    return major;
+}
+
+/// The password for a protected file.
+std::string_view SecretOf(std::string_view password) {
+    const char* fallback = password.empty() ? std::getenv("SECTIONDB_PASSWORD") : nullptr;
+    return fallback == nullptr ? password : fallback;
+}
+
+[[noreturn]] void FailToReach(const std::string& path, int error) {
+    if (error == ENOENT || error == ENOTDIR)
+        Fail(SectionError::FileNotFound,
+             path + ": there is no such file; check the folder and the name.");
+    Fail(SectionError::Io, path + ": the file cannot be reached (" +
+                               std::generic_category().message(error) +
+                               "); check its name, and the permissions of its folders.");
+}
+
+/// A path that the engine takes for a file in every case: others can name a database in memory.
+std::string EnginePath(const std::string& path) {
+    return path.starts_with('/') ? path : "./" + path;
+}
+
+} // namespace
+
+bool Connection::CanServe(const Origin& origin, std::string_view password) const {
+    return m_origin == origin &&
+           (!m_key || FindKey(m_key->salt, SecretOf(password)) == m_key->number);
+}
+
+bool Connection::IsOutdatedBy(const Origin& origin) const {
+    return m_origin->path == origin.path && m_origin->version != origin.version;
+}
+
+std::optional<Origin> Origin::Find(const std::string& path, bool readOnly) {
+    const auto version = FileVersion::Find(path.c_str());
+    if (!version)
+        return std::nullopt;
+    return Origin{path, readOnly, *version, ::geteuid(), ::getegid()};
+}
+
+ConnectionPtr Connection::Open(const std::string& path, std::string_view password, Access access) {
+    // Before the file is opened: a change meanwhile is a change since.
+    const auto now = std::chrono::system_clock::now();
+    const auto origin = Origin::Find(NativePath(path), access.readOnly);
+    if (!origin)
+        FailToReach(path, errno);
+    if (!origin->version.IsRegularFile())
+        Fail(SectionError::NotADatabase, path + ": this is not a file; name a catalogue file.");
+    if (access.exclusive)
+        return OpenAnew(origin->path, password, access);
+
+    if (auto rested = ConnectionPool::Take(*origin, password)) {
+        rested->SchemaVersion(); // fails where another program has the file for itself
+        return rested;
+    }
+    auto connection = OpenAnew(origin->path, password, access);
+    if (origin->version.IsSettled(now) && !connection->HasWriteAheadLog())
+        connection->m_origin = origin;
+    return connection;
+}
+
+ConnectionPtr Connection::OpenAnew(const std::string& path, std::string_view password,
+                                   Access access) {
+    ConnectionPtr connection(new Connection(path));
+    connection->m_readOnly = access.readOnly;
+    connection->OpenFile();
+    connection->LimitTrust();
+    connection->Key(password);
+    if (access.exclusive)
+        connection->LockExclusively();
+    if (!connection->m_key)
+        connection->RequireWhole();
+    return connection;
+}
+
+ConnectionPtr Connection::Create(const std::string& path, std::string_view password) {
+    const std::string native = NativePath(path);
+    NewFile file(native);
+    file.RemoveOldJournals();
+    {
+        const ConnectionPtr first(new Connection(native));
+        first->OpenFile();
+        first->LimitTrust();
+        if (!password.empty())
+            first->UseKey(SaltForNewFile(password), password);
+        constexpr const char* FirstPage = "PRAGMA application_id = 0x53656374"; // "Sect"
+        first->Execute(FirstPage, Activity::Writing);
+    }
+    // As anybody would open it. Short of memory, the engine may have taken another key, or none.
+    auto connection = OpenAnew(native, password, {});
+    if (connection->m_key.has_value() == password.empty())
+        throw CMemoryException::Instance();
+    file.Keep();
+    return connection;
+}
+
+void Connection::OpenFile() {
+    // For writing even where only reading is wanted: what a killed writer left half is undone
+    // first.
+    const int code = sqlite3_open_v2(EnginePath(m_path).c_str(), &m_database,
+                                     SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (code != SQLITE_OK)
+        FailFromEngine(code, m_database, m_path, Activity::Reading);
+    constexpr int PatienceMilliseconds = 250; // another program's single write takes far less
+    sqlite3_busy_timeout(m_database, PatienceMilliseconds);
+}
+
+/// A catalogue file may come from anywhere: nothing in it is run, and nothing in it may take more
+/// than a section table needs.
+void Connection::LimitTrust() {
+    struct Limit {
+        int id;
+        int value;
+    };
+    static constexpr std::array Limits{
+        Limit{SQLITE_LIMIT_LENGTH, 16'000'000},   Limit{SQLITE_LIMIT_SQL_LENGTH, 1'000'000},
+        Limit{SQLITE_LIMIT_COLUMN, 255},          Limit{SQLITE_LIMIT_EXPR_DEPTH, 200},
+        Limit{SQLITE_LIMIT_COMPOUND_SELECT, 20},  Limit{SQLITE_LIMIT_FUNCTION_ARG, 20},
+        Limit{SQLITE_LIMIT_ATTACHED, 0},          Limit{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 20'000},
+        Limit{SQLITE_LIMIT_VARIABLE_NUMBER, 999}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1},
+        Limit{SQLITE_LIMIT_WORKER_THREADS, 0},
+    };
+    for (const Limit& limit : Limits)
+        sqlite3_limit(m_database, limit.id, limit.value);
+    sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+#ifdef SQLITE_DBCONFIG_ENABLE_VIEW
+    sqlite3_db_config(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+#endif
+#ifdef SQLITE_DBCONFIG_DEFENSIVE
+    sqlite3_db_config(m_database, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+#endif
+    sqlite3_set_authorizer(m_database, &Connection::Authorize, this);
+    m_work.Install(m_database);
+}
+
+void Connection::Key(std::string_view password) {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(m_database, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
+    std::array<unsigned char, ClassifiedBytes> firstBytes{};
+    sqlite3_int64 size = 0;
+    int code = file->pMethods->xFileSize(file, &size);
+    const auto count = std::min(static_cast<std::size_t>(size), firstBytes.size());
+    if (code == SQLITE_OK && count > 0)
+        code = file->pMethods->xRead(file, firstBytes.data(), static_cast<int>(count), 0);
+    if (code != SQLITE_OK)
+        FailFromEngine(code, nullptr, m_path, Activity::Reading);
+
+    const FileKind kind = ClassifyFile(std::span(firstBytes).first(count));
+    if (kind == FileKind::NotADatabase)
+        Fail(SectionError::NotADatabase,
+             m_path + ": this is not a catalogue file; name another file.");
+    if (kind == FileKind::Protected)
+        KeyProtectedFile(firstBytes.data(), password);
+    // Must follow the key: these read the file.
+    Execute("PRAGMA cell_size_check = ON; PRAGMA trusted_schema = OFF", Activity::Reading);
+    CheckReadable(kind == FileKind::Protected);
+}
+
+void Connection::KeyProtectedFile(const unsigned char* firstBytes, std::string_view password) {
+    const std::string_view secret = SecretOf(password);
+    if (secret.empty())
+        Fail(SectionError::WrongPassword,
+             m_path + ": the file is protected and no password was given; give its password.");
+    FileSalt salt;
+    std::copy_n(firstBytes, salt.size(), salt.begin());
+    UseKey(salt, secret);
+}
+
+void Connection::UseKey(const FileSalt& salt, std::string_view secret) {
+    const SecretText statement = KeyStatement(salt, secret, CipherMajorVersion(m_database));
+    m_key = KeyUse{salt, FindKey(salt, secret)};
+    Execute(statement.Get(), Activity::Reading);
+}
+
+void Connection::CheckReadable(bool isProtected) {
+    const int code =
+        sqlite3_exec(m_database, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr, nullptr);
+    if (code == SQLITE_ERROR) // a header of an unknown format
+        FailFromEngine(SQLITE_CORRUPT, nullptr, m_path, Activity::Reading);
+    if (isProtected && code == SQLITE_NOTADB)
+        Fail(SectionError::WrongPassword,
+             m_path + ": the password is wrong, or the beginning of the file is damaged; check the "
+                      "password.");
+    if (code != SQLITE_OK)
+        FailFromEngine(code, m_database, m_path, Activity::Reading);
+    if (m_key)
+        ConfirmKey(m_key->number);
+}
+
+/// A connection that only reads still takes the lock, so that nobody writes meanwhile. That is all
+/// that can be had of a file that one may not write: others can read it then.
+void Connection::LockExclusively() {
+    Execute("PRAGMA locking_mode = EXCLUSIVE", Activity::Reading);
+    const bool mayWrite = sqlite3_db_readonly(m_database, "main") == 0;
+    Execute(mayWrite ? "BEGIN EXCLUSIVE; COMMIT" : "SELECT 1 FROM sqlite_master LIMIT 1",
+            Activity::Reading);
+}
+
+/// Damage that the engine would stumble over is found before anything of a plain file is used; the
+/// pages of a protected file carry a checksum each.
+void Connection::RequireWhole() {
+    constexpr off_t LargestChecked = 128 * 1024 * 1024; // a tenth of a second
+    const auto now = std::chrono::system_clock::now();
+    const auto version = FileVersion::Find(m_path.c_str());
+    if (!version || version->Size() > LargestChecked)
+        return;
+    if (!WholeFiles::Contains(*version)) {
+        if (!CheckPages() || HasWriteAheadLog())
+            return;
+        if (version->IsSettled(now))
+            WholeFiles::Add(*version);
+    }
+    m_wholeVersion = version;
+}
+
+/// False where the engine cannot check the pages because it does not know what the tables use.
+bool Connection::CheckPages() {
+    bool isDamaged = false;
+    const auto look = [](void* found, int /*columns*/, char** values, char** /*names*/) {
+        // What the pages hold is told without this mark, as a value that is missing in a row.
+        *static_cast<bool*>(found) = std::string_view(values[0]).starts_with("***");
+        return 0;
+    };
+    const int code = sqlite3_exec(m_database, "PRAGMA quick_check(1)", look, &isDamaged, nullptr);
+    if (isDamaged)
+        FailFromEngine(SQLITE_CORRUPT, nullptr, m_path, Activity::Reading);
+    if (code != SQLITE_OK && code != SQLITE_ERROR)
+        FailFromEngine(code, m_database, m_path, Activity::Reading);
+    return code == SQLITE_OK;
+}
+
+/// Files with one are shared by way of memory, which a connection holds until it is closed.
+bool Connection::HasWriteAheadLog() {
+    const StatementLease lease = Own("PRAGMA journal_mode");
+    Step(lease.Get(), m_path, Activity::Reading);
+    const auto* mode = reinterpret_cast<const char*>(sqlite3_column_text(lease.Get(), 0));
+    return mode == nullptr || EqualNoCase(mode, "wal");
+}
+
+} // namespace dbsection

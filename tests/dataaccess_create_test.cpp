@@ -1,0 +1,256 @@
+// Creating database files: their names, keys and leftovers, and what happens where memory runs out.
+#include "DataAccessSupport.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <link.h>
+#include <span>
+
+using namespace testsupport;
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Which of the allocations to come fails, counted from 1; 0 is none. Those of the engine and its
+/// cipher are counted apart from all others.
+long failAt = 0;
+bool failInEngine = false;
+long allocations = 0;
+
+struct Code {
+    std::uintptr_t begin;
+    std::uintptr_t end;
+};
+std::vector<Code> engineCode;
+
+int FindEngine(dl_phdr_info* object, std::size_t /*size*/, void* /*unused*/) {
+    const std::string_view name = object->dlpi_name;
+    if (name.find("libcrypto") == name.npos && name.find("libsqlcipher") == name.npos)
+        return 0;
+    for (const auto& part : std::span(object->dlpi_phdr, object->dlpi_phnum))
+        if (part.p_type == PT_LOAD && (part.p_flags & PF_X) != 0)
+            engineCode.push_back({object->dlpi_addr + part.p_vaddr,
+                                  object->dlpi_addr + part.p_vaddr + part.p_memsz});
+    return 0;
+}
+
+bool MustFail(void* caller) {
+    if (failAt == 0)
+        return false;
+    const auto address = reinterpret_cast<std::uintptr_t>(caller);
+    const bool isEngine = std::ranges::any_of(engineCode, [address](const Code& code) {
+        return address >= code.begin && address < code.end;
+    });
+    return isEngine == failInEngine && ++allocations == failAt;
+}
+
+} // namespace
+
+#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
+#define FAILS_ALLOCATIONS 1
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* memory, std::size_t size);
+
+void* malloc(std::size_t size) {
+    return MustFail(__builtin_return_address(0)) ? nullptr : __libc_malloc(size);
+}
+void* calloc(std::size_t count, std::size_t size) {
+    return MustFail(__builtin_return_address(0)) ? nullptr : __libc_calloc(count, size);
+}
+void* realloc(void* memory, std::size_t size) {
+    return MustFail(__builtin_return_address(0)) ? nullptr : __libc_realloc(memory, size);
+}
+}
+#else
+#define FAILS_ALLOCATIONS 0
+#endif
+
+namespace {
+
+class CreateTest : public DataAccessTest {
+protected:
+    CreateTest() {
+        fs::create_directory(m_files);
+        if (HasStockProgram())
+            m_askStockProgram = true;
+    }
+
+    int Create(const std::string& path, const std::string& connect) {
+        DatabaseHandle db;
+        return createDatabase(db.Address(), path.c_str(), connect.c_str(), 0, nullptr);
+    }
+
+    std::string SaltOf(const std::string& path) { return ReadFile(path).substr(0, 16); }
+
+    /// Whether the engine's own program, which knows nothing of this process, opens the file.
+    bool OpensElsewhere(const std::string& path, const std::string& password) {
+        return !m_askStockProgram ||
+               RunStockProgram(m_folder, path,
+                               "PRAGMA key = '" + password + "'; PRAGMA application_id;")
+                       .find("1399153524") != std::string::npos;
+    }
+
+    const std::string m_files = m_folder.File("files");
+    bool m_askStockProgram = false;
+};
+
+TEST_F(CreateTest, PasswordsInEveryFormOpenWhatTheyProtect) {
+    const std::string digits = "0123456789abcdef0123456789ABCDEF";
+    const struct {
+        std::string descriptor;
+        std::string connect;
+        bool isProtected;
+    } cases[]{
+        {";PWD=secret", "secret", true},
+        {"x'" + digits + digits + "'", ";PWD=x'" + digits + digits + "'", true},
+        {"x'" + digits + digits + digits + "'", "x'" + digits + digits + digits + "'", true},
+        {";PWD=it's \"quoted\"", "it's \"quoted\"", true},
+        {";PWD= ", ";PWD= ", true},
+        {"", "", false},
+        {";", "", false},
+        {" ", "", false},
+        {"; ", " ;", false},
+        {";PWD=", ";", false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.descriptor);
+        const std::string path = m_files + "/new.db3";
+        ASSERT_EQ(Create(path, c.descriptor), 1);
+        EXPECT_NE(ReadFile(path).starts_with("SQLite format 3"), c.isProtected);
+        DatabaseHandle db;
+        EXPECT_EQ(Open(db, path, c.connect.c_str()), 1);
+        EXPECT_EQ(Open(db, path, "wrong"), c.isProtected ? -1 : 1);
+        EXPECT_EQ(Open(db, path, " ; "), c.isProtected ? -1 : 1);
+        EXPECT_EQ(TakeQuietError(), c.isProtected ? 3031 : 0);
+        fs::remove(path);
+    }
+}
+
+TEST_F(CreateTest, FilesOfOnePasswordShareTheirSalt) {
+    const auto file = [&](const char* name) { return m_files + "/" + name; };
+    const auto elsewhere = [](auto body) {
+        return RunInChild([&] { return body() ? 0 : 1; }) == 0;
+    };
+    EXPECT_TRUE(elsewhere([&] {
+        return Create(file("a"), "one") == 1 && Create(file("b"), ";PWD=one") == 1 &&
+               Create(file("other"), "two") == 1;
+    }));
+    EXPECT_EQ(SaltOf(file("a")), SaltOf(file("b")));
+    EXPECT_NE(SaltOf(file("a")), SaltOf(file("other"))) << "each password has its own";
+    EXPECT_TRUE(OpensElsewhere(file("a"), "one") && OpensElsewhere(file("b"), "one"));
+
+    EXPECT_TRUE(elsewhere([&] { return Create(file("later"), "one") == 1; }));
+    EXPECT_NE(SaltOf(file("later")), SaltOf(file("a"))) << "drawn at random";
+    EXPECT_TRUE(elsewhere([&] {
+        DatabaseHandle db;
+        return Open(db, file("a"), "one") == 1 && Create(file("added"), "one") == 1;
+    }));
+    EXPECT_EQ(SaltOf(file("added")), SaltOf(file("a"))) << "goes on with that of an opened file";
+    EXPECT_TRUE(elsewhere([&] {
+        DatabaseHandle db;
+        return Open(db, file("a"), "tried") == -1 && Create(file("own"), "tried") == 1;
+    }));
+    EXPECT_NE(SaltOf(file("own")), SaltOf(file("a"))) << "not with that of a stranger's file";
+}
+
+TEST_F(CreateTest, JournalsOfAnEarlierFileAreNotPlayedIntoTheNewOne) {
+    const std::string path = m_files + "/shapes.db3";
+    for (const char* connect : {"", ";PWD=secret"}) {
+        CreateCatalogue(path, 3, connect);
+        EXPECT_EQ(RunInChild([&] { // is ended in the midst of a transaction
+                      static CSectionWorkspace workspace;
+                      static DatabaseHandle db;
+                      openDatabase(db.Address(), path.c_str(), 1, 0, 0, connect, &workspace);
+                      workspace.BeginTrans();
+                      RecordsetHandle rows;
+                      return Query(db, rows, "Shape", 1) == 1 && deleteAllRecords(rows.Address())
+                                 ? 0
+                                 : 1;
+                  }),
+                  0);
+        ASSERT_TRUE(fs::exists(path + "-journal"));
+        WriteFile(path + "-wal", ReadFile(path + "-journal"));
+        fs::remove(path);
+        CreateCatalogue(path, 5, connect);
+        EXPECT_EQ(std::distance(fs::directory_iterator(m_files), {}), 1);
+        DatabaseHandle db;
+        ASSERT_EQ(Open(db, path, connect), 1);
+        Rows rows(db, "Shape");
+        EXPECT_EQ(getRecordCount(rows.Address()), 5);
+        closeDatabase(db.Address(), 1);
+
+        fs::remove(path);
+        fs::create_directory(path + "-journal");
+        EXPECT_EQ(Create(path, connect), -1) << "what cannot be removed is told";
+        EXPECT_EQ(TakeQuietError(), 3043);
+        fs::remove(path + "-journal");
+        EXPECT_TRUE(fs::is_empty(m_files));
+    }
+}
+
+TEST_F(CreateTest, NamesThatMeanSomethingToTheEngineAreFiles) {
+    const fs::path before = fs::current_path();
+    fs::current_path(m_files);
+    for (const char* name : {":memory:", "file:x.db3", "file::memory:?cache=shared", "-", "%20"}) {
+        SCOPED_TRACE(name);
+        CreateCatalogue(name, 3);
+        EXPECT_TRUE(fs::is_regular_file(m_files + "/" + name));
+        DatabaseHandle db;
+        ASSERT_EQ(Open(db, name), 1);
+        Rows rows(db, "Shape");
+        EXPECT_EQ(getRecordCount(rows.Address()), 3);
+    }
+    DatabaseHandle db;
+    EXPECT_EQ(Open(db, ":memory"), 0);
+    fs::current_path(before);
+}
+
+/// Creates a protected file with an allocation failing: 0 when it was created, 1 when it was not,
+/// 2 when there was no such allocation.
+int CreateWithFailure(const std::string& path, const std::string& password, long at) {
+    const std::string connect = ";PWD=" + password;
+    allocations = 0;
+    failAt = at;
+    int result = 0;
+    try {
+        CSectionDatabase().Create(path.c_str(), connect.c_str());
+    } catch (CException* e) {
+        e->Delete();
+        result = 1;
+    }
+    failAt = 0;
+    return allocations < at ? 2 : result;
+}
+
+TEST_F(CreateTest, FailedCreationLeavesNothingBehind) {
+    if (!FAILS_ALLOCATIONS)
+        GTEST_SKIP() << "allocations cannot be made to fail here";
+    const std::string path = m_files + "/new.db3";
+    ASSERT_EQ(Create(path, "kept"), 1); // loads the cipher library
+    ::dl_iterate_phdr(FindEngine, nullptr);
+    int refused = 0;
+    const auto createAt = [&](long at, const std::string& password) {
+        SCOPED_TRACE(password + " at " + std::to_string(at));
+        fs::remove(path);
+        const int result = RunInChild([&] { return CreateWithFailure(path, password, at); });
+        EXPECT_TRUE(result <= 2 || failInEngine) << "only the engine may crash: " << result;
+        if (result == 0 || result == 2) {
+            EXPECT_TRUE(OpensElsewhere(path, password));
+        } else if (result == 1) {
+            EXPECT_TRUE(fs::is_empty(m_files));
+            ++refused;
+        }
+        return result != 2;
+    };
+    for (const bool inEngine : {false, true}) {
+        failInEngine = inEngine;
+        for (const bool isNew : {false, true}) // whose key is to be derived
+            for (long at = 1; createAt(at, isNew ? "new" + std::to_string(at) : "kept");)
+                at += 1 + at / 16;
+    }
+    EXPECT_GT(refused, 100);
+}
+
+} // namespace
