@@ -283,7 +283,10 @@ TEST_F(PoolTest, ChildLeavesItsParentsTransactionAlone) {
                   workspace.Rollback();
                   closeRecordset(&rows);
                   closeDatabase(&db, 1);
-                  return fs::exists(journal) ? 0 : 1;
+                  return fs::exists(journal) && Look(m_plain) == "3045" &&
+                                 Look(m_protected) == "Shape ABCDE"
+                             ? 0
+                             : 1;
               }),
               0);
     EXPECT_TRUE(fs::exists(journal)) << "what a killed parent would be undone by";

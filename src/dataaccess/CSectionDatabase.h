@@ -26,6 +26,8 @@ struct DatabaseReference;
 class DBSECTION_API CSectionWorkspace {
 public:
     CSectionWorkspace();
+    CSectionWorkspace(const CSectionWorkspace&) = default;
+    CSectionWorkspace& operator=(const CSectionWorkspace&) = default;
 
     /// Databases that are only read are left alone. One transaction at a time.
     void BeginTrans();
@@ -46,7 +48,8 @@ private:
 };
 
 /// An open file is closed by Close, for all copies, or with the last copy. A process that was
-/// forked from the one that opened it must open it again (3420).
+/// forked from the one that opened it must open it again (3420), which it cannot where a
+/// transaction was under way or the file was held exclusively (3045).
 class DBSECTION_API CSectionDatabase {
 public:
     /// With a workspace, it takes part in the workspace's transactions.

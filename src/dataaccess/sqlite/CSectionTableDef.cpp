@@ -67,7 +67,9 @@ CSectionTableDef::CSectionTableDef(CSectionDatabase* database) {
         m_database = database->m_reference;
 }
 
-bool CSectionTableDef::IsOpen() const { return m_state != State::Closed && m_session->IsOpen(); }
+bool CSectionTableDef::IsOpen() const {
+    return m_state != State::Closed && m_session && m_session->IsOpen();
+}
 
 Connection& CSectionTableDef::OpenConnection() const {
     if (!m_session)

@@ -10,7 +10,15 @@ void ConnectionCloser::operator()(Connection* connection) const noexcept {
         delete connection;
 }
 
+std::list<Connection*>& Connection::Living() {
+    static auto& living = *new std::list<Connection*>; // databases of the host may live longest
+    return living;
+}
+
+Connection::Connection(std::string path) : m_path(std::move(path)) { Living().push_back(this); }
+
 Connection::~Connection() {
+    Living().remove(this);
     m_kept.Clear();
     sqlite3_close(m_database);
 }

@@ -13,6 +13,7 @@
 #include "platform/ProcessMark.h"
 
 #include <cstdint>
+#include <list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -156,8 +157,11 @@ private:
         return ++last;
     }
 
-    explicit Connection(std::string path) : m_path(std::move(path)) {}
+    explicit Connection(std::string path);
     ~Connection();
+
+    /// All that live in this process, those that it inherited included.
+    static std::list<Connection*>& Living();
 
     static ConnectionPtr OpenAnew(const std::string& path, std::string_view password,
                                   Access access);
@@ -165,6 +169,7 @@ private:
     static int Authorize(void* self, int action, const char* first, const char* second,
                          const char* database, const char* viewOrTrigger);
 
+    void RequireNoInheritedLock() const;
     void OpenFile();
     void LimitTrust();
     void Key(std::string_view password);
@@ -201,6 +206,7 @@ private:
     sqlite3* m_database = nullptr;
     WorkBound m_work;
     bool m_readOnly = false;
+    bool m_exclusive = false;
     bool m_isInTransaction = false;  ///< of the host
     bool m_callersStatement = false; ///< the authorizer then allows reading only
     std::string m_lastPrepareError;

@@ -11,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <system_error>
 #include <unistd.h>
 
@@ -104,6 +105,7 @@ ConnectionPtr Connection::OpenAnew(const std::string& path, std::string_view pas
                                    Access access) {
     ConnectionPtr connection(new Connection(path));
     connection->m_readOnly = access.readOnly;
+    connection->RequireNoInheritedLock();
     connection->OpenFile();
     connection->LimitTrust();
     connection->Key(password);
@@ -133,6 +135,17 @@ ConnectionPtr Connection::Create(const std::string& path, std::string_view passw
         throw CMemoryException::Instance();
     file.Keep();
     return connection;
+}
+
+/// In a forked process the engine takes the locks of the other process for its own, and would read
+/// without any.
+void Connection::RequireNoInheritedLock() const {
+    std::error_code ignored;
+    for (const Connection* other : Living())
+        if (!other->IsOurs() && (other->m_exclusive || other->IsInTransaction()) &&
+            std::filesystem::equivalent(m_path, other->m_path, ignored))
+            Fail(SectionError::InUse, m_path + ": this process was forked while the file was "
+                                               "locked; open it in a new process.");
 }
 
 void Connection::OpenFile() {
@@ -231,6 +244,7 @@ void Connection::CheckReadable(bool isProtected) {
 /// A connection that only reads still takes the lock, so that nobody writes meanwhile. That is all
 /// that can be had of a file that one may not write: others can read it then.
 void Connection::LockExclusively() {
+    m_exclusive = true;
     Execute("PRAGMA locking_mode = EXCLUSIVE", Activity::Reading);
     const bool mayWrite = sqlite3_db_readonly(m_database, "main") == 0;
     Execute(mayWrite ? "BEGIN EXCLUSIVE; COMMIT" : "SELECT 1 FROM sqlite_master LIMIT 1",
