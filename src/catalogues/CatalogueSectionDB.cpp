@@ -3,6 +3,7 @@
 #include "catalogues/SectionSummary.h"
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
+#include "dataaccess/NameSearch.h"
 #include "records/LayoutRecords.h"
 #include "units/UNIT.h"
 
@@ -62,8 +63,8 @@ bool CatalogueSectionDB::OpenRow(const char* name) {
 
 int CatalogueSectionDB::ReadSection(const CString& table, const char* name, SectionRecord& record) {
     m_szTableName = table;
-    const bool isRead =
-        OpenSectionDatabase() == 1 && !table.IsEmpty() && OpenRow(name) && ReadCurrentRow(record);
+    const bool isRead = OpenSectionDatabase() == 1 && !table.IsEmpty() &&
+                        dbsection::IsSearchable(name) && OpenRow(name) && ReadCurrentRow(record);
     closeRecordset(&m_pRecordset);
     return isRead ? 1 : 0;
 }

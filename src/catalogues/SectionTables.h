@@ -1,18 +1,20 @@
-// The section tables of a catalogue: walking them, and asking one for rows.
+// The section tables of a catalogue.
 #pragma once
 
-#include "dataaccess/DataAccess.h"
+#include "dataaccess/DatabaseTransaction.h"
 #include "dataaccess/Guard.h"
+#include "dataaccess/Handles.h"
 
 namespace dbsection {
 
 /// Calls `visit` with the name of each section table in the database's table order, until it
-/// returns true.
+/// returns true. The database is read as it is at one moment.
 template <class Visit>
 void ForEachSectionTable(CSectionDatabase* database, Visit visit) {
     if (database == nullptr)
         return;
     Guarded({"getTableInfo()", "Failed to get information on table."}, [&] {
+        const DatabaseTransaction oneMoment(*database, Purpose::Reading);
         for (const CString& table : database->GetUserTableNames())
             if (table != "Field Units" && table != "DBInfo" && visit(table))
                 break;
@@ -20,17 +22,10 @@ void ForEachSectionTable(CSectionDatabase* database, Visit visit) {
     });
 }
 
-/// Whether a statement finds a row, which is then the current one. A table without the columns that
-/// the statement names has none: that is cheaper to find out here than to ask beforehand.
-inline bool FindsRow(CSectionRecordset& rows, const CString& sql) {
-    return Guarded({"openRecordset()",
-                    "Failed to open Recordset.",
-                    0,
-                    {SectionError::UnknownNameInStatement}},
-                   [&] {
-                       rows.Open(CSectionRecordset::Snapshot, sql);
-                       return rows.IsEOF() ? 0 : 1;
-                   }) == 1;
+inline bool HasColumn(CSectionDatabase* database, const CString& table, const char* column) {
+    TableDefHandle definition;
+    return openTableDef(database, definition.Address(), table) == 1 &&
+           IsExistentField(definition.Get(), column) == 1;
 }
 
 } // namespace dbsection

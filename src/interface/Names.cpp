@@ -3,22 +3,12 @@
 
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
+#include "dataaccess/NameSearch.h"
 
 namespace {
 
 /// The names of a section, by their columns.
 enum NameColumn : int { PublicName = 1, VessaName = 2 };
-
-/// A quote would end the text in the statement. One report does for all tables.
-bool IsSearchable(const CString& name) {
-    if (name.Find('\'') < 0)
-        return true;
-    HandleDaoException(new CSectionException(SectionError::BadStatement,
-                                             "The section name " + name +
-                                                 " contains a quote; leave the quote out."),
-                       "Failed to open Recordset.", "openRecordset()");
-    return false;
-}
 
 CString QueryText(const CString& table, NameColumn column, const char* name) {
     const CString from = "SELECT * FROM [" + table + "] WHERE ";
@@ -33,21 +23,28 @@ template <class Found>
 bool SearchCatalogue(int index, NameColumn column, const char* name, Found found) {
     CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
     dbsection::ForEachSectionTable(database, [&](const CString& table) {
-        CSectionRecordset rows(database);
-        if (!dbsection::FindsRow(rows, QueryText(table, column, name)))
+        RecordsetHandle rows;
+        if (!dbsection::HasColumn(database, table, column == VessaName ? "VessaName" : "Name") ||
+            openRecordset(&database, rows.Address(), QueryText(table, column, name),
+                          CSectionRecordset::Snapshot, 1) != 1)
             return false;
-        CSectionRecordset* counted = &rows;
-        const int count = getRecordCount(&counted);
+        const int count = getRecordCount(rows.Address());
         if (count > 0)
-            found(SectionDBInterface::GetSectionTypeFromTable(index, table), count, rows);
+            found(SectionDBInterface::GetSectionTypeFromTable(index, table), count, *rows);
         return count > 0;
     });
     return database != nullptr;
 }
 
+/// The text in a column of the current row; empty where there is no such column.
+CString TextIn(const CSectionRecordset& rows, int column) {
+    return column < rows.GetFieldCount() ? CCrack::strVARIANT(rows.GetFieldValue(column))
+                                         : CString();
+}
+
 int SearchAllCatalogues(NameColumn column, const char* name, CUIntArray& catalogues,
                         CUIntArray& sectionTypes) {
-    if (!IsSearchable(name))
+    if (!dbsection::IsSearchable(name))
         return 0;
     for (int index = 1; index <= LastCatalogueIndex; ++index) {
         const auto append = [&](int type, int count, const CSectionRecordset&) {
@@ -68,15 +65,14 @@ int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArra
     const auto append = [&](int type, int count, const CSectionRecordset& rows) {
         CString otherName;
         if (otherNames != nullptr)
-            otherName = CCrack::strVARIANT(
-                rows.GetFieldValue(column == VessaName ? PublicName : VessaName));
+            otherName = TextIn(rows, column == VessaName ? PublicName : VessaName);
         for (int i = 0; i < count; ++i) {
             sectionTypes.Add(static_cast<unsigned int>(type));
             if (otherNames != nullptr)
                 otherNames->Add(otherName);
         }
     };
-    if (!IsSearchable(name) || !SearchCatalogue(index, column, name, append))
+    if (!dbsection::IsSearchable(name) || !SearchCatalogue(index, column, name, append))
         return 0;
     return sectionTypes.IsEmpty() ? 0 : 1;
 }
@@ -138,7 +134,7 @@ int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(
 
 int SectionDBInterface::GetTableNameFromSection(int index, const char* name, CString& tableName) {
     SectionDBBase* catalogue = OpenCatalogue(index);
-    if (catalogue == nullptr || !IsSearchable(name))
+    if (catalogue == nullptr || !dbsection::IsSearchable(name))
         return 0;
     return catalogue->GetTableNameFromSection(name, tableName);
 }

@@ -2,6 +2,7 @@
 #include "interface/SectionDBInterface.h"
 
 #include "dataaccess/Handles.h"
+#include "dataaccess/NameSearch.h"
 #include "interface/RequireOpen.h"
 #include "queries/QueryText.h"
 #include "records/GirderDesignation.h"
@@ -176,9 +177,11 @@ void SectionDBInterface::GetSteelJoist(int /*catalogue*/, int series, const char
                                        CSectionDatabase** db, CSectionRecordset** rs) {
     if (!dbsection::RequireOpen(db) || series < 1 || series > 4)
         return;
-    Open(db, rs,
-         JoistColumns + CString(" FROM [OWJoistMaster] WHERE [OWJoistMaster].[Designation] = '") +
-             designation + "'");
+    dbsection::OpenByName(
+        db, rs, designation,
+        JoistColumns + CString(" FROM [OWJoistMaster] WHERE [OWJoistMaster].[Designation] = '") +
+            designation + "'",
+        CSectionRecordset::Snapshot);
 }
 
 void SectionDBInterface::GetJoistGirder(int /*catalogue*/, int series, const char* designation,

@@ -2,6 +2,7 @@
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
+#include "dataaccess/NameSearch.h"
 #include "units/UNIT.h"
 
 #include <memory>
@@ -10,9 +11,10 @@ namespace {
 
 CString RowCondition(const CString& table) { return "[TableName] = '" + table + "'"; }
 
-bool OpenFieldUnits(CSectionDatabase* db, RecordsetHandle& rows) {
-    return openRecordset(&db, rows.Address(), "Select * From [Field Units]",
-                         CSectionRecordset::Dynaset, 1) == 1;
+/// Opens the units of all tables, to look for those of one.
+bool OpenFieldUnits(CSectionDatabase* db, const CString& table, RecordsetHandle& rows) {
+    return dbsection::OpenByName(&db, rows.Address(), table, "Select * From [Field Units]",
+                                 CSectionRecordset::Dynaset) == 1;
 }
 
 /// Makes the row of a table current; false when it has none.
@@ -47,7 +49,7 @@ bool ReadUnits(CSectionDatabase* db, const CString& table, CStringArray& units) 
     const CString sql =
         "Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('" + table + "')";
     RecordsetHandle rows;
-    if (openRecordset(&db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1 ||
+    if (dbsection::OpenByName(&db, rows.Address(), table, sql, CSectionRecordset::Dynaset) != 1 ||
         getRecordCount(rows.Address()) != 1)
         return false;
     const int count = getFieldCount(rows.Address());
@@ -69,7 +71,8 @@ void UNIT::WriteFieldUnits(CSectionDatabase* db, const CStringArray* units) {
         return;
     const CString& table = units->GetAt(0);
     RecordsetHandle rows;
-    if (!OpenFieldUnits(db, rows) || IsExistentRecord(rows.Address(), RowCondition(table)) == 1)
+    if (!OpenFieldUnits(db, table, rows) ||
+        IsExistentRecord(rows.Address(), RowCondition(table)) == 1)
         return;
     Store("WriteFieldUnits()", *rows, &CSectionRecordset::AddNew, [&] { SetAll(*rows, *units); });
 }
@@ -79,14 +82,14 @@ void UNIT::UpdateFieldUnits(CSectionDatabase* db, const CStringArray* units) {
         return;
     const CString& table = units->GetAt(0);
     RecordsetHandle rows;
-    if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, table))
+    if (!OpenFieldUnits(db, table, rows) || !MoveToRow(rows, table))
         return;
     Store("UpdateFieldUnits()", *rows, &CSectionRecordset::Edit, [&] { SetAll(*rows, *units); });
 }
 
 void UNIT::UpdateFieldUnit(CSectionDatabase* db, CString tableName, int fieldIndex, CString unit) {
     RecordsetHandle rows;
-    if (!OpenFieldUnits(db, rows) || !MoveToRow(rows, tableName))
+    if (!OpenFieldUnits(db, tableName, rows) || !MoveToRow(rows, tableName))
         return;
     Store("UpdateFieldUnit()", *rows, &CSectionRecordset::Edit,
           [&] { rows->SetFieldValue(fieldIndex + 1, unit); });
@@ -97,7 +100,7 @@ void UNIT::DeleteFieldUnits(CSectionDatabase* db, const CString& tableName) {
         return;
     RecordsetHandle rows;
     const CString condition = RowCondition(tableName);
-    if (OpenFieldUnits(db, rows) && IsExistentRecord(rows.Address(), condition) == 1)
+    if (OpenFieldUnits(db, tableName, rows) && IsExistentRecord(rows.Address(), condition) == 1)
         deleteRecord(rows.Address(), condition);
 }
 
