@@ -288,9 +288,11 @@ private:
                 continue;
             setRecordsetTo(rows.Address(), "RECNO = 9999", 1);
             Note(TakeQuietError());
-            for (; !rows->IsEOF(); rows->MoveNext())
-                for (int column = 0; column < rows->GetFieldCount(); ++column)
-                    rows->GetFieldValue(column);
+            Note(ErrorOf([&] { // rows to be edited are read when they are asked for
+                for (; !rows->IsEOF(); rows->MoveNext())
+                    for (int column = 0; column < rows->GetFieldCount(); ++column)
+                        rows->GetFieldValue(column);
+            }));
         }
     }
 

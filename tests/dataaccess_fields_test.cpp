@@ -127,6 +127,157 @@ TEST_F(FieldsTest, ColumnsComeAndGoWithRowsAndIndexesKept) {
     EXPECT_EQ(indexes->GetFieldValue(0).lVal, 1);
 }
 
+TEST_F(FieldsTest, FieldsKeepTheirSizeAndRules) {
+    using namespace SectionField;
+    const auto field = [](const char* name, Type type, int size, int allowEmpty, const char* rule,
+                          const char* text, const char* value = "") {
+        CSectionFieldInfo info;
+        info.m_strName = name;
+        info.m_nType = type;
+        info.m_lSize = size;
+        info.m_bAllowZeroLength = allowEmpty;
+        info.m_strValidationRule = rule;
+        info.m_strValidationText = text;
+        info.m_strDefaultValue = value;
+        return info;
+    };
+    const CSectionFieldInfo fields[] = {
+        field("Grade", Text, 40, 0, "[Grade] LIKE 'S%' -- steel", "It's no \"steel\"; take S235"),
+        field("Area", Double, 8, 1, "Area > 0 AND (Area < 1e6 OR Area = 1e9)", "", "1.5"),
+        field("Note", Memo, 0, 0, "", ""),
+        field("Maker's", Text, 255, 1, "length(`Maker's`) IN (2, 3)", "2 or 3 letters"),
+    };
+    TableDefHandle built;
+    ASSERT_EQ(createNewTableDef(m_db.Get(), built.Address(), "Built"), 1);
+    ASSERT_EQ(AddField(built.Get(), "RECNO", Long, 1, AutoIncrement), 1);
+    TableDefHandle altered;
+    ASSERT_EQ(openTableDef(m_db.Get(), altered.Address(), "Shape"), 1);
+    for (CSectionFieldInfo info : fields) {
+        EXPECT_EQ(createNewField(built.Get(), &info), 1) << info.m_strName;
+        EXPECT_EQ(createNewField(altered.Get(), &info), 1) << info.m_strName;
+    }
+    ASSERT_EQ(appendTableDef(m_db.Get(), built.Get()), 1);
+    for (const char* name : {"Built", "Shape"}) {
+        TableDefHandle table;
+        ASSERT_EQ(openTableDef(m_db.Get(), table.Address(), name), 1);
+        if (name == std::string("Shape")) {
+            EXPECT_EQ(deleteField(table.Get(), "AX"), 1) << "the others keep theirs";
+        }
+        for (const CSectionFieldInfo& expected : fields) {
+            CSectionFieldInfo info;
+            table->GetFieldInfo(expected.m_strName, info);
+            EXPECT_EQ(info.m_nType, expected.m_nType);
+            EXPECT_EQ(info.m_lSize, expected.m_lSize);
+            EXPECT_EQ(info.m_bAllowZeroLength, expected.m_bAllowZeroLength);
+            EXPECT_EQ(info.m_strValidationRule, expected.m_strValidationRule);
+            EXPECT_EQ(info.m_strValidationText, expected.m_strValidationText);
+            EXPECT_EQ(info.m_strDefaultValue, expected.m_strDefaultValue);
+        }
+    }
+    const struct {
+        int column;
+        const char* value;
+        const char* message; ///< null: taken
+    } values[] = {
+        {1, "S355", nullptr},
+        {1, "Al 6061", R"(a value breaks the rule "It's no "steel"; take S235")"},
+        {1, "", "a value breaks the rule"},
+        {2, "1e9", nullptr},
+        {2, "-1", "a value breaks the rule"},
+        {3, "", "\"Note must not be empty\""},
+        {4, "ABCD", "2 or 3 letters"},
+    };
+    Rows rows(m_db, "Built", 1);
+    for (const auto& [column, value, message] : values) {
+        rows->AddNew();
+        rows->SetFieldValue(column, value);
+        CString told;
+        try {
+            rows->Update();
+        } catch (CSectionException* e) {
+            EXPECT_EQ(e->GetErrorNumber(), 3317);
+            told = e->GetMessage();
+            e->Delete();
+        }
+        EXPECT_EQ(told.IsEmpty(), message == nullptr) << value;
+        EXPECT_GE(told.Find(message == nullptr ? "" : message), 0) << told;
+    }
+    rows->Requery();
+    EXPECT_EQ(getRecordCount(rows.Address()), 2);
+}
+
+TEST_F(FieldsTest, RulesThatAreNotOneConditionAreRefused) {
+    TableDefHandle table;
+    ASSERT_EQ(openTableDef(m_db.Get(), table.Address(), "Shape"), 1);
+    const struct {
+        const char* rule;
+        const char* value;
+        int number;
+    } cases[] = {
+        {"F > ", "", 3075},         {"F > 0); DROP TABLE Shape; --", "", 3075},
+        {"F > 0) OR (1", "", 3075}, {"F > 0 /*", "", 3075},
+        {"F > ?", "", 3075},        {"AX > 0", "", 3070},
+        {"\"x\" = F", "", 3070},    {"load_extension('x')", "", 3075},
+        {"F > 0", "-1", 3317},
+    };
+    for (const auto& [rule, value, number] : cases) {
+        CSectionFieldInfo field;
+        field.m_strName = "F";
+        field.m_nType = SectionField::Double;
+        field.m_strValidationRule = rule;
+        field.m_strDefaultValue = value;
+        EXPECT_EQ(createNewField(table.Get(), &field), 0) << rule;
+        EXPECT_EQ(TakeQuietError(), number) << rule;
+    }
+    EXPECT_EQ(getFieldCount(table.Get()), 4);
+    EXPECT_EQ(getTableCount(m_db.Address()), 1);
+}
+
+TEST_F(FieldsTest, DeletingAColumnLosesNothingElse) {
+    if (!HasStockProgram())
+        GTEST_SKIP() << "the sqlcipher program, which makes the tables, is missing";
+    const std::string rest =
+        "Code TEXT DEFAULT 'c' PRIMARY KEY, Mark TEXT COLLATE NOCASE DEFAULT (lower('X')), "
+        "D REAL CHECK (D > 0 /* mm */), \"AX of\" VARCHAR(7) REFERENCES Shape";
+    const struct {
+        std::string definition; ///< of a table with the column AX
+        std::string left;       ///< of it without that column; empty: refused
+    } cases[] = {
+        {"(AX REAL, " + rest + ")", "( " + rest + ")"},
+        {"(" + rest + ", 'ax' -- area, in mm2\n INT UNIQUE)", "(" + rest + ")"},
+        {"(" + rest + ", AX, UNIQUE (D, Mark)) WITHOUT ROWID",
+         "(" + rest + ", UNIQUE (D, Mark)) WITHOUT ROWID"},
+        {"(" + rest + ", AX, CONSTRAINT Both CHECK (AX > D))", ""},
+        {"(" + rest + ", AX, Z REAL CHECK (Z > [ax]))", ""},
+        {"(ID INTEGER PRIMARY KEY AUTOINCREMENT, AX, Mark, D)", ""},
+        {"(AX REAL, " + rest + "); CREATE TRIGGER Watch AFTER DELETE ON T BEGIN SELECT 1; END", ""},
+    };
+    const auto ask = [&](const std::string& sql) { return RunStockProgram(m_folder, m_path, sql); };
+    for (const auto& [definition, left] : cases) {
+        SCOPED_TRACE(definition);
+        ask("DROP TABLE IF EXISTS T; CREATE TABLE T" + definition +
+            ";\nINSERT INTO T(Mark, AX, D) VALUES('m', 5, 2);"
+            "CREATE INDEX [T by AX] ON T(Mark); CREATE INDEX Second ON T(D) WHERE AX > 1;"
+            "CREATE INDEX Third ON T(D, upper(Mark)); CREATE INDEX Fourth ON T(\"ax\");");
+        const char* all = "SELECT sql FROM sqlite_master WHERE tbl_name = 'T'; SELECT * FROM T;";
+        const std::string before = ask(all);
+        TableDefHandle table;
+        ASSERT_EQ(openTableDef(m_db.Get(), table.Address(), "T"), 1);
+        EXPECT_EQ(deleteField(table.Get(), "AX"), left.empty() ? 0 : 1);
+        EXPECT_EQ(TakeQuietError(), left.empty() ? 3265 : 0);
+        if (left.empty()) {
+            EXPECT_EQ(ask(all), before);
+            continue;
+        }
+        EXPECT_EQ(ask("SELECT sql FROM sqlite_master WHERE name = 'T';"),
+                  "CREATE TABLE \"T\" " + left + "\n");
+        EXPECT_EQ(ask("SELECT name FROM sqlite_master WHERE type = 'index' AND sql <> '' ORDER BY "
+                      "name;"),
+                  "AX of Shape\nT by AX\nThird\n");
+        EXPECT_EQ(ask("SELECT Mark, D FROM T;"), "m|2.0\n");
+    }
+}
+
 TEST(CCrackTest, RendersCodesAndValues) {
     EXPECT_STREQ(CCrack::strFieldType(11), "Long Binary");
     EXPECT_STREQ(CCrack::strFieldType(9), "Unknown");

@@ -1,5 +1,10 @@
 // Resolving section names over the tables of one catalogue and of all of them.
-#include "FacadeSupport.h"
+#include "QuerySupport.h"
+
+#include "catalogues/Catalogues.h"
+#include "units/UNIT.h"
+
+#include <functional>
 
 using namespace testsupport;
 
@@ -13,7 +18,7 @@ auto Content(const Array& array) {
     return std::vector(array.begin(), array.end());
 }
 
-class NamesTest : public FacadeTest {
+class NamesTest : public QueryTest {
 protected:
     std::string FileFor(int index) const {
         return File((std::string(Facade::m_saSectionFile[index]) + ".db3").c_str());
@@ -127,24 +132,143 @@ TEST_F(NamesTest, SearchesAllCataloguesUntilOneIsMissing) {
     EXPECT_EQ(shownBoxes, std::vector<Box>{});
 }
 
-TEST_F(NamesTest, ANameWithAQuoteIsReportedOnce) {
+TEST_F(NamesTest, ATableOfTwoColumnsIsFoundByEveryForm) {
+    CatalogueFile(FileFor(1)).AddTextTable("Makers", {"RECNO", "Name"}, {{"1", "Acme"}});
+    CUIntArray types;
+    CStringArray names;
+    EXPECT_EQ(Facade::GetSectionTypeFromPublicName(1, "Acme", types), 1);
+    EXPECT_EQ(Facade::GetSectionTypeAndVessaNameFromPublicName(1, "Acme", types, names), 1);
+    EXPECT_EQ(Content(types), (Numbers{16, 16}));
+    EXPECT_EQ(Content(names), Texts{""}) << "it has no other name";
+    EXPECT_EQ(TakeQuietError(), 0);
+}
+
+TEST_F(NamesTest, OnlyTablesWithTheColumnAreAsked) {
     MakeAmerican();
+    Facade::GetDatabasePtr(1);
+    openedStatements.clear();
+    CUIntArray types;
+    Facade::GetSectionTypeFromVessaName(1, "vw1", types);
+    const std::vector<std::string> statements{
+        "4 SELECT * FROM [MC Channel] WHERE UPPER([VessaName]) = UPPER('vw1')",
+        "4 SELECT * FROM [W Shape] WHERE UPPER([VessaName]) = UPPER('vw1')"};
+    EXPECT_EQ(openedStatements, statements);
+    openedStatements.clear();
+    Facade::GetSectionTypeFromPublicName(1, "C1", types);
+    EXPECT_EQ(openedStatements,
+              (std::vector<std::string>{"4 SELECT * FROM [Makers] WHERE [Name] = 'C1'",
+                                        "4 SELECT * FROM [MC Channel] WHERE [Name] = 'C1'"}));
+    openedStatements.clear();
+    CString table;
+    EXPECT_EQ(Facade::GetTableNameFromSection(1, "VM1", table), 1);
+    EXPECT_EQ(openedStatements.size(), 3U);
+    EXPECT_EQ(openedStatements.back(), "4 Select * From [Mine] WHERE UPPER([VessaName]) = 'VM1'");
+    EXPECT_EQ(Facade::GetExceptionType(), 0);
+}
+
+TEST_F(NamesTest, NoLookUpTakesANameWithAQuote) {
+    MakeAmerican();
+    {
+        CatalogueFile joists(FileFor(21));
+        joists.AddTextTable("OWJoistMaster", {"JoistID", "Designation"}, {{"1", "8K1"}});
+    }
+    CSectionDatabase*& db = gblSectionDatabase;
+    const std::string before = ReadFile(FileFor(1));
     CUIntArray types;
     types.Add(1);
     CUIntArray catalogues;
     CStringArray names;
     CString table;
-    for (const char* name : {"VW1'", "x' OR '1'='1", "'"})
-        for (const int result :
-             {Facade::GetSectionTypeFromVessaName(1, name, types),
-              Facade::GetSectionTypeAndPublicNameFromVessaName(1, name, types, names),
-              Facade::GetCountryAndSectionTypeFromPublicName(name, catalogues, types),
-              Facade::GetTableNameFromSection(1, name, table)})
-            EXPECT_EQ(result, 0) << name;
-    EXPECT_EQ(Facade::m_nDaoErrorRepeats, 3 * 4 - 1); // not for each table
-    EXPECT_EQ(TakeQuietError(), SectionError::BadStatement);
+    int type = 0;
+    float values[20] = {};
+    double angle = 0;
+    RecordsetHandle rows;
+    AISCSECTION::AM_CastellatedCompBeam beam;
+    constexpr int None[][2] = {{-1, 0}};
+    const auto object = [](int index) {
+        CSectionDatabase* database = Facade::GetDatabasePtr(index);
+        SectionDBBase* catalogue =
+            Facade::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index));
+        catalogue->SetDatabase(database);
+        return catalogue;
+    };
+    const auto query = [&](auto ask) {
+        Facade::GetDatabasePtr(1);
+        EXPECT_EQ(openRecordset(&db, rows.Address(), "Select * From [W Shape]", 4, 1), 1);
+        ask();
+        return rows.Get() == nullptr ? 0 : 1; // what was found before does not stay
+    };
+    using LookUp = std::function<int(const char*)>;
+    const std::pair<const char*, LookUp> lookUps[] = {
+        {"type by VessaName",
+         [&](auto name) { return Facade::GetSectionTypeFromVessaName(1, name, types); }},
+        {"names by VessaName",
+         [&](auto name) {
+             return Facade::GetSectionTypeAndPublicNameFromVessaName(1, name, types, names);
+         }},
+        {"all catalogues",
+         [&](auto name) {
+             return Facade::GetCountryAndSectionTypeFromPublicName(name, catalogues, types);
+         }},
+        {"table", [&](auto name) { return Facade::GetTableNameFromSection(1, name, table); }},
+        {"table, exactly",
+         [&](auto name) { return object(1)->FindSectionTableExact(name, table); }},
+        {"table, in capitals",
+         [&](auto name) { return object(1)->GetTableNameFromSection(name, table); }},
+        {"row", [&](auto name) { return object(1)->GetSectionData(name, &type) != nullptr; }},
+        {"joist", [&](auto name) { return object(21)->GetSectionData(name, &type) != nullptr; }},
+        {"summary",
+         [&](auto name) {
+             return object(1)->GetSectionStructProperty(name, 1001, 2001, &type) != nullptr;
+         }},
+        {"display",
+         [&](auto name) {
+             return Facade::GetSectionDataForGUI(1, name, &type, values, "", 1001, 2001);
+         }},
+        {"angle", [&](auto name) { return Facade::GetSectionPrincipalAngle(1, name, &angle); }},
+        {"castellated",
+         [&](auto name) {
+             Facade::GetCastellatedCompBeamData(1, 1, name, beam);
+             return beam.RecordNumber;
+         }},
+        {"section",
+         [&](auto name) {
+             return query([&] { Facade::GetSectionRecord(1, 1, name, &db, rows.Address()); });
+         }},
+        {"pattern",
+         [&](auto name) {
+             return query([&] {
+                 Facade::GetLikeSortedSectionRecords(1, 1, None, name, &db, rows.Address());
+             });
+         }},
+        {"steel joist",
+         [&](auto name) {
+             return query([&] { Facade::GetSteelJoist(1, 1, name, &db, rows.Address()); });
+         }},
+        {"aluminium",
+         [&](auto name) {
+             return query([&] {
+                 Facade::GetAluminiumMaterialProperty(1, 1, name, 0, 0, 0, 1, &db, rows.Address());
+             });
+         }},
+        {"units", [&](auto name) { return UNIT::GetFieldUnitList(db, name) != nullptr; }},
+        {"units deleted", [&](auto name) { return UNIT::DeleteFieldUnits(db, name), 0; }},
+        {"unit changed", [&](auto name) { return UNIT::UpdateFieldUnit(db, name, 0, "x"), 0; }},
+    };
+    for (const auto& [what, lookUp] : lookUps)
+        for (const char* name : {"VW1'", "x' OR '1'='1", "'", "VW1') OR ('1'='1"}) {
+            SCOPED_TRACE(std::string(what) + ": " + name);
+            Facade::SetExceptionType(0);
+            Facade::m_nDaoErrorRepeats = 0;
+            EXPECT_EQ(lookUp(name), 0);
+            EXPECT_EQ(Facade::GetExceptionType(), 4);
+            EXPECT_EQ(Facade::m_nDaoErrorRepeats, 0) << "told once, not for each table";
+            EXPECT_EQ(TakeQuietError(), SectionError::BadStatement);
+        }
     EXPECT_EQ(types.GetSize(), 1);
     EXPECT_EQ(shownBoxes, std::vector<Box>{});
+    Facade::ExitSectionDBInterface();
+    EXPECT_TRUE(ReadFile(FileFor(1)) == before);
 }
 
 } // namespace

@@ -126,6 +126,7 @@ TEST_F(SectionQueryTest, AssignsANamedSectionOrThoseOfTheAverageArea) {
     EXPECT_EQ(Assigned(nullptr), average);
     EXPECT_EQ(Assigned("twin").names, average.names); // there are two
     EXPECT_EQ(Assigned("unknown").names, average.names);
+    EXPECT_EQ(Assigned("x' OR [AX] < '2").names, average.names);
     Select({1, 2});
     EXPECT_EQ(Assigned("R2"),
               (Result{{"2 Select * From [Rod] WHERE UPPER([VessaName]) = UPPER('R2') AND [RECNO] "

@@ -1,6 +1,7 @@
 #include "catalogues/AISCSteelJoistSectionDB.h"
 
 #include "dataaccess/Guard.h"
+#include "dataaccess/NameSearch.h"
 #include "records/GirderDesignation.h"
 
 #include <array>
@@ -119,6 +120,8 @@ int AISCSteelJoistSectionDB::GetSectionNameList(int sectionType, CStringList* li
 
 SectionRecord* AISCSteelJoistSectionDB::GetSectionData(const char* name, int* sectionType) {
     return Operation("GetSectionData()", [&]() -> SectionRecord* {
+        if (!dbsection::IsSearchable(name))
+            return nullptr;
         Records found = Read(SelectJoists + CString("UPPER([Designation]) = UPPER('") + name + "')",
                              LayoutId::Joist);
         const auto girder = GirderDesignation::Parse(name);

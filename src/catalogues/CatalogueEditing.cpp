@@ -3,7 +3,9 @@
 
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CSectionException.h"
+#include "dataaccess/DatabaseTransaction.h"
 #include "dataaccess/Guard.h"
+#include "dataaccess/NameSearch.h"
 #include "platform/MessageBox.h"
 
 #include <algorithm>
@@ -81,28 +83,30 @@ int CatalogueSectionDB::StoreSection(const char* label, const char* message, WOR
     InitSectionRecords();
     if (OpenSectionDatabase() != 1 || m_szTableName.IsEmpty())
         return 0;
-    const std::string row = std::to_string(id);
-    CString sql = "Select * From [" + m_szTableName + "]";
-    if (!isNew)
-        sql += (" WHERE [ID] =" + row).c_str();
-    if (OpenSql(sql, CSectionRecordset::Dynaset) != 1)
-        return 0;
     const SectionFamily* family = EditedFamily(m_szTableName);
+    CString captionOfTaken;
     const int result = dbsection::Guarded({label, message}, [&] {
-        if (family == nullptr)
+        // Nobody can take the name, or change the row, between the look and the write.
+        dbsection::DatabaseTransaction transaction(*m_pDatabase, dbsection::Purpose::OneWrite);
+        const CString row = CString(std::to_string(id));
+        const CString sql = "Select * From [" + m_szTableName + "]";
+        if (OpenSql(isNew ? sql : sql + " WHERE [ID] =" + row, CSectionRecordset::Dynaset) != 1 ||
+            family == nullptr || !dbsection::IsSearchable(record->PublicName))
             return 0;
         RequireComplete(*record, family->layout, m_szTableName);
-        const CString others = isNew ? CString() : CString(" AND [ID] <> " + row);
+        const CString others = isNew ? CString() : " AND [ID] <> " + row;
         if (IsNameTaken(m_pDatabase, m_szTableName, record->PublicName, others)) {
-            dbsection::ShowMessageBox("Duplicate section name!! Record not saved.",
-                                      DuplicateCaption(*family));
+            captionOfTaken = DuplicateCaption(*family);
             return 0;
         }
         isNew ? m_pRecordset->AddNew() : m_pRecordset->Edit();
         SetFields(*m_pRecordset, id, *record, family->layout);
         m_pRecordset->Update();
+        transaction.Commit();
         return 1;
     });
     closeRecordset(&m_pRecordset);
+    if (!captionOfTaken.IsEmpty()) // others are not kept waiting for an answer
+        dbsection::ShowMessageBox("Duplicate section name!! Record not saved.", captionOfTaken);
     return result;
 }

@@ -4,6 +4,7 @@
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
+#include "dataaccess/NameSearch.h"
 #include "records/LayoutRecords.h"
 #include "units/UNIT.h"
 
@@ -77,7 +78,8 @@ int CatalogueSectionDB::ReadSection(const CString& table, const char* name, Sect
                                     LayoutId layout) {
     return Operation("ReadSection()", [&] {
         m_szTableName = table;
-        const bool isRead = OpenSectionDatabase() == 1 && !table.IsEmpty() && OpenRow(name) &&
+        const bool isRead = OpenSectionDatabase() == 1 && !table.IsEmpty() &&
+                            dbsection::IsSearchable(name) && OpenRow(name) &&
                             ReadCurrentRow(record, layout);
         closeRecordset(&m_pRecordset);
         return isRead ? 1 : 0;

@@ -3,6 +3,7 @@
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
 #include "dataaccess/LibraryState.h"
+#include "dataaccess/NameSearch.h"
 #include "units/UNIT.h"
 
 #include <cstdint>
@@ -14,15 +15,33 @@ using dbsection::ForEachSectionTable;
 using dbsection::Guarded;
 using dbsection::Operation;
 
-/// Finds the first section table with a row satisfying the condition that `conditionFor` gives for
-/// the table.
-template <class ConditionFor>
-int FindTableWhere(CSectionDatabase* database, CString& table, ConditionFor conditionFor) {
+/// How a table that has a column is asked for a name, which stands between the two texts.
+struct Match {
+    const char* column;
+    const char* before;
+    const char* after;
+};
+
+constexpr Match Exactly{"VessaName", "[VessaName] = '", "'"};
+constexpr Match InCapitals{"VessaName", "UPPER([VessaName]) = '", "'"};
+constexpr Match DesignationInCapitals{"Designation", "UPPER([Designation]) = '", "'"};
+constexpr Match InAnyCase{"VessaName", "UPPER([VessaName]) = UPPER('", "')"};
+
+/// Finds the first section table with a row of that name. `matchFor` tells how to ask a table.
+template <class MatchFor>
+int FindTableOf(CSectionDatabase* database, const char* name, CString& table, MatchFor matchFor) {
     table = {};
+    if (!dbsection::IsSearchable(name))
+        return 0;
     ForEachSectionTable(database, [&](const CString& candidate) {
-        CSectionRecordset rows(database);
-        if (!dbsection::FindsRow(rows, "Select * From [" + candidate + "] WHERE " +
-                                           conditionFor(candidate)))
+        const Match& match = matchFor(candidate);
+        RecordsetHandle rows;
+        if (!dbsection::HasColumn(database, candidate, match.column) ||
+            openRecordset(&database, rows.Address(),
+                          "Select * From [" + candidate + "] WHERE " + match.before + name +
+                              match.after,
+                          CSectionRecordset::Snapshot, 1) != 1 ||
+            rows->IsEOF())
             return false;
         dbsection::RequireMemory(); // a table before it may have been passed over
         table = candidate;
@@ -51,27 +70,21 @@ SectionDBBase::~SectionDBBase() {
 
 int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
     return Operation("FindSectionTableExact()", [&] {
-        const CString condition = CString("[VessaName] = '") + name + "'";
-        return FindTableWhere(m_pDatabase, table,
-                              [&](const CString&) -> const CString& { return condition; });
+        return FindTableOf(m_pDatabase, name, table, [](const CString&) { return Exactly; });
     });
 }
 
 int SectionDBBase::GetTableNameFromSection(const char* name, CString& table) {
     return Operation("GetTableNameFromSection()", [&] {
-        return FindTableWhere(m_pDatabase, table, [&](const CString& candidate) {
-            const bool isJoists = candidate == "OWJoistMaster"; // joists are known by designation
-            return CString(isJoists ? "UPPER([Designation]) = '" : "UPPER([VessaName]) = '") +
-                   name + "'";
+        return FindTableOf(m_pDatabase, name, table, [](const CString& candidate) {
+            return candidate == "OWJoistMaster" ? DesignationInCapitals : InCapitals;
         });
     });
 }
 
 int SectionDBBase::FindSectionTable(const char* name, CString& table) {
     return Operation("FindSectionTable()", [&] {
-        const CString condition = CString("UPPER([VessaName]) = UPPER('") + name + "')";
-        return FindTableWhere(m_pDatabase, table,
-                              [&](const CString&) -> const CString& { return condition; });
+        return FindTableOf(m_pDatabase, name, table, [](const CString&) { return InAnyCase; });
     });
 }
 

@@ -1,38 +1,34 @@
 // The section tables of a catalogue: walking them, and asking one for rows and columns.
 #pragma once
 
-#include "dataaccess/DataAccess.h"
+#include "dataaccess/DatabaseTransaction.h"
 #include "dataaccess/Guard.h"
+#include "dataaccess/Handles.h"
 #include "platform/Text.h"
 #include "records/SectionLayout.h"
 
 namespace dbsection {
 
 /// Calls `visit` with the name of each section table in the database's table order, until it
-/// returns true. False where the tables could not be walked.
+/// returns true. The database is read as it is at one moment. False where the tables could not be
+/// walked.
 template <class Visit>
 bool ForEachSectionTable(CSectionDatabase* database, Visit visit) {
     if (database == nullptr)
         return false;
     const FailureRule rule{"getTableInfo()", "Failed to get information on table."};
     return Completes(rule, [&] {
+        const DatabaseTransaction oneMoment(*database, Purpose::Reading);
         for (const CString& table : database->GetUserTableNames())
             if (table != "Field Units" && table != "DBInfo" && visit(table))
                 break;
     });
 }
 
-/// Whether a statement finds a row, which is then the current one. A table without the columns that
-/// the statement names has none: that is cheaper to find out here than to ask beforehand.
-inline bool FindsRow(CSectionRecordset& rows, const CString& sql) {
-    return Guarded({"openRecordset()",
-                    "Failed to open Recordset.",
-                    0,
-                    {SectionError::UnknownNameInStatement}},
-                   [&] {
-                       rows.Open(CSectionRecordset::Snapshot, sql);
-                       return rows.IsEOF() ? 0 : 1;
-                   }) == 1;
+inline bool HasColumn(CSectionDatabase* database, const CString& table, const char* column) {
+    TableDefHandle definition;
+    return openTableDef(database, definition.Address(), table) == 1 &&
+           IsExistentField(definition.Get(), column) == 1;
 }
 
 /// How many columns of its layout an open section table has: one of an older file lacks those that

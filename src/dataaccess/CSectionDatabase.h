@@ -15,6 +15,7 @@
 
 namespace dbsection {
 class Connection;
+class DatabaseTransaction;
 class Workspace;
 struct DatabaseReference;
 } // namespace dbsection
@@ -101,6 +102,7 @@ public:
 private:
     friend class CSectionTableDef;
     friend class CSectionRecordset;
+    friend class dbsection::DatabaseTransaction;
 
     dbsection::Connection& OpenConnection() const;
     template <class Opener>

@@ -33,10 +33,13 @@ enum Number : std::int32_t {
     UnknownNameInCondition = 3070,
     BadStatement = 3075,
     NoSuchTable = 3078,
+    InvalidName = 3125,
+    ChangedByOther = 3197, ///< the row, since it was read
     DatabaseExists = 3204,
     LockedWhileWriting = 3218,
     NoSuchItem = 3265, ///< no such field or table information
     ValueRequired = 3314,
+    RuleBroken = 3317, ///< a validation rule of a column
     NotADatabase = 3343,
     QueryTooComplex = 3360, ///< it works too long for one row of its result
     ObjectClosed = 3420,

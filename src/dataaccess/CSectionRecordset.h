@@ -5,8 +5,9 @@
 //     for (; !rows.IsEOF(); rows.MoveNext())
 //         use(rows.GetFieldValue(3));
 //
-// The rows are read when the recordset is opened or queried again; what others write meanwhile is
-// seen after Requery. Positions and columns count from 0. Failures throw CSectionException*.
+// The rows are read when the recordset is opened or queried again, those of a whole table that was
+// opened to be edited when they are first asked for; what others write meanwhile is seen after
+// Requery. Positions and columns count from 0. Failures throw CSectionException*.
 #pragma once
 
 #include "dataaccess/CSectionFieldInfo.h"
@@ -84,13 +85,17 @@ public:
     int Find(long findType, const char* criteria);
 
     /// The values set between AddNew or Edit and Update are written by Update, all or none. A move
-    /// drops them.
+    /// drops them. A row that has changed since it was read is not written to or deleted (error
+    /// 3197, or 3021 where it is gone): query it again.
     void AddNew();
     void Edit();
     void Update();
 
     /// Deletes the current row. It leaves a gap, where no row can be read, until the next move.
     void Delete();
+
+    /// Reads the rows again and deletes all of them, or none. Returns their number.
+    int DeleteAll();
 
     /// Sets the column at `index` to null in the edit buffer. A null field pointer means all.
     void SetFieldNull(void* field, int isNull = 1);

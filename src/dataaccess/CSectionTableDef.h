@@ -20,6 +20,7 @@ namespace dbsection {
 class Connection;
 class Session;
 struct DatabaseReference;
+using FieldList = std::shared_ptr<const std::vector<CSectionFieldInfo>>;
 } // namespace dbsection
 
 /// Information levels of the info getters.
@@ -68,8 +69,13 @@ public:
     /// False too when the database was closed.
     bool IsOpen() const;
 
-    /// Adds a column: to the table under construction, or to the table in the database.
+    /// Adds a column: to the table under construction, or to the table in the database. Name, type,
+    /// size, default value, validation rule with its text, and whether a value is required and may
+    /// be empty are kept. A rule is an SQL condition over the column, for example "[AX] > 0".
     void CreateField(const CSectionFieldInfo& field);
+
+    /// Takes a column out of the table; its rows keep their identifiers. Indexes over the column go
+    /// with it. Refused (error 3265) where something else of the table would be lost.
     void DeleteField(const char* name);
 
     /// Adds an index. `columns` is a list of column names or expressions in the engine's SQL, for
@@ -94,5 +100,5 @@ private:
     std::shared_ptr<dbsection::Session> m_session; ///< in which it was created or opened
     State m_state = State::Closed;
     CString m_name;
-    std::vector<CSectionFieldInfo> m_fields;
+    dbsection::FieldList m_fields; ///< null when closed
 };

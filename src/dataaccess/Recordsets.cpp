@@ -91,13 +91,15 @@ void closeRecordset(CSectionRecordset** rs) {
 }
 
 int getRecordCount(CSectionRecordset** rs) {
-    if (!IsUsable(rs) || (*rs)->GetAbsolutePosition() < 0)
+    if (!IsUsable(rs))
         return 0;
     const FailureRule rule{
         "getRecordCount()", "Failed to get record count.", 0, {SectionError::NoCurrentRecord}};
     return Guarded(rule, [&] {
         CSectionRecordset& rows = **rs;
         const long position = rows.GetAbsolutePosition();
+        if (position < 0)
+            return 0;
         rows.Requery();
         rows.MoveLast();
         const auto count = static_cast<int>(rows.GetRecordCount());
@@ -136,7 +138,7 @@ int IsExistentRecord(CSectionRecordset** rs, CString where) {
                        "Error - IsExistentRecord()");
         return 0;
     }
-    if (!IsUsable(rs) || getRecordCount(rs) == 0 || (*rs)->GetAbsolutePosition() < 0)
+    if (!IsUsable(rs) || getRecordCount(rs) == 0)
         return 0;
     const FailureRule rule{"IsExistentRecord()",
                            "Failed to check existence.",
@@ -186,19 +188,5 @@ int deleteAllRecords(CSectionRecordset** rs) {
                        "Failed to delete records. No records in database.", Caption);
     if (count == 0)
         return 0;
-    return Guarded(DeletionFailure(), [&] {
-        CSectionRecordset& rows = **rs;
-        rows.MoveLast();
-        int deleted = 0;
-        for (; deleted < count; ++deleted) {
-            rows.Delete();
-            if (rows.IsEOF())
-                rows.MoveLast();
-            else if (rows.IsBOF())
-                rows.SetFieldNull(nullptr, 1);
-            else
-                rows.MovePrev();
-        }
-        return deleted;
-    });
+    return Guarded(DeletionFailure(), [&] { return (*rs)->DeleteAll(); });
 }

@@ -3,6 +3,7 @@
 
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Handles.h"
+#include "interface/CatalogueTransaction.h"
 #include "interface/PublicCall.h"
 #include "interface/RequireOpen.h"
 #include "platform/FileSystem.h"
@@ -23,6 +24,19 @@ int SectionDBInterface::m_bClearToWriteIniFile = 1;
 int SectionDBInterface::m_bAllowDeleteSection = 1;
 int SectionDBInterface::m_bStartTransaction = 0;
 SectionDBDriverImpl SectionDBInterface::m_SectionDBDrv;
+
+namespace {
+
+/// Opening another catalogue would undo what was written.
+int RefuseToLeaveTransaction() {
+    return dbsection::Guarded({"OpenSectionDatabase()", "Failed to open database."}, []() -> int {
+        throw new CSectionException(SectionError::InUse,
+                                    "A transaction is under way on another catalogue; commit it, "
+                                    "or roll it back.");
+    });
+}
+
+} // namespace
 
 void SectionDBInterface::InitSectionDBInterface() {
     PublicCall("InitSectionDBInterface()", [&] {
@@ -62,8 +76,11 @@ int SectionDBInterface::OpenSectionDatabase(int index, CSectionDatabase** ppDb) 
         const CString path = GetDatabaseFileName(index);
         if (path.IsEmpty())
             return 0;
+        const int held = ppDb == &gblSectionDatabase ? dbsection::CatalogueInTransaction() : 0;
+        if (held != 0 && held != index)
+            return RefuseToLeaveTransaction();
         int result = 1;
-        if (index != m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen()) {
+        if (held == 0 && (index != m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen())) {
             CloseSectionDatabase(ppDb);
             result = openDatabase(ppDb, path, 1, 0, 0, m_szPassword, nullptr);
         }

@@ -3,6 +3,7 @@
 
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
+#include "dataaccess/NameSearch.h"
 #include "interface/PublicCall.h"
 
 #include <utility>
@@ -14,17 +15,6 @@ namespace {
 
 /// The names of a section, by their columns.
 enum NameColumn : int { PublicName = 1, VessaName = 2 };
-
-/// A quote would end the text in the statement. One report does for all tables.
-bool IsSearchable(const CString& name) {
-    if (name.Find('\'') < 0)
-        return true;
-    HandleDaoException(new CSectionException(SectionError::BadStatement,
-                                             "The section name " + name +
-                                                 " contains a quote; leave the quote out."),
-                       "Failed to open Recordset.", "openRecordset()");
-    return false;
-}
 
 CString QueryText(const CString& table, NameColumn column, const char* name) {
     const CString from = "SELECT * FROM [" + table + "] WHERE ";
@@ -39,24 +29,31 @@ template <class Found>
 bool SearchCatalogue(int index, NameColumn column, const char* name, Found found) {
     CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
     dbsection::ForEachSectionTable(database, [&](const CString& table) {
-        CSectionRecordset rows(database);
-        if (!dbsection::FindsRow(rows, QueryText(table, column, name)))
+        RecordsetHandle rows;
+        if (!dbsection::HasColumn(database, table, column == VessaName ? "VessaName" : "Name") ||
+            openRecordset(&database, rows.Address(), QueryText(table, column, name),
+                          CSectionRecordset::Snapshot, 1) != 1)
             return false;
-        CSectionRecordset* counted = &rows;
-        const int count = getRecordCount(&counted);
+        const int count = getRecordCount(rows.Address());
         dbsection::RequireMemory(); // a table before it may have been passed over
         if (count > 0)
-            found(SectionDBInterface::GetSectionTypeFromTable(index, table), count, rows);
+            found(SectionDBInterface::GetSectionTypeFromTable(index, table), count, *rows);
         return count > 0;
     });
     return database != nullptr;
+}
+
+/// The text in a column of the current row; empty where there is no such column.
+CString TextIn(const CSectionRecordset& rows, int column) {
+    return column < rows.GetFieldCount() ? CCrack::strVARIANT(rows.GetFieldValue(column))
+                                         : CString();
 }
 
 int SearchAllCatalogues(NameColumn column, const char* name, CUIntArray& catalogues,
                         CUIntArray& sectionTypes) {
     CUIntArray indices = catalogues; // both arrays grow, or none
     CUIntArray types = sectionTypes;
-    bool isWhole = IsSearchable(name);
+    bool isWhole = dbsection::IsSearchable(name);
     for (int index = 1; isWhole && index <= LastCatalogueIndex; ++index) {
         const auto append = [&](int type, int count, const CSectionRecordset&) {
             for (int i = 0; i < count; ++i) {
@@ -80,14 +77,14 @@ int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArra
     const auto append = [&](int type, int count, const CSectionRecordset& rows) {
         CString otherName;
         if (otherNames != nullptr)
-            otherName = CCrack::strVARIANT(
-                rows.GetFieldValue(column == VessaName ? PublicName : VessaName));
+            otherName = TextIn(rows, column == VessaName ? PublicName : VessaName);
         for (int i = 0; i < count; ++i) {
             types.Add(static_cast<unsigned int>(type));
             names.Add(otherName);
         }
     };
-    const bool isWhole = IsSearchable(name) && SearchCatalogue(index, column, name, append);
+    const bool isWhole =
+        dbsection::IsSearchable(name) && SearchCatalogue(index, column, name, append);
     dbsection::RequireMemory();
     sectionTypes = std::move(types);
     if (otherNames != nullptr)
@@ -171,7 +168,7 @@ int SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName(
 int SectionDBInterface::GetTableNameFromSection(int index, const char* name, CString& tableName) {
     return PublicCall("GetTableNameFromSection()", [&] {
         SectionDBBase* catalogue = OpenCatalogue(index);
-        if (catalogue == nullptr || !IsSearchable(name))
+        if (catalogue == nullptr || !dbsection::IsSearchable(name))
             return 0;
         return catalogue->GetTableNameFromSection(name, tableName);
     });

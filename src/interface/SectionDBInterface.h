@@ -108,6 +108,20 @@ public:
     /// destroy the object. Pass it on at once, and ask for it anew.
     static CSectionDatabase* GetDatabasePtr(int index);
 
+    // Transactions of the library-wide database: what is added and changed between beginning and
+    // committing is stored at once or not at all, also where the program is killed, and many
+    // additions take the time of one. Closing the database undoes it; an addition that is refused
+    // undoes itself alone. `m_bStartTransaction` has nothing to do with it.
+
+    /// Opens a catalogue's database and begins a transaction on it. Until it ends the library-wide
+    /// database stays on this catalogue: calls that need another one fail. Returns 1, or 0 where
+    /// one is under way, another program writes, or the file cannot be written.
+    static int BeginTransaction(int index);
+
+    /// Ends the transaction. CommitTransaction returns 1, or 0 where nothing was stored.
+    static int CommitTransaction();
+    static int RollbackTransaction();
+
     /// The number of sections, and of property columns, of a section type; 0 when anything is
     /// missing. The forms with a database count in one that the caller opened.
     static int GetSectionCount(int index, int sectionType);
@@ -163,7 +177,8 @@ public:
     // Names. The public name is the one that the standard prints, the VessaName that of the
     // analysis program; the latter is matched without regard to letter case. In a catalogue the
     // first table with a match counts, once for each of its matching rows. Results are appended:
-    // the arrays are never emptied. A name with a quote is not supported: nothing is found.
+    // the arrays are never emptied. A name with a quote is not supported: it is reported as a
+    // failed query (kind 4), and nothing is found.
 
     /// Search the catalogues 1 to 37 in order. Return 1 when both arrays hold something, and 0 at
     /// once at the first catalogue that cannot be opened; what was found before stays.
@@ -289,7 +304,8 @@ public:
     // Queries. Each opens a recordset into `*rs`, which the caller walks and closes; one that is
     // open there is closed first. A closed database is told with a message. Where nothing can be
     // asked (an unknown section type, a series that a function does not serve) `*rs` stays as it
-    // was. Names and patterns are inserted as they are: one with a quote is not supported.
+    // was. Names and patterns are inserted as they are: one with a quote is reported as a failed
+    // query (kind 4), which leaves no recordset.
 
     /// The selected sections of a type. `keys` are pairs of a column number and a direction (0
     /// ascending, 1 descending) and end with a pair whose column is -1.

@@ -1,6 +1,7 @@
 // Material of aluminium sections.
 #include "interface/SectionDBInterface.h"
 
+#include "dataaccess/NameSearch.h"
 #include "interface/RequireOpen.h"
 #include "interface/Selection.h"
 #include "queries/QueryCall.h"
@@ -35,6 +36,6 @@ void SectionDBInterface::GetAluminiumMaterialProperty(int catalogue, int type, c
             t + " >= [ThLower] AND " + t + " <= [ThHigher] AND [Welded] = " + decimal(welded) +
             " AND [Alclad] = " + decimal(alclad) + " AND [Product] = '" + Products[product] + "'" +
             dbsection::SelectionClause(selection, dbsection::SelectionForm::And);
-        openRecordset(db, rs, sql, CSectionRecordset::Snapshot, 1);
+        dbsection::OpenByName(db, rs, name, sql, CSectionRecordset::Snapshot);
     });
 }

@@ -2,6 +2,7 @@
 #include "interface/SectionDBInterface.h"
 
 #include "dataaccess/Handles.h"
+#include "dataaccess/NameSearch.h"
 #include "interface/RequireOpen.h"
 #include "queries/QueryCall.h"
 #include "queries/QueryText.h"
@@ -194,10 +195,12 @@ void SectionDBInterface::GetSteelJoist(int /*catalogue*/, int series, const char
     QueryCall("GetSteelJoist()", rs, [&] {
         if (!dbsection::RequireOpen(db) || series < 1 || series > 4)
             return;
-        Open(db, rs,
-             JoistColumns +
-                 CString(" FROM [OWJoistMaster] WHERE [OWJoistMaster].[Designation] = '") +
-                 designation + "'");
+        dbsection::OpenByName(
+            db, rs, designation,
+            JoistColumns +
+                CString(" FROM [OWJoistMaster] WHERE [OWJoistMaster].[Designation] = '") +
+                designation + "'",
+            CSectionRecordset::Snapshot);
     });
 }
 

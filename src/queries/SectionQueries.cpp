@@ -4,6 +4,7 @@
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
+#include "dataaccess/NameSearch.h"
 #include "interface/RequireOpen.h"
 #include "interface/Selection.h"
 #include "platform/Text.h"
@@ -66,16 +67,16 @@ CString OrderBy(const TableDefHandle& table, int const (*keys)[2]) {
     return clause.Left(clause.GetLength() - 1);
 }
 
-/// Opens the rows of a table that satisfy `condition`, which is given the table's definition,
-/// sorted by the keys.
+/// Opens the rows of a table that satisfy `condition`, which is given the table's definition, and
+/// may contain `name`; sorted by the keys.
 template <class Condition>
 void OpenSorted(const Target& target, int const (*keys)[2], CSectionDatabase** db,
-                CSectionRecordset** rs, Condition condition) {
+                CSectionRecordset** rs, Condition condition, const char* name = "") {
     TableDefHandle table;
     if (!target || openTableDef(*db, table.Address(), target.table) != 1)
         return;
     const CString sql = target.Rows() + condition(table) + OrderBy(table, keys);
-    openRecordset(db, rs, sql, CSectionRecordset::Snapshot, 1);
+    dbsection::OpenByName(db, rs, name, sql, CSectionRecordset::Snapshot);
 }
 
 /// The column of areas by which a section is chosen in place of an unknown one.
@@ -123,10 +124,11 @@ void SectionDBInterface::GetLikeSortedSectionRecords(int catalogue, int type, in
                                                      CSectionRecordset** rs) {
     QueryCall("GetLikeSortedSectionRecords()", rs, [&] {
         const Target target(catalogue, type, db, rs);
-        OpenSorted(target, keys, db, rs, [&](const TableDefHandle&) {
+        const auto condition = [&](const TableDefHandle&) {
             return CString(" WHERE [VessaName] LIKE '") + pattern + "%'" +
                    target.Selected(SelectionForm::And);
-        });
+        };
+        OpenSorted(target, keys, db, rs, condition, pattern);
     });
 }
 
@@ -154,8 +156,8 @@ void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* n
         const CString byName = catalogue == SteelJoists
                                    ? target.Rows() + " WHERE [Designation] = '" + name + "'"
                                    : ByName(target, name);
-        openRecordset(db, rs, byName + target.Selected(SelectionForm::And),
-                      CSectionRecordset::Snapshot, 1);
+        dbsection::OpenByName(db, rs, name, byName + target.Selected(SelectionForm::And),
+                              CSectionRecordset::Snapshot);
     });
 }
 
@@ -167,8 +169,9 @@ void SectionDBInterface::GetAssignSectionRecords(int catalogue, int type, const 
             return;
         const CString selected = target.Selected(SelectionForm::Bare);
         if (name != nullptr &&
-            openRecordset(db, rs, ByName(target, name) + target.Selected(SelectionForm::And),
-                          CSectionRecordset::Dynaset, 1) == 1 &&
+            dbsection::OpenByName(db, rs, name,
+                                  ByName(target, name) + target.Selected(SelectionForm::And),
+                                  CSectionRecordset::Dynaset) == 1 &&
             getRecordCount(rs) == 1)
             return;
         const CString area = AreaColumnOf(catalogue);

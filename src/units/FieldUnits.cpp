@@ -4,6 +4,7 @@
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
+#include "dataaccess/NameSearch.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -21,9 +22,10 @@ constexpr const char* FailedToWrite = "Failed to write the field units.";
 
 CString RowCondition(const CString& table) { return "[TableName] = '" + table + "'"; }
 
-bool OpenFieldUnits(CSectionDatabase* db, RecordsetHandle& rows) {
-    return openRecordset(&db, rows.Address(), "Select * From [Field Units]",
-                         CSectionRecordset::Dynaset, 1) == 1;
+/// Opens the units of all tables, to look for those of one.
+bool OpenFieldUnits(CSectionDatabase* db, const CString& table, RecordsetHandle& rows) {
+    return dbsection::OpenByName(&db, rows.Address(), table, "Select * From [Field Units]",
+                                 CSectionRecordset::Dynaset) == 1;
 }
 
 /// Makes the row of a table current; false when it has none.
@@ -79,7 +81,7 @@ void UNIT::WriteFieldUnits(CSectionDatabase* db, const CStringArray* units) {
             return;
         const CString& table = units->GetAt(0);
         RecordsetHandle rows;
-        if (!OpenFieldUnits(db, rows))
+        if (!OpenFieldUnits(db, table, rows))
             return;
         dbsection::Guarded({"WriteFieldUnits()", FailedToWrite}, [&] {
             if (rows->Find(CSectionRecordset::FindFirst, RowCondition(table)) != 0)
@@ -98,7 +100,7 @@ void UNIT::UpdateFieldUnits(CSectionDatabase* db, const CStringArray* units) {
             return;
         const CString& table = units->GetAt(0);
         RecordsetHandle rows;
-        if (OpenFieldUnits(db, rows) && MoveToRow(rows, table))
+        if (OpenFieldUnits(db, table, rows) && MoveToRow(rows, table))
             Change("UpdateFieldUnits()", *rows, [&] { SetAll(*rows, *units); });
     });
 }
@@ -106,7 +108,7 @@ void UNIT::UpdateFieldUnits(CSectionDatabase* db, const CStringArray* units) {
 void UNIT::UpdateFieldUnit(CSectionDatabase* db, CString tableName, int fieldIndex, CString unit) {
     Operation("UpdateFieldUnit()", [&] {
         RecordsetHandle rows;
-        if (OpenFieldUnits(db, rows) && MoveToRow(rows, tableName))
+        if (OpenFieldUnits(db, tableName, rows) && MoveToRow(rows, tableName))
             Change("UpdateFieldUnit()", *rows, [&] { rows->SetFieldValue(fieldIndex + 1, unit); });
     });
 }
@@ -117,7 +119,7 @@ void UNIT::DeleteFieldUnits(CSectionDatabase* db, const CString& tableName) {
             return;
         RecordsetHandle rows;
         const CString condition = RowCondition(tableName);
-        if (OpenFieldUnits(db, rows) && IsExistentRecord(rows.Address(), condition) == 1)
+        if (OpenFieldUnits(db, tableName, rows) && IsExistentRecord(rows.Address(), condition) == 1)
             deleteRecord(rows.Address(), condition);
     });
 }
@@ -129,7 +131,7 @@ dbsection::FieldUnits dbsection::ReadFieldUnits(CSectionDatabase* db, const CStr
     const CString sql =
         "Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('" + table + "')";
     RecordsetHandle rows;
-    if (openRecordset(&db, rows.Address(), sql, CSectionRecordset::Dynaset, 1) != 1)
+    if (OpenByName(&db, rows.Address(), table, sql, CSectionRecordset::Dynaset) != 1)
         return MayHaveFieldUnits(*db) ? FieldUnits::Unreadable : FieldUnits::None;
     FieldUnits found = FieldUnits::Unreadable;
     Guarded(FailedToRead, [&] {

@@ -74,10 +74,17 @@ void CSectionRecordset::MovePrev() {
     WithMemoryErrors([&] { OpenState(m_state).MoveBy(-1); });
 }
 
-bool CSectionRecordset::IsBOF() const { return OpenState(m_state).IsBof(); }
-bool CSectionRecordset::IsEOF() const { return OpenState(m_state).IsEof(); }
+bool CSectionRecordset::IsBOF() const {
+    return WithMemoryErrors([&] { return OpenState(m_state).IsBof(); });
+}
 
-long CSectionRecordset::GetAbsolutePosition() const { return OpenState(m_state).Position(); }
+bool CSectionRecordset::IsEOF() const {
+    return WithMemoryErrors([&] { return OpenState(m_state).IsEof(); });
+}
+
+long CSectionRecordset::GetAbsolutePosition() const {
+    return WithMemoryErrors([&] { return OpenState(m_state).Position(); });
+}
 
 void CSectionRecordset::SetAbsolutePosition(long position) {
     const int row = std::in_range<int>(position) ? static_cast<int>(position) : -1;
@@ -85,10 +92,12 @@ void CSectionRecordset::SetAbsolutePosition(long position) {
 }
 
 std::optional<CSectionDataStamp> CSectionRecordset::GetDataStamp() const {
-    return OpenState(m_state).Stamp();
+    return WithMemoryErrors([&] { return OpenState(m_state).Stamp(); });
 }
 
-long CSectionRecordset::GetRecordCount() const { return OpenState(m_state).Visited(); }
+long CSectionRecordset::GetRecordCount() const {
+    return WithMemoryErrors([&] { return OpenState(m_state).Visited(); });
+}
 
 int CSectionRecordset::Find(long findType, const char* criteria) {
     return WithMemoryErrors([&] {
@@ -117,6 +126,10 @@ void CSectionRecordset::Delete() {
     WithMemoryErrors([&] { OpenState(m_state).Delete(); });
 }
 
+int CSectionRecordset::DeleteAll() {
+    return WithMemoryErrors([&] { return OpenState(m_state).DeleteAll(); });
+}
+
 void CSectionRecordset::SetFieldNull(void* field, int /*isNull*/) {
     WithMemoryErrors([&] {
         if (field == nullptr)
@@ -130,7 +143,7 @@ COleVariant CSectionRecordset::GetFieldValue(int index) const {
 
 void CSectionRecordset::GetFieldNumbers(int first, std::span<double> numbers) const {
     WithMemoryErrors([&] {
-        const RecordsetState& state = OpenState(m_state);
+        RecordsetState& state = OpenState(m_state);
         for (double& number : numbers)
             number = state.Number(first++);
     });

@@ -1,63 +1,58 @@
 #include "dataaccess/CSectionTableDef.h"
 
 #include "dataaccess/CSectionDatabase.h"
+#include "dataaccess/sqlite/ColumnRemoval.h"
 #include "dataaccess/sqlite/DatabaseReference.h"
 #include "dataaccess/sqlite/FieldTypes.h"
+#include "dataaccess/sqlite/TableDefinition.h"
+#include "dataaccess/sqlite/Values.h"
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <utility>
 
-using dbsection::Activity;
 using dbsection::Connection;
+using dbsection::EqualNoCase;
 using dbsection::Fail;
 using dbsection::Quoted;
 using dbsection::WithMemoryErrors;
 
 namespace {
 
-std::string TextOf(sqlite3_stmt* statement, int column) {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return text == nullptr ? "" : text;
+[[noreturn]] void FailOnColumn(const CString& table, const std::string& column,
+                               SectionError::Number number, const std::string& fault) {
+    Fail(number, std::string(table.View()) + ", column \"" + column + "\": " + fault);
 }
 
-CSectionFieldInfo FieldOfRow(sqlite3_stmt* row) {
-    CSectionFieldInfo field;
-    field.m_nOrdinalPosition = static_cast<std::int16_t>(sqlite3_column_int(row, 0));
-    field.m_strName = CString(TextOf(row, 1));
-    const std::string declared = TextOf(row, 2);
-    field.m_nType = dbsection::FieldTypeOf(declared);
-    field.m_lSize = dbsection::FieldSizeOf(declared);
-    const bool isKey = sqlite3_column_int(row, 5) != 0;
-    field.m_bRequired = sqlite3_column_int(row, 3) != 0 || isKey ? 1 : 0;
-    if (isKey && dbsection::EqualNoCase(declared, "INTEGER"))
-        field.m_lAttributes = SectionField::AutoIncrement;
-    const std::string defaultValue = TextOf(row, 4);
-    field.m_strDefaultValue = CString(dbsection::LiteralText(defaultValue));
-    return field;
+void RequireName(const CString& table, const CSectionFieldInfo& field) {
+    const std::string_view name = field.m_strName.View();
+    const auto isName = [name](const char* taken) { return EqualNoCase(name, taken); };
+    if (std::ranges::any_of(dbsection::RowIdNames, isName))
+        FailOnColumn(table, std::string(name), SectionError::InvalidName,
+                     "the database engine calls the identifier of every row so; choose another "
+                     "name.");
 }
 
-std::string ListOf(const std::vector<CSectionFieldInfo>& fields,
-                   std::string (*render)(const CSectionFieldInfo&)) {
-    std::string list;
-    for (const CSectionFieldInfo& field : fields)
-        list += (list.empty() ? "" : ", ") + render(field);
-    return list;
-}
-
-std::string NameOf(const CSectionFieldInfo& field) { return Quoted(field.m_strName.View()); }
-
-/// The statements that make the indexes of a table, but for those that mention a column.
-std::string IndexStatements(Connection& connection, const CString& table, const CString& without) {
-    std::string statements;
-    const auto lease = connection.Own("SELECT sql FROM sqlite_master WHERE type = 'index' AND "
-                                      "sql IS NOT NULL AND tbl_name = ?");
-    sqlite3_bind_text(lease.Get(), 1, table, table.GetLength(), SQLITE_TRANSIENT);
-    while (connection.Step(lease.Get(), connection.Path(), Activity::Reading)) {
-        const std::string sql = TextOf(lease.Get(), 0);
-        if (dbsection::WithIdentifier(sql, without.View(), "") == sql)
-            statements += ";" + sql;
-    }
-    return statements;
+/// A rule must be one condition over the column, which its default value satisfies.
+void RequireRule(Connection& connection, const CString& table, const CSectionFieldInfo& field) {
+    const std::string rule(field.m_strValidationRule.View());
+    const std::string name(field.m_strName.View());
+    if (rule.empty())
+        return;
+    if (!dbsection::IsClosed(rule))
+        FailOnColumn(table, name, SectionError::BadStatement,
+                     "the rule \"" + rule + "\" is not one condition; close what it opens.");
+    const std::string_view cast = dbsection::CastOf(field.m_nType);
+    const std::string sql = "SELECT 1 FROM (SELECT CAST(? AS " +
+                            (cast.empty() ? "NUMERIC" : std::string(cast)) + ") AS " +
+                            Quoted(name) + ") WHERE NOT (" + rule + "\n)";
+    const auto query =
+        connection.Query(sql, dbsection::Editing::No, SectionError::UnknownNameInCondition, 1);
+    if (!field.m_strDefaultValue.IsEmpty())
+        dbsection::Bind(query.lease.Get(), 1, field.m_strDefaultValue.View());
+    if (connection.NextRow(query))
+        FailOnColumn(table, name, SectionError::RuleBroken,
+                     "the default value breaks the rule \"" + rule + "\"; choose another one.");
 }
 
 } // namespace
@@ -92,6 +87,7 @@ void CSectionTableDef::Create(const char* name) {
             Fail(SectionError::TableExists,
                  connection.Path() + ": table \"" + name + "\" exists; choose another name.");
         m_name = name;
+        m_fields = std::make_shared<const std::vector<CSectionFieldInfo>>();
         m_state = State::UnderConstruction;
     });
 }
@@ -104,12 +100,14 @@ void CSectionTableDef::Append() {
         if (m_state == State::InDatabase || connection.FindTable(m_name.View()))
             Fail(SectionError::TableExists,
                  connection.Path() + ": table \"" + std::string(m_name.View()) + "\" exists.");
-        if (m_fields.empty())
+        if (m_fields->empty())
             Fail(SectionError::NoSuchItem, connection.Path() + ": table \"" +
                                                std::string(m_name.View()) +
                                                "\" has no columns; create its fields first.");
-        connection.ChangeSchema("CREATE TABLE " + Quoted(m_name.View()) + " (" +
-                                ListOf(m_fields, dbsection::ColumnDefinition) + ")");
+        std::string columns;
+        for (const CSectionFieldInfo& field : *m_fields)
+            columns += (columns.empty() ? "" : ", ") + dbsection::ColumnDefinition(field);
+        connection.ChangeSchema("CREATE TABLE " + Quoted(m_name.View()) + " (" + columns + ")");
         Reload();
     });
 }
@@ -119,55 +117,46 @@ void CSectionTableDef::Open(const char* name) {
         Close();
         m_session = dbsection::SessionOf(m_database);
         Connection& connection = OpenConnection();
-        const std::string table = connection.RequireTable(name);
-        m_name = CString(table);
-        auto& kept = connection.KeptFields();
-        const auto place = kept.find(table);
-        if (place == kept.end()) {
-            Reload();
-            kept.emplace(table, m_fields);
-            return;
-        }
-        m_fields = place->second;
-        m_state = State::InDatabase;
+        m_name = CString(connection.RequireTable(name));
+        Reload();
     });
 }
 
 void CSectionTableDef::Close() {
     m_state = State::Closed;
-    m_fields.clear();
+    m_fields.reset();
 }
 
 void CSectionTableDef::Reload() {
     Connection& connection = OpenConnection();
-    m_fields.clear();
-    const auto lease = connection.Own("PRAGMA table_info(" + Quoted(m_name.View()) + ")");
-    while (connection.Step(lease.Get(), connection.Path(), Activity::Reading))
-        m_fields.push_back(FieldOfRow(lease.Get()));
+    m_fields = connection.Fields(connection.RequireTable(m_name.View()));
     m_state = State::InDatabase;
 }
 
 int CSectionTableDef::FindField(const char* name) const {
-    const auto place = std::ranges::find_if(m_fields, [name](const CSectionFieldInfo& field) {
-        return dbsection::EqualNoCase(field.m_strName.View(), name);
+    const auto place = std::ranges::find_if(*m_fields, [name](const CSectionFieldInfo& field) {
+        return EqualNoCase(field.m_strName.View(), name);
     });
-    return place == m_fields.end() ? -1 : static_cast<int>(place - m_fields.begin());
+    return place == m_fields->end() ? -1 : static_cast<int>(place - m_fields->begin());
 }
 
 void CSectionTableDef::CreateField(const CSectionFieldInfo& field) {
     WithMemoryErrors([&] {
         RequireOpen();
+        Connection& connection = OpenConnection();
+        RequireName(m_name, field);
         const std::string definition = dbsection::ColumnDefinition(field);
         if (FindField(field.m_strName) >= 0)
-            Fail(SectionError::DuplicateKey, std::string(m_name.View()) + ": column \"" +
-                                                 std::string(field.m_strName.View()) +
-                                                 "\" exists; choose another name.");
+            FailOnColumn(m_name, std::string(field.m_strName.View()), SectionError::DuplicateKey,
+                         "it exists; choose another name.");
+        RequireRule(connection, m_name, field);
         if (m_state == State::UnderConstruction) {
-            m_fields.push_back(field);
-            m_fields.back().m_nOrdinalPosition = static_cast<std::int16_t>(m_fields.size() - 1);
+            std::vector<CSectionFieldInfo> fields = *m_fields;
+            fields.push_back(field);
+            fields.back().m_nOrdinalPosition = static_cast<std::int16_t>(fields.size() - 1);
+            m_fields = std::make_shared<const std::vector<CSectionFieldInfo>>(std::move(fields));
             return;
         }
-        Connection& connection = OpenConnection();
         connection.RequireWritable();
         connection.ChangeSchema("ALTER TABLE " + Quoted(m_name.View()) + " ADD COLUMN " +
                                 definition);
@@ -180,30 +169,20 @@ void CSectionTableDef::DeleteField(const char* name) {
         RequireOpen();
         const int index = FindField(name);
         if (index < 0)
-            Fail(SectionError::NoSuchItem,
-                 std::string(m_name.View()) + ": there is no column \"" + name + "\" to delete.");
-        std::vector<CSectionFieldInfo> remaining = m_fields;
-        remaining.erase(remaining.begin() + index);
+            FailOnColumn(m_name, name, SectionError::NoSuchItem, "there is none to delete.");
         if (m_state == State::UnderConstruction) {
-            m_fields = std::move(remaining);
+            std::vector<CSectionFieldInfo> remaining = *m_fields;
+            remaining.erase(remaining.begin() + index);
+            m_fields = std::make_shared<const std::vector<CSectionFieldInfo>>(std::move(remaining));
             return;
         }
+        if (m_fields->size() == 1)
+            FailOnColumn(m_name, name, SectionError::NoSuchItem,
+                         "the only column cannot be deleted; delete the table instead.");
         Connection& connection = OpenConnection();
         connection.RequireWritable();
-        if (remaining.empty())
-            Fail(SectionError::NoSuchItem, std::string(m_name.View()) +
-                                               ": the only column cannot be deleted; delete the "
-                                               "table instead.");
-        // The engine cannot drop a column; the table is made anew without it.
-        const std::string table = Quoted(m_name.View());
-        const std::string fresh = Quoted("~" + std::string(m_name.View()));
-        const std::string columns = ListOf(remaining, NameOf);
-        const std::string indexes = IndexStatements(
-            connection, m_name, m_fields[static_cast<std::size_t>(index)].m_strName);
-        connection.ChangeSchema("CREATE TABLE " + fresh + " (" +
-                                ListOf(remaining, dbsection::ColumnDefinition) + ");INSERT INTO " +
-                                fresh + " SELECT " + columns + " FROM " + table + ";DROP TABLE " +
-                                table + ";ALTER TABLE " + fresh + " RENAME TO " + table + indexes);
+        dbsection::RemoveColumn(connection, std::string(m_name.View()),
+                                (*m_fields)[static_cast<std::size_t>(index)].m_strName);
         Reload();
     });
 }
@@ -213,15 +192,20 @@ void CSectionTableDef::CreateIndex(const char* name, const char* columns, bool i
         RequireOpen();
         Connection& connection = OpenConnection();
         connection.RequireWritable();
+        if (!dbsection::IsClosed(columns))
+            Fail(SectionError::BadStatement, std::string(m_name.View()) + ", index \"" + name +
+                                                 "\": \"" + columns +
+                                                 "\" is no list of columns; close what it opens.");
+        const dbsection::CallersSql list = dbsection::MakeReady(columns, dbsection::Literals::Keep);
         connection.ChangeSchema((isUnique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
-                                Quoted(name) + " ON " + Quoted(m_name.View()) + " (" + columns +
+                                Quoted(name) + " ON " + Quoted(m_name.View()) + " (" + list.text +
                                 ")");
     });
 }
 
 int CSectionTableDef::GetFieldCount() const {
     RequireOpen();
-    return static_cast<int>(m_fields.size());
+    return static_cast<int>(m_fields->size());
 }
 
 void CSectionTableDef::GetFieldInfo(int index, CSectionFieldInfo& field,
@@ -232,7 +216,7 @@ void CSectionTableDef::GetFieldInfo(int index, CSectionFieldInfo& field,
             Fail(SectionError::NoSuchItem, std::string(m_name.View()) +
                                                ": there is no column number " +
                                                std::to_string(index) + ".");
-        field = m_fields[static_cast<std::size_t>(index)];
+        field = (*m_fields)[static_cast<std::size_t>(index)];
     });
 }
 

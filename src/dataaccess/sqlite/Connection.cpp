@@ -24,7 +24,7 @@ Connection::~Connection() {
 }
 
 bool Connection::MayRest() const {
-    return IsOurs() && m_origin && !IsInTransaction() && m_kept.IsFree() &&
+    return IsOurs() && m_origin && m_transactions == 0 && !IsInTransaction() && m_kept.IsFree() &&
            Origin::Find(m_origin->path, m_origin->readOnly) == m_origin;
 }
 
@@ -52,34 +52,11 @@ void Connection::RequireWritable() const {
                       "another one.");
 }
 
-void Connection::BeginTransaction() {
-    RequireWritable();
-    Execute("BEGIN IMMEDIATE", Activity::Writing);
-    ++m_transactions;
-}
-
-void Connection::CommitTransaction() {
-    try {
-        RequireWritable();
-        Execute("COMMIT", Activity::Writing);
-    } catch (...) {
-        if (!IsInTransaction())
-            RollBackTransaction();
-        throw;
-    }
-    --m_transactions;
-}
-
-void Connection::RollBackTransaction() {
-    --m_transactions;
-    ForgetChanges();
-}
-
 void Connection::ForgetChanges() {
     sqlite3_exec(m_database, "ROLLBACK", nullptr, nullptr, nullptr);
     m_kept.Clear();
     ++m_ownChanges;
-    m_tablesVersion = -1;
+    ForgetTables();
 }
 
 /// To be called when the engine has failed.
@@ -87,7 +64,7 @@ void Connection::ForgetUndoneChanges() {
     if (m_transactions == 0 || IsInTransaction())
         return;
     ++m_ownChanges;
-    m_tablesVersion = -1;
+    ForgetTables();
 }
 
 StatementLease Connection::Own(const std::string& sql) {
@@ -134,15 +111,22 @@ bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activ
     if (activity == Activity::Writing)
         BeginChange();
     const int code = sqlite3_step(statement);
+    const char* message = code == SQLITE_ERROR ? sqlite3_errmsg(m_database) : "";
+    const bool isAtRow = CheckStep(code, message, statement, subject, activity);
+    if (activity == Activity::Writing)
+        EndChange();
+    return isAtRow;
+}
+
+bool Connection::CheckStep(int code, const std::string& message, sqlite3_stmt* statement,
+                           const std::string& subject, Activity activity) {
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         ForgetUndoneChanges();
     if (code == SQLITE_ERROR) // as when another program has dropped the table
-        FailFromStatement(code, sqlite3_errmsg(m_database), sqlite3_sql(statement), subject,
+        FailFromStatement(code, message, sqlite3_sql(statement), subject,
                           SectionError::UnknownNameInStatement);
     if (code != SQLITE_ROW && code != SQLITE_DONE)
         FailFromEngine(code, m_database, subject, activity);
-    if (activity == Activity::Writing)
-        EndChange();
     if (code == SQLITE_ROW)
         m_work.Renew();
     return code == SQLITE_ROW;
@@ -154,20 +138,6 @@ int Connection::Write(sqlite3_stmt* statement, const std::string& subject) {
     return sqlite3_changes(m_database);
 }
 
-void Connection::ChangeSchema(const std::string& sql) {
-    const bool outermost = !IsInTransaction();
-    m_kept.Clear();
-    try {
-        Execute(outermost ? "BEGIN IMMEDIATE;" + sql + ";COMMIT" : sql, Activity::Writing);
-    } catch (CException*) {
-        if (outermost && IsInTransaction())
-            ForgetChanges();
-        throw;
-    }
-    ++m_ownChanges;
-    m_tablesVersion = -1;
-}
-
 std::int64_t Connection::PragmaValue(const std::string& sql) {
     const StatementLease lease = Own(sql);
     Step(lease.Get(), m_path, Activity::Reading);
@@ -176,36 +146,6 @@ std::int64_t Connection::PragmaValue(const std::string& sql) {
 
 CSectionDataStamp Connection::Stamp() {
     return {m_serial, m_ownChanges, PragmaValue("PRAGMA data_version")};
-}
-
-const std::vector<std::string>& Connection::Tables() {
-    const std::int64_t version = SchemaVersion();
-    if (version == m_tablesVersion)
-        return m_tables;
-    m_tables.clear();
-    m_fields.clear();
-    // Virtual tables have no page of their own; their code is not run.
-    const StatementLease lease = Own("SELECT name FROM sqlite_master WHERE type = 'table' AND "
-                                     "rootpage > 0 AND name IS NOT NULL ORDER BY rowid");
-    while (Step(lease.Get(), m_path, Activity::Reading))
-        m_tables.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(lease.Get(), 0)));
-    m_tablesVersion = version;
-    return m_tables;
-}
-
-std::optional<std::string> Connection::FindTable(std::string_view name) {
-    for (const std::string& table : Tables())
-        if (EqualNoCase(table, name))
-            return table;
-    return std::nullopt;
-}
-
-std::string Connection::RequireTable(std::string_view name) {
-    const auto table = FindTable(name);
-    if (!table)
-        Fail(SectionError::NoSuchItem,
-             m_path + ": there is no table \"" + std::string(name) + "\"; check its name.");
-    return *table;
 }
 
 } // namespace dbsection

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "dataaccess/CSectionException.h"
-#include "dataaccess/CSectionFieldInfo.h"
 #include "dataaccess/CSectionRecordset.h"
+#include "dataaccess/CSectionTableDef.h"
 #include "dataaccess/sqlite/EngineError.h"
 #include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/SqlText.h"
@@ -100,10 +100,16 @@ public:
     /// Steps a statement: true at a row, false at the end. The work between two rows is bound.
     bool Step(sqlite3_stmt* statement, const std::string& subject, Activity activity);
 
-    /// A statement of a caller: it must read, and nothing may follow it. Its first
+    /// A statement of a caller: it must read tables, and nothing may follow it. Its first
     /// `ownParameters` parameters are left to be bound.
     ReadyQuery Query(std::string_view sql, Editing editing, SectionError::Number unknownName,
                      int ownParameters = 0);
+
+    /// Steps to the first row of a query, and to the next one: true at a row, false at the end. The
+    /// first is nothing where the tables have changed since the statement was made ready; it is
+    /// then to be forgotten.
+    std::optional<bool> FirstRow(const ReadyQuery& query);
+    bool NextRow(const ReadyQuery& query);
 
     /// Makes every statement ready anew when it is used next.
     void ForgetStatements() { m_kept.Clear(); }
@@ -127,11 +133,8 @@ public:
     /// The same; a table that there is not is error 3265.
     std::string RequireTable(std::string_view name);
 
-    /// The columns of a table by its name, kept by whoever reads them. Forgotten with the list of
-    /// tables, which is to be asked for beforehand.
-    std::map<std::string, std::vector<CSectionFieldInfo>, std::less<>>& KeptFields() {
-        return m_fields;
-    }
+    /// The columns of a table of the list.
+    FieldList Fields(const std::string& table);
 
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
 
@@ -140,17 +143,12 @@ public:
 
     bool IsInTransaction() const { return sqlite3_get_autocommit(m_database) == 0; }
 
-    // A transaction of the host. A failure can undo all of it; nothing can be written then until
-    // the host has rolled it back (error 3034).
-    void BeginTransaction();
-    void CommitTransaction();
-    void RollBackTransaction();
-
     /// Undoes a transaction.
     void ForgetChanges();
 
 private:
     friend ConnectionCloser;
+    friend class Transaction;
 
     static std::int64_t NextSerial() {
         static std::int64_t last = 0;
@@ -184,12 +182,17 @@ private:
     void BeginChange();
     void EndChange();
     void ForgetUndoneChanges();
+    bool CheckStep(int code, const std::string& message, sqlite3_stmt* statement,
+                   const std::string& subject, Activity activity);
 
     StatementPtr Prepare(const std::string& sql);
+    KeptStatement* FindOrPrepare(const std::string& sql, Editing editing);
     std::optional<KeptStatement> PrepareQuery(const std::string& sql, Editing editing);
-    KeptStatement& KeptQuery(const std::string& sql, Editing editing,
-                             SectionError::Number unknownName);
-    std::shared_ptr<const QueryShape> ShapeOf(sqlite3_stmt* statement, bool hasRowId) const;
+    std::optional<KeptStatement> PrepareReading(const std::string& sql);
+    std::optional<KeptStatement> PrepareEditable(const std::string& sql, const QueryShape& shape);
+    QueryShape ShapeOf(sqlite3_stmt* statement) const;
+    bool IsTable(std::string_view name) const;
+    void ForgetTables();
     std::int64_t PragmaValue(const std::string& sql);
     std::int64_t SchemaVersion() { return PragmaValue("PRAGMA schema_version"); }
 
@@ -209,15 +212,17 @@ private:
     bool m_exclusive = false;
     bool m_isInTransaction = false;  ///< of the host
     bool m_callersStatement = false; ///< the authorizer then allows reading only
+    bool m_authorized = false;       ///< it was asked: a statement was made ready, maybe anew
     std::string m_lastPrepareError;
     int m_lastPrepareCode = SQLITE_OK;
     StatementStore m_kept;
     const std::int64_t m_serial = NextSerial(); ///< no two of a process have the same
     std::int64_t m_ownChanges = 0;
-    int m_transactions = 0; ///< that were begun to write
+    int m_transactions = 0; ///< that were begun to write, one within the other
     std::vector<std::string> m_tables;
+    std::vector<std::string> m_notRun; ///< views and virtual tables
     std::int64_t m_tablesVersion = -1;
-    std::map<std::string, std::vector<CSectionFieldInfo>, std::less<>> m_fields;
+    std::map<std::string, FieldList, std::less<>> m_fields;
 };
 
 } // namespace dbsection

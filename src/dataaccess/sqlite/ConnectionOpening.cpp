@@ -168,7 +168,7 @@ void Connection::LimitTrust() {
     };
     static constexpr std::array Limits{
         Limit{SQLITE_LIMIT_LENGTH, 16'000'000},   Limit{SQLITE_LIMIT_SQL_LENGTH, 1'000'000},
-        Limit{SQLITE_LIMIT_COLUMN, 255},          Limit{SQLITE_LIMIT_EXPR_DEPTH, 200},
+        Limit{SQLITE_LIMIT_COLUMN, 255},          Limit{SQLITE_LIMIT_EXPR_DEPTH, 1000},
         Limit{SQLITE_LIMIT_COMPOUND_SELECT, 20},  Limit{SQLITE_LIMIT_FUNCTION_ARG, 20},
         Limit{SQLITE_LIMIT_ATTACHED, 0},          Limit{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 20'000},
         Limit{SQLITE_LIMIT_VARIABLE_NUMBER, 999}, Limit{SQLITE_LIMIT_TRIGGER_DEPTH, 1},

@@ -87,6 +87,10 @@ void FailFromEngine(int code, sqlite3* database, const std::string& subject, Act
     const int extended = database != nullptr && (sqlite3_errcode(database) & 0xFF) == (code & 0xFF)
                              ? sqlite3_extended_errcode(database)
                              : code;
+    if (extended == SQLITE_CONSTRAINT_CHECK && database != nullptr)
+        Fail(RuleBroken, subject + ": a value breaks the rule \"" +
+                             After(sqlite3_errmsg(database), "CHECK constraint failed: ") +
+                             "\"; correct it.");
     const Meaning& meaning = MeaningOf(extended);
     Fail(activity == Activity::Writing ? meaning.whileWriting : meaning.whileReading,
          subject + ": " + meaning.text + ".");

@@ -48,6 +48,24 @@ const DeclaredType* FindByWord(std::string_view declaredType) {
     return place == DeclaredTypes.end() ? nullptr : &*place;
 }
 
+/// A constraint that tells its name where it is broken.
+std::string Check(std::string_view name, std::string_view condition) {
+    const std::string constraint = name.empty() ? "" : " CONSTRAINT " + Quoted(name);
+    return constraint + " CHECK (" + std::string(condition) +
+           "\n)"; // behind a comment at the condition's end
+}
+
+std::string Checks(const CSectionFieldInfo& field) {
+    const std::string name(field.m_strName.View());
+    const bool isText = field.m_nType == Text || field.m_nType == Memo;
+    std::string checks;
+    if (isText && field.m_bAllowZeroLength == 0)
+        checks += Check(name + " must not be empty", NotEmptyCondition(name));
+    if (!field.m_strValidationRule.IsEmpty())
+        checks += Check(field.m_strValidationText.View(), field.m_strValidationRule.View());
+    return checks;
+}
+
 const DeclaredType* FindByType(std::int16_t type) {
     const auto place = std::ranges::find(DeclaredTypes, type, &DeclaredType::type);
     return place == DeclaredTypes.end() ? nullptr : &*place;
@@ -78,7 +96,7 @@ std::string ColumnDefinition(const CSectionFieldInfo& field) {
                                                " is unknown; use one of the field type codes.");
     std::string definition = Quoted(name) + ' ';
     if ((field.m_lAttributes & AutoIncrement) != 0)
-        return definition + "INTEGER PRIMARY KEY";
+        return definition + "INTEGER PRIMARY KEY" + Checks(field);
     definition += type->declaration;
     if (field.m_nType == Text && field.m_lSize > 0 && field.m_lSize != type->size)
         definition += '(' + std::to_string(field.m_lSize) + ')';
@@ -86,8 +104,10 @@ std::string ColumnDefinition(const CSectionFieldInfo& field) {
         definition += " NOT NULL";
     if (!field.m_strDefaultValue.IsEmpty())
         definition += " DEFAULT " + Literal(field.m_strDefaultValue.View());
-    return definition;
+    return definition + Checks(field);
 }
+
+std::string NotEmptyCondition(std::string_view column) { return Quoted(column) + " <> ''"; }
 
 std::string_view CastOf(std::int16_t type) {
     const DeclaredType* declared = FindByType(type);

@@ -16,8 +16,12 @@ std::int16_t FieldTypeOf(std::string_view declaredType);
 std::int32_t FieldSizeOf(std::string_view declaredType);
 
 /// The column definition of a CREATE TABLE or ALTER TABLE statement. A field of unknown type is
-/// refused.
+/// refused. The text of a rule is the name of its constraint, which the engine tells when it is
+/// broken.
 std::string ColumnDefinition(const CSectionFieldInfo& field);
+
+/// The CHECK condition of a text column that takes no empty text.
+std::string NotEmptyCondition(std::string_view column);
 
 /// The type name of a CAST that gives a value the field type's affinity, or empty.
 std::string_view CastOf(std::int16_t type);

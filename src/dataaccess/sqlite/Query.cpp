@@ -1,10 +1,13 @@
 // The statements of callers: what they may do, and how they are made ready.
 #include "dataaccess/sqlite/Connection.h"
 #include "dataaccess/sqlite/FieldTypes.h"
+#include "dataaccess/sqlite/TableDefinition.h"
+#include "dataaccess/sqlite/Values.h"
 #include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace dbsection {
 namespace {
@@ -38,14 +41,20 @@ private:
 
 } // namespace
 
-int Connection::Authorize(void* self, int action, const char* /*first*/, const char* second,
+int Connection::Authorize(void* self, int action, const char* first, const char* second,
                           const char* /*database*/, const char* viewOrTrigger) {
-    if (!static_cast<Connection*>(self)->m_callersStatement)
+    auto& connection = *static_cast<Connection*>(self);
+    if (!connection.m_callersStatement)
         return SQLITE_OK;
+    connection.m_authorized = true;
     switch (action) {
     case SQLITE_SELECT:
-    case SQLITE_READ:
         return viewOrTrigger == nullptr ? SQLITE_OK : SQLITE_DENY;
+    case SQLITE_READ: // no view, no virtual table, and no function in the place of a table
+        return viewOrTrigger == nullptr &&
+                       (connection.IsTable(first) || EqualNoCase(first, "sqlite_master"))
+                   ? SQLITE_OK
+                   : SQLITE_DENY;
     case SQLITE_FUNCTION: {
         const auto isCalled = [second](std::string_view name) { return EqualNoCase(name, second); };
         return std::ranges::any_of(AllowedFunctions, isCalled) ? SQLITE_OK : SQLITE_DENY;
@@ -55,17 +64,19 @@ int Connection::Authorize(void* self, int action, const char* /*first*/, const c
     }
 }
 
-/// Null when the engine refuses; m_lastPrepareCode and m_lastPrepareError then tell why.
+/// Null when the engine refuses the text; m_lastPrepareCode and m_lastPrepareError then tell why.
 StatementPtr Connection::Prepare(const std::string& sql) {
     sqlite3_stmt* statement = nullptr;
     const char* tail = nullptr;
     m_lastPrepareCode = sqlite3_prepare_v2(m_database, sql.c_str(), static_cast<int>(sql.size()),
                                            &statement, &tail);
     StatementPtr owned(statement);
-    if (m_lastPrepareCode != SQLITE_OK) {
+    if (m_lastPrepareCode == SQLITE_ERROR || m_lastPrepareCode == SQLITE_AUTH) {
         m_lastPrepareError = sqlite3_errmsg(m_database);
         return nullptr;
     }
+    if (m_lastPrepareCode != SQLITE_OK)
+        FailFromEngine(m_lastPrepareCode, m_database, m_path, Activity::Reading);
     if (owned && IsNothing(tail))
         return owned;
     m_lastPrepareCode = SQLITE_ERROR;
@@ -73,72 +84,135 @@ StatementPtr Connection::Prepare(const std::string& sql) {
     return nullptr;
 }
 
-std::optional<KeptStatement> Connection::PrepareQuery(const std::string& sql, Editing editing) {
+std::optional<KeptStatement> Connection::PrepareReading(const std::string& sql) {
     const ScopedFlag readingOnly(m_callersStatement);
-    const auto prepared = [&](const std::string& text,
-                              bool hasRowId) -> std::optional<KeptStatement> {
-        StatementPtr statement = Prepare(text);
-        if (!statement)
-            return std::nullopt;
-        auto shape = ShapeOf(statement.get(), hasRowId);
-        return KeptStatement{{}, std::move(statement), std::move(shape), false};
-    };
-    std::optional<KeptStatement> kept;
-    if (editing == Editing::IfPossible)
-        if (const auto withRowId = WithRowId(sql))
-            kept = prepared(*withRowId, true);
-    if (!kept || kept->shape->editableTable.empty())
-        kept = prepared(sql, false);
+    StatementPtr statement = Prepare(sql);
+    if (!statement)
+        return std::nullopt;
+    auto shape = std::make_shared<const QueryShape>(ShapeOf(statement.get()));
+    return KeptStatement{{}, std::move(statement), std::move(shape), false};
+}
+
+/// The statement with the rest of the table's columns and the row's identifier, where it reads rows
+/// of one table that can be written to; else nothing.
+std::optional<KeptStatement> Connection::PrepareEditable(const std::string& sql,
+                                                         const QueryShape& shape) {
+    const auto select = FindTableSelect(sql);
+    const std::string table = shape.columns.front().table;
+    const auto isOfTable = [&](const ResultColumn& column) { return column.table == table; };
+    if (!select || table.empty() || !std::ranges::all_of(shape.columns, isOfTable))
+        return std::nullopt;
+    const FieldList fields = Fields(table);
+    const auto rowId = RowIdName(*fields);
+    if (!rowId)
+        return std::nullopt;
+
+    QueryShape editable = shape;
+    editable.editableTable = table;
+    editable.rowId = *rowId;
+    editable.isWholeTable = select->isWhole;
+    std::string more;
+    for (const CSectionFieldInfo& field : *fields) {
+        const std::string name(field.m_strName.View());
+        if (std::ranges::count(shape.columns, name, &ResultColumn::origin) > 0)
+            continue;
+        editable.otherColumns.push_back(name);
+        more += ", " + Quoted(name);
+    }
+    auto kept = PrepareReading(sql.substr(0, select->from) + more + ", " + *rowId + " " +
+                               sql.substr(select->from));
+    if (!kept) // a view, a table without such an identifier
+        return std::nullopt;
+    // The identifier comes under the name of the column that it is, if any.
+    const ResultColumn& identifier = kept->shape->columns.back();
+    for (ResultColumn& column : editable.columns)
+        column.isRecordId = column.isRecordId && EqualNoCase(column.origin, identifier.origin);
+    kept->shape = std::make_shared<const QueryShape>(std::move(editable));
     return kept;
 }
 
-KeptStatement& Connection::KeptQuery(const std::string& sql, Editing editing,
-                                     SectionError::Number unknownName) {
+/// Nothing when the engine refuses the text, or it reads what is not run.
+std::optional<KeptStatement> Connection::PrepareQuery(const std::string& sql, Editing editing) {
+    Tables(); // what may be read
+    const auto isMentioned = [&](const std::string& name) { return Mentions(sql, name); };
+    if (const auto view = std::ranges::find_if(m_notRun, isMentioned); view != m_notRun.end()) {
+        m_lastPrepareCode = SQLITE_ERROR;
+        m_lastPrepareError = "\"" + *view + "\" is a view or a virtual table, which is not run";
+        return std::nullopt;
+    }
+    auto kept = PrepareReading(sql);
+    if (kept && editing == Editing::IfPossible)
+        if (auto editable = PrepareEditable(sql, *kept->shape))
+            return editable;
+    return kept;
+}
+
+/// Null when the engine refuses the text.
+KeptStatement* Connection::FindOrPrepare(const std::string& sql, Editing editing) {
     const std::string key = (editing == Editing::No ? "read " : "edit ") + sql;
     if (KeptStatement* kept = m_kept.Find(key))
-        return *kept;
-    if (!IsReading(sql))
-        FailFromStatement(SQLITE_ERROR, "this does not read tables", sql, m_path, unknownName);
+        return kept;
     const std::string text = WithoutDanglingWhere(sql);
-    auto query = PrepareQuery(text, editing);
-    if (!query) {
-        const std::string column = UnknownColumn(m_lastPrepareError);
-        const std::string other = OtherRecordId(column);
-        const std::string message = m_lastPrepareError;
-        if (!other.empty())
-            query = PrepareQuery(WithIdentifier(text, column, other), editing);
-        if (!query)
-            FailFromStatement(m_lastPrepareCode, message, sql, m_path, unknownName);
+    auto prepared = PrepareQuery(text, editing);
+    const std::string refusal = m_lastPrepareError;
+    const std::string column = prepared ? "" : UnknownColumn(refusal);
+    if (const std::string other = OtherRecordId(column); !other.empty())
+        prepared = PrepareQuery(WithIdentifier(text, column, other), editing);
+    if (!prepared) {
+        m_lastPrepareError = refusal;
+        return nullptr;
     }
-    query->key = key;
-    return m_kept.Keep(std::move(*query));
+    prepared->key = key;
+    return &m_kept.Keep(std::move(*prepared));
 }
 
 ReadyQuery Connection::Query(std::string_view sql, Editing editing,
                              SectionError::Number unknownName, int ownParameters) {
     m_work.Renew();
-    LiftedSql lifted = LiftLiterals(sql);
-    ReadyQuery ready{StatementLease(KeptQuery(lifted.text, editing, unknownName)),
-                     std::move(lifted.parameters)};
-    sqlite3_stmt* statement = ready.lease.Get();
-    const auto count = static_cast<int>(ready.parameters.size());
-    if (sqlite3_bind_parameter_count(statement) != ownParameters + count)
-        FailFromStatement(SQLITE_ERROR, "it contains parameters", std::string(sql), m_path,
-                          unknownName);
-    for (int i = 0; i < count; ++i) {
-        const std::string& text = ready.parameters[static_cast<std::size_t>(i)];
-        sqlite3_bind_text(statement, ownParameters + i + 1, text.data(),
-                          static_cast<int>(text.size()), SQLITE_STATIC);
+    const auto refuse = [&](int code, const std::string& reason) {
+        FailFromStatement(code, reason, std::string(sql), m_path, unknownName);
+    };
+    CallersSql ready = MakeReady(sql, Literals::Lift);
+    if (!IsReading(sql))
+        refuse(SQLITE_ERROR, "this does not read tables");
+    if (ready.parameters != ownParameters)
+        refuse(SQLITE_ERROR, "it contains parameters");
+    KeptStatement* kept = FindOrPrepare(ready.text, editing);
+    if (kept == nullptr && !ready.literals.empty()) { // one may be a name, or they are too many
+        ready = MakeReady(sql, Literals::Keep);
+        kept = FindOrPrepare(ready.text, editing);
     }
-    return ready;
+    if (kept == nullptr)
+        refuse(m_lastPrepareCode, m_lastPrepareError);
+    ReadyQuery query{StatementLease(*kept), std::move(ready.literals)};
+    int parameter = ownParameters;
+    for (const std::string& text : query.parameters)
+        Bind(query.lease.Get(), ++parameter, text);
+    return query;
 }
 
-std::shared_ptr<const QueryShape> Connection::ShapeOf(sqlite3_stmt* statement,
-                                                      bool hasRowId) const {
-    auto shape = std::make_shared<QueryShape>();
-    shape->hasRowId = hasRowId;
-    const int count = sqlite3_column_count(statement) - (hasRowId ? 1 : 0);
-    bool oneTable = hasRowId && count > 0;
+std::optional<bool> Connection::FirstRow(const ReadyQuery& query) {
+    sqlite3_stmt* statement = query.lease.Get();
+    const int code = [&] {
+        const ScopedFlag readingOnly(m_callersStatement);
+        m_authorized = false;
+        return sqlite3_step(statement);
+    }();
+    const std::string message = code == SQLITE_ERROR ? sqlite3_errmsg(m_database) : "";
+    if (m_authorized && SchemaVersion() != query.lease.Shape()->tablesVersion)
+        return std::nullopt;
+    return CheckStep(code, message, statement, m_path, Activity::Reading);
+}
+
+bool Connection::NextRow(const ReadyQuery& query) {
+    const ScopedFlag readingOnly(m_callersStatement);
+    return Step(query.lease.Get(), m_path, Activity::Reading);
+}
+
+QueryShape Connection::ShapeOf(sqlite3_stmt* statement) const {
+    QueryShape shape;
+    shape.tablesVersion = m_tablesVersion;
+    const int count = sqlite3_column_count(statement);
     for (int i = 0; i < count; ++i) {
         ResultColumn column;
         column.name = TextOrEmpty(sqlite3_column_name(statement, i));
@@ -156,12 +230,8 @@ std::shared_ptr<const QueryShape> Connection::ShapeOf(sqlite3_stmt* statement,
             column.required = required != 0;
             column.isRecordId = primaryKey != 0 && EqualNoCase(declared, "INTEGER");
         }
-        oneTable = oneTable && !column.table.empty() &&
-                   (shape->columns.empty() || column.table == shape->columns.front().table);
-        shape->columns.push_back(std::move(column));
+        shape.columns.push_back(std::move(column));
     }
-    if (oneTable)
-        shape->editableTable = shape->columns.front().table;
     return shape;
 }
 

@@ -14,6 +14,10 @@
 
 namespace dbsection {
 
+class Transaction;
+
+/// The rows are read when it is made, but for those of a whole table that can be written to: these
+/// when they are first asked for, since adding rows needs none of them.
 class RecordsetState {
 public:
     RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing);
@@ -22,25 +26,24 @@ public:
     const QueryShape& Shape() const { return *m_shape; }
 
     void Requery();
-    const std::optional<CSectionDataStamp>& Stamp() const { return m_stamp; }
+    const std::optional<CSectionDataStamp>& Stamp();
 
     // The current row. Position -1 is before the first row, Count() behind the last.
-    int Position() const { return IsAtRow() ? m_position : -1; }
-    bool IsBof() const { return m_position < 0 || m_rows.Count() == 0; }
-    bool IsEof() const { return m_position >= m_rows.Count() || m_rows.Count() == 0; }
-    int Visited() const { return m_visited - (m_onGap ? 1 : 0); }
+    int Position();
+    bool IsBof();
+    bool IsEof();
+    int Visited();
     void MoveToFirst();
     void MoveToLast();
     void MoveBy(int step);
     void MoveTo(int position);
 
     /// Moves to the next row that satisfies the condition, in steps of 1 or -1, from the current
-    /// row
-    /// (`relative`) or from the end of the rows. False, and nothing moved, when there is none.
+    /// row (`relative`) or from the end of the rows. False, and nothing moved, when there is none.
     bool Find(bool relative, int step, std::string_view condition);
 
-    COleVariant Value(int column) const;
-    double Number(int column) const;
+    COleVariant Value(int column);
+    double Number(int column);
 
     void BeginNew();
     void BeginEdit();
@@ -49,23 +52,36 @@ public:
     void Update();
     void Delete();
 
+    /// Deletes all rows, or none, and returns their number.
+    int DeleteAll();
+
 private:
     enum class Edit : std::uint8_t { None, New, Current };
 
-    bool IsAtRow() const { return !m_onGap && m_position >= 0 && m_position < m_rows.Count(); }
     Connection& Engine() const { return m_session->Get(); }
-    bool Fetch();
-    int FindFrom(int first, int step, std::string_view condition);
-    void RequireRow() const;
-    void RequireEditable() const;
+    const std::string& Table() const { return m_shape->editableTable; }
+
+    template <class Use>
+    void WithFirstRow(Use use);
+    void ReadRows();
+    void ReadRows(const ReadyQuery& query, bool atRow);
+    void RequireRows();
+    bool IsAtRow();
+    void RequireRow();
     void RequireColumn(int column) const;
+    int FindFrom(int first, int step, std::string_view condition);
     void LeaveRow();
     void Visit(int position);
+
+    void RequireEditable() const;
     void InsertRow();
     void UpdateRow();
-    void BindSetValues(sqlite3_stmt* statement) const;
+    void DeleteRow(int row);
+    int BindSetValues(sqlite3_stmt* statement) const;
+    std::string RowCondition() const;
+    void WriteRow(sqlite3_stmt* statement, int parameter, int row);
     StatementLease RowById(std::int64_t id);
-    const std::string& Table() const { return m_shape->editableTable; }
+    void ReadBackAndCommit(std::int64_t id, Transaction& transaction);
 
     std::shared_ptr<Session> m_session;
     std::string m_sql;
@@ -73,6 +89,8 @@ private:
     std::shared_ptr<const QueryShape> m_shape;
     RowStore m_rows;
     std::optional<CSectionDataStamp> m_stamp;
+    bool m_isRead = false;
+    std::int64_t m_firstId = 0; ///< of the row that is current when the rows are read later
     int m_position = -1;
     int m_visited = 0;
     bool m_onGap = false; ///< the current row was deleted and not yet left

@@ -29,6 +29,8 @@ Cell RowStore::Read(sqlite3_stmt* row, int column) {
     default:
         cell.storage = Cell::Storage::Text;
         bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+        if (bytes == nullptr)
+            throw std::bad_alloc();
         break;
     }
     const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
@@ -49,17 +51,21 @@ void RowStore::Append(sqlite3_stmt* row, bool hasId) {
     m_ids.push_back(hasId ? sqlite3_column_int64(row, columns) : 0);
 }
 
-void RowStore::Replace(int index, sqlite3_stmt* row) {
-    const auto columns = static_cast<int>(m_columns);
-    Cell* cell = Row(index);
-    for (int column = 0; column < columns; ++column)
-        *cell++ = Read(row, column);
-}
-
 void RowStore::Remove(int index) {
     for (int next = index + 1; next < Count(); ++next)
         std::copy_n(Row(next), m_columns, Row(next - 1));
     m_ids.erase(m_ids.begin() + index);
+}
+
+void RowStore::MoveLastTo(int index) {
+    std::copy_n(Row(Count() - 1), m_columns, Row(index));
+    m_ids[static_cast<std::size_t>(index)] = m_ids.back();
+    m_ids.pop_back();
+}
+
+int RowStore::FindId(std::int64_t id) const {
+    const auto place = std::ranges::find(m_ids, id);
+    return place == m_ids.end() ? -1 : static_cast<int>(place - m_ids.begin());
 }
 
 } // namespace dbsection

@@ -35,15 +35,19 @@ public:
     int Count() const { return static_cast<int>(m_ids.size()); }
 
     /// Appends the row that a statement is at; the identifier is the column behind the last one.
+    /// Where it throws the rows are what they were.
     void Append(sqlite3_stmt* row, bool hasId);
 
-    /// Replaces the values of a row.
-    void Replace(int index, sqlite3_stmt* row);
-
     void Remove(int index);
+    void RemoveLast() { m_ids.pop_back(); }
+
+    /// Puts the last row in the place of another one.
+    void MoveLastTo(int index);
+
+    /// The row of an identifier, or -1.
+    int FindId(std::int64_t id) const;
 
     std::int64_t Id(int index) const { return m_ids[static_cast<std::size_t>(index)]; }
-    void SetId(int index, std::int64_t id) { m_ids[static_cast<std::size_t>(index)] = id; }
     const Cell& At(int index, int column) const { return Row(index)[column]; }
     std::string_view TextOf(const Cell& cell) const {
         return std::string_view(m_texts).substr(cell.extent.begin, cell.extent.length);

@@ -1,6 +1,6 @@
 #include "dataaccess/sqlite/SqlText.h"
 
-#include "platform/Text.h"
+#include "dataaccess/sqlite/SqlTokens.h"
 
 #include <algorithm>
 #include <array>
@@ -9,85 +9,6 @@
 namespace dbsection {
 namespace {
 
-enum class TokenKind { Word, QuotedName, Literal, Symbol };
-
-struct Token {
-    TokenKind kind;
-    std::size_t begin;
-    std::size_t end;
-};
-
-constexpr bool IsWordCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           c == '$' || static_cast<unsigned char>(c) >= 0x80;
-}
-
-/// Position behind blanks and comments.
-std::size_t SkipBlanks(std::string_view sql, std::size_t at) {
-    for (;;) {
-        while (at < sql.size() && IsBlank(sql[at]))
-            ++at;
-        if (sql.substr(at, 2) == "--")
-            at = std::min(sql.find('\n', at), sql.size());
-        else if (sql.substr(at, 2) == "/*")
-            at = std::min(sql.find("*/", at + 2), sql.size() - 2) + 2;
-        else
-            return at;
-    }
-}
-
-/// Position behind a quoted text, in which a doubled quote stands for itself. A text that is not
-/// closed ends with the statement.
-std::size_t SkipQuoted(std::string_view sql, std::size_t at) {
-    const char close = sql[at] == '[' ? ']' : sql[at];
-    for (++at; at < sql.size(); ++at) {
-        if (sql[at] != close)
-            continue;
-        if (close == ']' || at + 1 >= sql.size() || sql[at + 1] != close)
-            return at + 1;
-        ++at;
-    }
-    return sql.size();
-}
-
-std::optional<Token> NextToken(std::string_view sql, std::size_t at) {
-    at = SkipBlanks(sql, at);
-    if (at >= sql.size())
-        return std::nullopt;
-    const char c = sql[at];
-    if (c == '\'')
-        return Token{TokenKind::Literal, at, SkipQuoted(sql, at)};
-    if (c == '[' || c == '"' || c == '`')
-        return Token{TokenKind::QuotedName, at, SkipQuoted(sql, at)};
-    if (!IsWordCharacter(c))
-        return Token{TokenKind::Symbol, at, at + 1};
-    std::size_t end = at;
-    while (end < sql.size() && IsWordCharacter(sql[end]))
-        ++end;
-    const bool isBytes = end == at + 1 && ToUpper(c) == 'X' && end < sql.size() && sql[end] == '\'';
-    if (isBytes)
-        end = SkipQuoted(sql, end);
-    return Token{TokenKind::Word, at, end};
-}
-
-template <class Visit>
-void ForEachToken(std::string_view sql, Visit visit) {
-    for (auto token = NextToken(sql, 0); token; token = NextToken(sql, token->end))
-        visit(*token, sql.substr(token->begin, token->end - token->begin));
-}
-
-bool IsClosedLiteral(std::string_view literal) {
-    return literal.size() >= 2 && literal.back() == '\'' &&
-           std::ranges::count(literal, '\'') % 2 == 0;
-}
-
-std::string_view IdentifierOf(const Token& token, std::string_view text) {
-    if (token.kind == TokenKind::Word)
-        return text;
-    return token.kind == TokenKind::QuotedName && text.size() >= 2 ? text.substr(1, text.size() - 2)
-                                                                   : std::string_view();
-}
-
 std::string InQuotes(std::string_view text, char quote) {
     std::string quoted(1, quote);
     for (const char c : text)
@@ -95,103 +16,147 @@ std::string InQuotes(std::string_view text, char quote) {
     return quoted += quote;
 }
 
+bool IsParameter(const Token& token) {
+    return token.IsSymbol('?') || token.IsSymbol(':') || token.IsSymbol('@') ||
+           (token.kind == TokenKind::Word && token.text[0] == '$');
+}
+
+/// A text put together from the pieces of another one.
+class Edited {
+public:
+    explicit Edited(std::string_view from) : m_from(from) {}
+
+    /// The token is replaced.
+    void Replace(const Token& token, std::string_view text) {
+        m_text.append(m_from, m_copied, token.begin - m_copied).append(text);
+        m_copied = token.End();
+    }
+
+    std::string Finish() { return std::move(m_text.append(m_from, m_copied)); }
+
+private:
+    std::string_view m_from;
+    std::string m_text;
+    std::size_t m_copied = 0;
+};
+
 } // namespace
 
-LiftedSql LiftLiterals(std::string_view sql) {
-    LiftedSql lifted;
-    std::size_t copied = 0;
+CallersSql MakeReady(std::string_view sql, Literals literals) {
+    CallersSql ready;
+    Edited text(sql);
     bool behindWhere = false;
-    ForEachToken(sql, [&](const Token& token, std::string_view text) {
-        if (token.kind == TokenKind::Word && EqualNoCase(text, "WHERE"))
-            behindWhere = true;
-        if (!behindWhere || token.kind != TokenKind::Literal || !IsClosedLiteral(text))
-            return;
-        // The blank keeps a digit behind the literal from naming a parameter.
-        lifted.text.append(sql, copied, token.begin - copied).append("? ");
-        lifted.parameters.push_back(LiteralText(text));
-        copied = token.end;
+    ForEachToken(sql, [&](const Token& token) {
+        if (IsParameter(token)) {
+            ++ready.parameters;
+        } else if (token.kind == TokenKind::QuotedName && token.text[0] == '"') {
+            text.Replace(token, Quoted(token.Value()));
+        } else if (token.kind == TokenKind::Literal && behindWhere && literals == Literals::Lift) {
+            // The blank keeps a digit behind the literal from naming a parameter.
+            text.Replace(token, "? ");
+            ready.literals.push_back(token.Value());
+        }
+        behindWhere = behindWhere || token.Is("WHERE");
     });
-    lifted.text.append(sql, copied);
-    return lifted;
+    ready.text = text.Finish();
+    return ready;
 }
 
 std::string WithoutDanglingWhere(std::string_view sql) {
     std::size_t end = sql.size();
-    ForEachToken(sql, [&](const Token& token, std::string_view text) {
-        const bool isWhere = token.kind == TokenKind::Word && EqualNoCase(text, "WHERE");
-        end = isWhere ? token.begin : sql.size();
-    });
+    ForEachToken(sql,
+                 [&](const Token& token) { end = token.Is("WHERE") ? token.begin : sql.size(); });
     return std::string(sql.substr(0, end));
 }
 
 std::string WithIdentifier(std::string_view sql, std::string_view from, std::string_view to) {
-    std::string result;
-    std::size_t copied = 0;
-    ForEachToken(sql, [&](const Token& token, std::string_view text) {
-        if (!EqualNoCase(IdentifierOf(token, text), from))
-            return;
-        result.append(sql, copied, token.begin - copied).append(Quoted(to));
-        copied = token.end;
+    Edited text(sql);
+    ForEachToken(sql, [&](const Token& token) {
+        if (token.IsName() && EqualNoCase(token.Value(), from))
+            text.Replace(token, Quoted(to));
     });
-    return result.append(sql, copied);
+    return text.Finish();
 }
 
-std::optional<std::string> WithRowId(std::string_view sql) {
-    static constexpr std::array<std::string_view, 6> Unsuitable{"DISTINCT",  "GROUP",  "UNION",
-                                                                "INTERSECT", "EXCEPT", "JOIN"};
-    std::size_t from = std::string_view::npos;
+bool Mentions(std::string_view sql, std::string_view name) {
+    bool found = false;
+    ForEachToken(sql, [&](const Token& token) {
+        found = found || ((token.IsName() || token.kind == TokenKind::Literal) &&
+                          EqualNoCase(token.Value(), name));
+    });
+    return found;
+}
+
+std::optional<TableSelect> FindTableSelect(std::string_view sql) {
+    static constexpr std::array Unsuitable{"DISTINCT",  "GROUP",  "UNION",
+                                           "INTERSECT", "EXCEPT", "JOIN"};
+    static constexpr std::array EndOfTables{"WHERE", "ORDER", "LIMIT"};
+    std::optional<std::size_t> from;
+    int tokensBehind = 0;
     int depth = 0;
+    bool amongTables = false;
     bool suitable = true;
-    bool behindFrom = false;
-    ForEachToken(sql, [&](const Token& token, std::string_view text) {
-        // Rows of a nested statement have no identifier.
-        suitable = suitable && !(std::exchange(behindFrom, false) && text == "(");
-        if (text == "(")
-            ++depth;
-        if (text == ")")
-            --depth;
-        if (token.kind != TokenKind::Word || depth != 0)
-            return;
-        const auto equals = [text](std::string_view word) { return EqualNoCase(text, word); };
-        suitable = suitable && std::ranges::none_of(Unsuitable, equals);
-        if (from == std::string_view::npos && equals("FROM")) {
+    ForEachToken(sql, [&](const Token& token) {
+        const auto is = [&](const char* word) { return token.Is(word); };
+        depth = DepthBehind(token, depth);
+        tokensBehind += from ? 1 : 0;
+        amongTables = amongTables && std::ranges::none_of(EndOfTables, is);
+        // Rows of several tables, or of a nested statement, have no one identifier.
+        if (amongTables && (token.IsSymbol(',') || token.IsSymbol('(')))
+            suitable = false;
+        if (depth == 0 && std::ranges::any_of(Unsuitable, is))
+            suitable = false;
+        if (!from && depth == 0 && is("FROM")) {
             from = token.begin;
-            behindFrom = true;
+            amongTables = true;
         }
     });
-    if (!suitable || from == std::string_view::npos)
+    if (!suitable || !from)
         return std::nullopt;
-    return std::string(sql.substr(0, from)) + ", _rowid_ " + std::string(sql.substr(from));
+    return TableSelect{*from, tokensBehind == 1};
 }
 
 bool IsReading(std::string_view sql) {
     const auto token = NextToken(sql, 0);
-    if (!token)
-        return false;
-    return EqualNoCase(sql.substr(token->begin, token->end - token->begin), "SELECT");
+    return token && token->Is("SELECT");
 }
 
 bool IsNothing(std::string_view sql) {
     bool nothing = true;
-    ForEachToken(sql,
-                 [&](const Token&, std::string_view text) { nothing = nothing && text == ";"; });
+    ForEachToken(sql, [&](const Token& token) { nothing = nothing && token.IsSymbol(';'); });
     return nothing;
 }
 
-std::string Quoted(std::string_view identifier) { return InQuotes(identifier, '"'); }
+bool IsClosed(std::string_view expression) {
+    int depth = 0;
+    bool closed = true;
+    ForEachToken(expression, [&](const Token& token) {
+        depth = DepthBehind(token, depth);
+        closed = closed && depth >= 0 && token.kind != TokenKind::Unclosed && !token.IsSymbol(';');
+    });
+    return closed && depth == 0;
+}
+
+bool SameTokens(std::string_view left, std::string_view right) {
+    auto one = NextToken(left, 0);
+    auto other = NextToken(right, 0);
+    while (one && other && EqualNoCase(one->Value(), other->Value()) &&
+           (one->kind == other->kind || (one->IsName() && other->IsName()))) {
+        one = NextToken(left, one->End());
+        other = NextToken(right, other->End());
+    }
+    return !one && !other;
+}
+
+std::string Quoted(std::string_view identifier) { return InQuotes(identifier, '`'); }
 
 std::string Literal(std::string_view text) { return InQuotes(text, '\''); }
 
 std::string LiteralText(std::string_view literal) {
-    if (!IsClosedLiteral(literal))
-        return std::string(literal);
-    std::string value;
-    for (std::size_t i = 1; i + 1 < literal.size(); ++i) {
-        value += literal[i];
-        if (literal[i] == '\'')
-            ++i;
-    }
-    return value;
+    const auto token = NextToken(literal, 0);
+    const bool isLiteral =
+        token && token->kind == TokenKind::Literal && token->text.size() == literal.size();
+    return isLiteral ? token->Value() : std::string(literal);
 }
 
 } // namespace dbsection

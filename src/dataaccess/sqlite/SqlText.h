@@ -2,21 +2,27 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace dbsection {
 
-/// A statement whose string literals were replaced by parameters, so that the next statement of the
-/// same form finds the prepared one.
-struct LiftedSql {
+/// What becomes of the literals behind a statement's first WHERE; elsewhere a literal can name a
+/// result column. Lifted ones are replaced by parameters, so that the next statement of the same
+/// form finds the prepared one.
+enum class Literals { Keep, Lift };
+
+/// A caller's statement as it is made ready. Names in double quotes come in others: older engines
+/// take an unknown one for a text.
+struct CallersSql {
     std::string text;
-    std::vector<std::string> parameters;
+    std::vector<std::string> literals; ///< that were lifted
+    int parameters = 0;                ///< that the statement had itself
 };
 
-/// Lifts the literals behind the first WHERE; elsewhere a literal can name a result column.
-LiftedSql LiftLiterals(std::string_view sql);
+CallersSql MakeReady(std::string_view sql, Literals literals);
 
 /// The statement without a WHERE that nothing follows.
 std::string WithoutDanglingWhere(std::string_view sql);
@@ -24,9 +30,18 @@ std::string WithoutDanglingWhere(std::string_view sql);
 /// The statement with every identifier equal to `from` (letter case aside) replaced by `to`.
 std::string WithIdentifier(std::string_view sql, std::string_view from, std::string_view to);
 
-/// A plain single SELECT with the row's identifier as one more result column at the end, or nothing
-/// where the statement is not of that form.
-std::optional<std::string> WithRowId(std::string_view sql);
+/// Whether a token of the statement can name `name` (letter case aside); older statements name
+/// tables and columns with literals, too.
+bool Mentions(std::string_view sql, std::string_view name);
+
+/// A plain single SELECT over one table.
+struct TableSelect {
+    std::size_t from; ///< the place of its FROM
+    bool isWhole;     ///< nothing follows the table
+};
+
+/// Nothing where the statement is not of that form.
+std::optional<TableSelect> FindTableSelect(std::string_view sql);
 
 /// Whether the statement begins with SELECT.
 bool IsReading(std::string_view sql);
@@ -34,7 +49,13 @@ bool IsReading(std::string_view sql);
 /// Whether the text holds nothing but blanks, comments and semicolons.
 bool IsNothing(std::string_view sql);
 
-/// An identifier in quotes, which the engine takes as it is.
+/// Whether the text stays whole between parentheses: it closes what it opens, and nothing else.
+bool IsClosed(std::string_view expression);
+
+/// Whether two texts are alike but for blanks, comments and letter case.
+bool SameTokens(std::string_view left, std::string_view right);
+
+/// An identifier in quotes, which the engine takes as it is, and never for a text.
 std::string Quoted(std::string_view identifier);
 
 /// A text as a literal, and the text that a literal stands for.

@@ -17,6 +17,12 @@ struct StatementDeleter {
 };
 using StatementPtr = std::unique_ptr<sqlite3_stmt, StatementDeleter>;
 
+/// The text of a column of the row that a statement is at; empty for null.
+inline std::string TextAt(sqlite3_stmt* row, int column) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
+    return text == nullptr ? "" : text;
+}
+
 /// A result column of a reading statement.
 struct ResultColumn {
     std::string name;
@@ -28,11 +34,20 @@ struct ResultColumn {
     bool isRecordId = false;
 };
 
-/// What a reading statement delivers.
+/// What a reading statement delivers: its columns, and behind them, where rows can be written to,
+/// the table's other columns and the row's identifier.
 struct QueryShape {
     std::vector<ResultColumn> columns;
     std::string editableTable; ///< the one table that rows can be written to, or empty
-    bool hasRowId = false;     ///< one more column follows: the row's identifier
+    std::vector<std::string> otherColumns;
+    std::string rowId;         ///< what the identifier is called in statements
+    bool isWholeTable = false; ///< all rows of the editable table, in no order that was asked for
+    std::int64_t tablesVersion = 0; ///< the tables that the statement was made ready for
+
+    bool IsEditable() const { return !editableTable.empty(); }
+
+    /// The number of values of a row, the identifier apart.
+    int Width() const { return static_cast<int>(columns.size() + otherColumns.size()); }
 };
 
 /// A statement kept ready for the next use of the same text.

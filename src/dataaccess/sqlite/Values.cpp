@@ -100,6 +100,16 @@ bool Fits(double number, std::int16_t type) {
     }
 }
 
+void RequireBound(int code) {
+    if (code != SQLITE_OK)
+        FailFromEngine(code, nullptr, "The value", Activity::Writing);
+}
+
+void BindBytes(sqlite3_stmt* statement, int parameter, std::string_view bytes) {
+    RequireBound(
+        sqlite3_bind_blob64(statement, parameter, bytes.data(), bytes.size(), SQLITE_STATIC));
+}
+
 } // namespace
 
 COleVariant ToVariant(const Cell& cell, const RowStore& rows, const ResultColumn& column) {
@@ -135,43 +145,40 @@ COleVariant ToStored(const COleVariant& value, const ResultColumn& column,
                                            " is not one that the column can hold; correct it.");
 }
 
+void Bind(sqlite3_stmt* statement, int parameter, std::string_view text) {
+    RequireBound(sqlite3_bind_text64(statement, parameter, text.data(), text.size(), SQLITE_STATIC,
+                                     SQLITE_UTF8));
+}
+
 void Bind(sqlite3_stmt* statement, int parameter, const Cell& cell, const RowStore& rows) {
     switch (cell.storage) {
     case Cell::Storage::Integer:
-        sqlite3_bind_int64(statement, parameter, cell.integer);
+        RequireBound(sqlite3_bind_int64(statement, parameter, cell.integer));
         return;
     case Cell::Storage::Real:
-        sqlite3_bind_double(statement, parameter, cell.real);
+        RequireBound(sqlite3_bind_double(statement, parameter, cell.real));
         return;
-    case Cell::Storage::Text: {
-        const std::string_view text = rows.TextOf(cell);
-        sqlite3_bind_text(statement, parameter, text.data(), static_cast<int>(text.size()),
-                          SQLITE_STATIC);
+    case Cell::Storage::Text:
+        Bind(statement, parameter, rows.TextOf(cell));
         return;
-    }
-    case Cell::Storage::Bytes: {
-        const std::string_view bytes = rows.TextOf(cell);
-        sqlite3_bind_blob(statement, parameter, bytes.data(), static_cast<int>(bytes.size()),
-                          SQLITE_STATIC);
+    case Cell::Storage::Bytes:
+        BindBytes(statement, parameter, rows.TextOf(cell));
         return;
-    }
     case Cell::Storage::Null:
-        sqlite3_bind_null(statement, parameter);
+        RequireBound(sqlite3_bind_null(statement, parameter));
         return;
     }
 }
 
 void Bind(sqlite3_stmt* statement, int parameter, const COleVariant& stored) {
     if (stored.vt == VT_BSTR)
-        sqlite3_bind_text(statement, parameter, stored.strVal, stored.strVal.GetLength(),
-                          SQLITE_STATIC);
+        Bind(statement, parameter, stored.strVal.View());
     else if (stored.vt == (VT_ARRAY | VT_UI1))
-        sqlite3_bind_blob(statement, parameter, static_cast<const char*>(stored.strVal),
-                          stored.strVal.GetLength(), SQLITE_STATIC);
+        BindBytes(statement, parameter, stored.strVal.View());
     else if (const auto number = NumberOf(stored))
-        sqlite3_bind_double(statement, parameter, *number);
+        RequireBound(sqlite3_bind_double(statement, parameter, *number));
     else
-        sqlite3_bind_null(statement, parameter);
+        RequireBound(sqlite3_bind_null(statement, parameter));
 }
 
 } // namespace dbsection

@@ -16,7 +16,9 @@ COleVariant ToVariant(const Cell& cell, const RowStore& rows, const ResultColumn
 COleVariant ToStored(const COleVariant& value, const ResultColumn& column,
                      const std::string& table);
 
-/// Binds a cell or a stored value to a parameter of a statement. Texts must outlive its run.
+/// Binds a text, a cell or a stored value to a parameter of a statement; texts must outlive its
+/// run. Throws where it cannot be bound: the parameter would be null.
+void Bind(sqlite3_stmt* statement, int parameter, std::string_view text);
 void Bind(sqlite3_stmt* statement, int parameter, const Cell& cell, const RowStore& rows);
 void Bind(sqlite3_stmt* statement, int parameter, const COleVariant& stored);
 

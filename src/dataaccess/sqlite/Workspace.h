@@ -1,7 +1,7 @@
 // The databases that are written to together.
 #pragma once
 
-#include "dataaccess/sqlite/Session.h"
+#include "dataaccess/sqlite/Transaction.h"
 
 #include <memory>
 #include <vector>
@@ -12,22 +12,17 @@ namespace dbsection {
 /// undone.
 class Workspace {
 public:
-    Workspace() = default;
-    Workspace(const Workspace&) = delete;
-    Workspace& operator=(const Workspace&) = delete;
-    ~Workspace() { Rollback(); }
-
     void Add(const std::shared_ptr<Session>& session);
 
     void Begin();
     void Commit();
-    void Rollback() noexcept;
+    void Rollback() noexcept { m_transactions.clear(); }
 
 private:
-    using Sessions = std::vector<std::shared_ptr<Session>>;
+    using Transactions = std::vector<std::unique_ptr<SessionTransaction>>;
 
     std::vector<std::weak_ptr<Session>> m_sessions;
-    Sessions m_inTransaction;
+    Transactions m_transactions;
 };
 
 } // namespace dbsection
