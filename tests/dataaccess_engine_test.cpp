@@ -94,6 +94,7 @@ TEST_F(EngineTest, FilesOfTheStockProgramAndOurs) {
 /// Adds rows to a catalogue until there are `count`.
 void FillCatalogue(const TempFolder& folder, const std::string& path, int count) {
     RunStockProgram(folder, path,
+                    "PRAGMA synchronous = OFF; PRAGMA journal_mode = OFF; DROP INDEX [AX of Shape];"
                     "WITH RECURSIVE n(i) AS (VALUES(6) UNION ALL SELECT i + 1 FROM n WHERE i < " +
                         std::to_string(count) +
                         ") INSERT INTO Shape SELECT i, 'N' || i, NULL, i % 1000 FROM n;");

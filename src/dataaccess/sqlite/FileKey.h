@@ -29,6 +29,7 @@ using KeyNumber = std::uint64_t;
 class SecretText {
 public:
     explicit SecretText(std::string_view text) : m_text(text) {}
+    /// Of a text so short that it is moved by copying, the copy would stay.
     explicit SecretText(std::string&& longText) : m_text(std::move(longText)) {}
     SecretText(const SecretText&) = delete;
     SecretText& operator=(const SecretText&) = delete;
@@ -55,7 +56,7 @@ void ConfirmKey(KeyNumber number);
 
 /// The salt for a new file: that of the last key of the password that opened a file, so that files
 /// that are used together need one derivation, or else a random one. A salt that only stands in
-/// somebody's file is not taken over: he may have chosen it.
+/// somebody's file is not taken over: it may have been chosen.
 FileSalt SaltForNewFile(std::string_view password);
 
 } // namespace dbsection
