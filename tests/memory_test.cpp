@@ -229,6 +229,26 @@ TEST_F(MemoryTest, OfTheInitialisation) {
         }
 }
 
+/// What is missing is created by the next creation, and nothing leaks.
+TEST_F(MemoryTest, OfTheDriver) {
+    const long livingBefore = living;
+    for (const bool onwards : {false, true})
+        for (long n = 1;; n += 1 + n / 100) {
+            SCOPED_TRACE(Text("allocation", n, onwards));
+            SectionDBDriverImpl driver;
+            const bool wasReached =
+                FailAllocation(n, onwards, [&] { driver.CreateSectionDBObjects(); });
+            EXPECT_EQ(driver.GetObjectCount() < 39, wasReached);
+            EXPECT_TRUE(onwards || driver.GetObjectCount() >= 38);
+            EXPECT_EQ(driver.CreateSectionDBObjects(), 1);
+            EXPECT_EQ(driver.GetObjectCount(), 39);
+            if (!wasReached || HasFailure())
+                break;
+        }
+    shownBoxes = {};
+    EXPECT_EQ(living, livingBefore) << "leaked";
+}
+
 /// A message box of the library may call it, and is told a failure as any host is.
 TEST_F(MemoryTest, OfACallFromAMessageBox) {
     static int inner = -1;

@@ -11,8 +11,8 @@
 // All members are static: the state is that of the process, and one thread at a time is inside. A
 // call from another one meanwhile is refused: a message box says so, in engine mode too, the
 // failure value is returned, and nothing else happens; the kind of the last exception stays. A
-// message box may call the library on its own thread. The members that only set or give an int, and
-// FreeSectionData, may be called at any time.
+// message box may call the library on its own thread. FreeSectionData may be called on any thread;
+// the members that only set or give an int are not checked.
 //
 // A call that fails returns 0, null, an empty text, or what it names. Where memory runs out in it,
 // it fails as a whole, tells so once (kind 1), and leaves the library usable: the next call has
