@@ -231,21 +231,24 @@ TEST_F(MemoryTest, OfTheInitialisation) {
 
 /// What is missing is created by the next creation, and nothing leaks.
 TEST_F(MemoryTest, OfTheDriver) {
+    const auto createAt = [](long n, bool onwards) {
+        SCOPED_TRACE(Text("allocation", n, onwards));
+        SectionDBDriverImpl driver;
+        const bool wasReached =
+            FailAllocation(n, onwards, [&] { driver.CreateSectionDBObjects(); });
+        EXPECT_EQ(driver.GetObjectCount() < 39, wasReached);
+        EXPECT_TRUE(onwards || driver.GetObjectCount() >= 38);
+        EXPECT_EQ(driver.CreateSectionDBObjects(), 1);
+        EXPECT_EQ(driver.GetObjectCount(), 39);
+        return wasReached && !HasFailure();
+    };
+    createAt(1, false);
+    shownBoxes.clear(); // what was kept at first use stays
     const long livingBefore = living;
     for (const bool onwards : {false, true})
-        for (long n = 1;; n += 1 + n / 100) {
-            SCOPED_TRACE(Text("allocation", n, onwards));
-            SectionDBDriverImpl driver;
-            const bool wasReached =
-                FailAllocation(n, onwards, [&] { driver.CreateSectionDBObjects(); });
-            EXPECT_EQ(driver.GetObjectCount() < 39, wasReached);
-            EXPECT_TRUE(onwards || driver.GetObjectCount() >= 38);
-            EXPECT_EQ(driver.CreateSectionDBObjects(), 1);
-            EXPECT_EQ(driver.GetObjectCount(), 39);
-            if (!wasReached || HasFailure())
-                break;
-        }
-    shownBoxes = {};
+        for (long n = 1; createAt(n, onwards);)
+            n += 1 + n / 100;
+    shownBoxes.clear();
     EXPECT_EQ(living, livingBefore) << "leaked";
 }
 

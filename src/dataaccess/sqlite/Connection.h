@@ -210,7 +210,6 @@ private:
     WorkBound m_work;
     bool m_readOnly = false;
     bool m_exclusive = false;
-    bool m_isInTransaction = false;  ///< of the host
     bool m_callersStatement = false; ///< the authorizer then allows reading only
     bool m_authorized = false;       ///< it was asked: a statement was made ready, maybe anew
     std::string m_lastPrepareError;

@@ -39,7 +39,9 @@ void Transaction::Commit() {
 
 void Transaction::Run(const char* outermost, const char* part) {
     const StatementLease lease = m_connection->Own(m_isPart ? part : outermost);
-    m_connection->Step(lease.Get(), m_connection->Path(), Activity::Writing);
+    const bool isReading = m_purpose == Purpose::Reading;
+    m_connection->Step(lease.Get(), m_connection->Path(),
+                       isReading ? Activity::Reading : Activity::Writing);
 }
 
 void Transaction::Undo() {
