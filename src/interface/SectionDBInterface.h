@@ -103,9 +103,9 @@ public:
     static int OpenSectionDatabase(int index, CSectionDatabase** ppDb);
     static void CloseSectionDatabase(CSectionDatabase** ppDb);
 
-    /// The library-wide database, opened on the catalogue; null when that fails. The pointer is good
-    /// until the next call that takes a catalogue index, or closes: each may open another file, and
-    /// destroy the object. Pass it on at once, and ask for it anew.
+    /// The library-wide database, opened on the catalogue; null when that fails. The pointer is
+    /// good until the next call that takes a catalogue index, or closes: each may open another
+    /// file, and destroy the object. Pass it on at once, and ask for it anew.
     static CSectionDatabase* GetDatabasePtr(int index);
 
     // Transactions of the library-wide database: what is added and changed between beginning and
