@@ -2,6 +2,7 @@
 #include "CatalogueFixture.h"
 
 #include "catalogues/Catalogues.h"
+#include "records/CatalogueRecords.h"
 
 #include <cmath>
 #include <limits>

@@ -2,6 +2,7 @@
 #include "JoistFixture.h"
 
 #include "catalogues/AISCSteelJoistSectionDB.h"
+#include "records/CatalogueRecords.h"
 #include "records/GirderDesignation.h"
 
 #include <memory>

@@ -3,6 +3,7 @@
 #include "dataaccess/Guard.h"
 #include "dataaccess/NameSearch.h"
 #include "records/GirderDesignation.h"
+#include "records/LayoutRecords.h"
 
 #include <array>
 #include <cmath>
@@ -14,15 +15,6 @@ namespace {
 
 constexpr int FirstSeries = 1;
 constexpr int GirderSeries = 5;
-
-constexpr std::array Tables{
-    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", FirstSeries, ShapeType::General),
-    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", 2, ShapeType::General),
-    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", 3, ShapeType::General),
-    FamilyOf<AISCSTEELJOISTSECTION::Joist>("OWJoistMaster", 4, ShapeType::General),
-    FamilyOf<AISCSTEELJOISTSECTION::JoistGirder>("JoistGirderMaster", GirderSeries,
-                                                 ShapeType::General),
-};
 
 constexpr std::array SeriesNames{"K Series", "KCS Series", "LH Series", "DLH Series",
                                  "Joist Girders"};
@@ -61,8 +53,6 @@ int Numbers(const SectionRecord& record, float* values) {
 }
 
 } // namespace
-
-AISCSteelJoistSectionDB::AISCSteelJoistSectionDB() : CatalogueSectionDB(Tables) {}
 
 int AISCSteelJoistSectionDB::GetSectionTypeList(CStringList* list) {
     return Operation("GetSectionTypeList()", [&] {

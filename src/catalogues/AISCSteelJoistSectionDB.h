@@ -10,7 +10,7 @@
 
 class DBSECTION_API AISCSteelJoistSectionDB : public CatalogueSectionDB {
 public:
-    AISCSteelJoistSectionDB();
+    AISCSteelJoistSectionDB() : CatalogueSectionDB(21) {}
 
     /// The names of the series, in the order of their section types.
     int GetSectionTypeList(CStringList* list) override;

@@ -14,9 +14,9 @@
 using dbsection::HandOver;
 using dbsection::Operation;
 
-CatalogueSectionDB::CatalogueSectionDB(std::span<const SectionFamily> families)
-    : m_families(families),
-      m_records(families.size()) {
+CatalogueSectionDB::CatalogueSectionDB(int index)
+    : m_catalogue(*FindCatalogue(index)),
+      m_records(m_catalogue.families.size()) {
     MapFamilies();
 }
 
@@ -32,7 +32,7 @@ void CatalogueSectionDB::InitTableNameMap() {
 void CatalogueSectionDB::MapFamilies() {
     CMap<int, int, CString, CString> tables;
     CMap<int, int, int, int> shapes;
-    for (const SectionFamily& family : m_families) {
+    for (const SectionFamily& family : m_catalogue.families) {
         tables.SetAt(family.sectionType, family.table);
         shapes.SetAt(family.sectionType, family.shapeType);
     }
@@ -42,8 +42,8 @@ void CatalogueSectionDB::MapFamilies() {
 
 const SectionFamily* CatalogueSectionDB::FindFamily(const CString& table) const {
     const auto place = std::ranges::find_if(
-        m_families, [&](const SectionFamily& family) { return table == family.table; });
-    return place == m_families.end() ? nullptr : &*place;
+        m_catalogue.families, [&](const SectionFamily& family) { return table == family.table; });
+    return place == m_catalogue.families.end() ? nullptr : &*place;
 }
 
 bool CatalogueSectionDB::ReadCurrentRow(SectionRecord& record, LayoutId layout) const {
@@ -123,9 +123,10 @@ SECTIONINFO* CatalogueSectionDB::GetSectionStructProperty(const char* name, unsi
         if (!units)
             return nullptr;
         const SectionFamily& family = *RecordFamily(m_szTableName);
-        auto info =
-            dbsection::SummariseSection(*record, family.layout, Density(), *units, unit2, unit1);
-        m_records[static_cast<std::size_t>(&family - m_families.data())] = std::move(record);
+        auto info = dbsection::SummariseSection(*record, family.layout, m_catalogue.density, *units,
+                                                unit2, unit1);
+        m_records[static_cast<std::size_t>(&family - m_catalogue.families.data())] =
+            std::move(record);
         return HandOver(std::move(info));
     });
 }

@@ -5,7 +5,8 @@
 #pragma once
 
 #include "catalogues/SectionDBBase.h"
-#include "catalogues/SectionFamily.h"
+#include "records/CatalogueList.h"
+#include "records/SectionRecord.h"
 
 #include <memory>
 #include <span>
@@ -36,7 +37,7 @@ public:
     int ReadSection(const CString& table, const char* name, SectionRecord& record, LayoutId layout);
 
     /// The shape families in the order in which table names are compared.
-    std::span<const SectionFamily> Families() const { return m_families; }
+    std::span<const SectionFamily> Families() const { return m_catalogue.families; }
 
     /// The family of a table, or null.
     const SectionFamily* FindFamily(const CString& table) const;
@@ -45,8 +46,8 @@ public:
     virtual const char* AreaColumn() const { return "AX"; }
 
 protected:
-    /// The families must outlive the object.
-    explicit CatalogueSectionDB(std::span<const SectionFamily> families);
+    /// The index is one of Catalogues.def.
+    explicit CatalogueSectionDB(int index);
 
     /// The family as whose rows the rows of a table are read; null for an unknown table.
     virtual const SectionFamily* RecordFamily(const CString& table) const {
@@ -60,10 +61,6 @@ protected:
 
     /// Caption of the message that a section's name is taken.
     virtual CString DuplicateCaption(const SectionFamily& family) const { return family.table; }
-
-    /// Density of the sections' material in kg/m^3, by default that of steel; 0 where the catalogue
-    /// tells none.
-    virtual double Density() const { return 7851.535; }
 
     /// Opens the row of a section, the only one of its VessaName, and makes its table the working
     /// table. Returns the row's family, or null.
@@ -93,6 +90,6 @@ private:
     int StoreSection(const char* label, const char* message, WORD id, const SECTIONINFO* record,
                      bool isNew);
 
-    std::span<const SectionFamily> m_families;
+    const SectionCatalogue& m_catalogue;
     std::vector<std::unique_ptr<SectionRecord>> m_records; ///< last read, one slot a family
 };

@@ -46,8 +46,6 @@ public:
     int GetObjectCount() const { return m_map.GetCount(); }
 
 private:
-    static SectionDBBase* CreateSectionDBObject(int nIndex);
-
     /// Takes the object over, or returns 0 when the index is taken.
     int AddSectionDBObject(WORD nIndex, SectionDBBase* object);
 

@@ -15,5 +15,4 @@ protected:
 
     /// Whatever is not glued is sawn lumber, of type 2.
     const SectionFamily* RecordFamily(const CString& table) const override;
-    double Density() const override { return 0; }
 };

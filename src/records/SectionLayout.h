@@ -4,6 +4,7 @@
 //     const SectionLayout& layout = GetSectionLayout(LayoutId::IShape);
 //     for (const LayoutColumn& column : layout.columns) ...
 //
+// Layouts.def declares them; the records (LayoutRecords.h) follow from it, too.
 // Every section table begins with three bookkeeping columns, RECNO, Name and VessaName; the
 // columns of its layout follow. Axes: Z is the major axis, Y the minor axis, X the member's own.
 #pragma once
@@ -47,36 +48,30 @@ struct LayoutColumn {
 };
 
 enum class LayoutId : std::uint8_t {
-    IShape,
-    Channel,
-    Tee,
-    Angle,
-    DoubleAngle,
-    RectangularTube,
-    RoundTube,
-    RoundBar,
-    Cable,
-    Rectangle,
-    Timber,
-    BulbFlat,
-    ColdFormedAngle,
-    ColdFormedAngleLipped,
-    ColdFormedChannel,
-    ColdFormedChannelLipped,
-    ColdFormedZee,
-    ColdFormedZeeLipped,
-    Hat,
-    EaveStrut,
-    Castellated,
-    AluminiumAlloy,
-    General,
-    Joist,
-    JoistGirder,
+#define SECTION_LAYOUT(id, name, shape) id,
+#include "records/Layouts.def"
 };
+
+/// Shape types, the same for all catalogues.
+namespace ShapeType {
+enum Code : int {
+    WideFlange = 1, ///< and every other I shape
+    Channel = 2,
+    Angle = 3,
+    DoubleAngle = 4,
+    Tee = 5,
+    Pipe = 6, ///< and everything round
+    Tube = 7,
+    General = 8,
+    UserISection = 9,
+    Prismatic = 10, ///< rectangles and timber
+};
+} // namespace ShapeType
 
 struct SectionLayout {
     LayoutId id;
     const char* name;                      ///< as the text sources write it, e.g. "I shape"
+    ShapeType::Code shape;                 ///< of the families that have the layout
     std::span<const LayoutColumn> columns; ///< at most 16; added ones are the last
 };
 

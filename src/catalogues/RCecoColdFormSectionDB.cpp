@@ -1,5 +1,0 @@
-#include "catalogues/Catalogues.h"
-#include "catalogues/SharedFamilies.h"
-
-RCecoColdFormSectionDB::RCecoColdFormSectionDB()
-    : CatalogueSectionDB(dbsection::ColdFormedFamilies) {}

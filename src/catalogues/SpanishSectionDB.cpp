@@ -1,4 +1,0 @@
-#include "catalogues/Catalogues.h"
-#include "catalogues/SharedFamilies.h"
-
-SpanishSectionDB::SpanishSectionDB() : CatalogueSectionDB(dbsection::HotRolledFamilies) {}

@@ -1,0 +1,32 @@
+// The catalogues that there are, each with its shape families; Catalogues.def declares them.
+//
+//     const SectionCatalogue* british = FindCatalogue(3);
+//     for (const SectionFamily& family : british->families) ...
+#pragma once
+
+#include "platform/Export.h"
+#include "records/SectionLayout.h"
+
+#include <span>
+
+/// A shape family of a catalogue: one section table.
+struct SectionFamily {
+    const char* table;
+    int sectionType; ///< unique within the catalogue
+    LayoutId layout;
+    ShapeType::Code shapeType;
+};
+
+struct SectionCatalogue {
+    int index;
+    const char* stem; ///< of its file's name; empty where the user names it
+    const char* name; ///< as it is displayed; empty where the user names it
+    double density;   ///< of its material in kg/m^3; 0 where there are several
+    std::span<const SectionFamily> families; ///< in the order in which table names are compared
+};
+
+/// All catalogues, by ascending index.
+DBSECTION_API std::span<const SectionCatalogue> GetCatalogues();
+
+/// The catalogue of that index, or null.
+DBSECTION_API const SectionCatalogue* FindCatalogue(int index);
