@@ -10,6 +10,7 @@
 #include <pty.h>
 #include <regex>
 #include <sys/stat.h>
+#include <termios.h>
 
 using namespace testsupport;
 
@@ -160,6 +161,18 @@ TEST_F(BuildTest, StoresAChecksumOfEachTable) {
     EXPECT_EQ(Rows(mine, "Select * From [DBInfo]")->GetFieldValue(5).vt, VT_NULL);
 }
 
+// So that a process that opens the folder derives one key.
+TEST_F(BuildTest, GoesOnWithTheSaltOfTheFolder) {
+    const auto salt = [this] { return ReadFile(m_file).substr(0, 16); };
+    ASSERT_EQ(Build("--password a").status, 0);
+    const std::string first = salt();
+    ASSERT_EQ(Build("--password a").status, 0);
+    EXPECT_EQ(salt(), first);
+    ASSERT_EQ(Build("--password b").status, 0);
+    EXPECT_NE(salt(), first);
+    EXPECT_EQ(Area("--password b"), "28.3");
+}
+
 TEST_F(BuildTest, TakesThePasswordFromAFile) {
     const std::string file = m_folder.File("password");
     struct {
@@ -207,11 +220,14 @@ std::string OnTerminal(const std::vector<std::string>& arguments, const std::str
     for (ssize_t count = 0; (count = ::read(terminal, buffer.data(), buffer.size())) > 0;) {
         output.append(buffer.data(), static_cast<std::size_t>(count));
         if (output.ends_with(": ") && answered < typed.size()) {
-            const std::size_t end = typed.find('\n', answered) + 1;
+            const std::size_t end = typed.find_first_of("\n\x03", answered) + 1;
             EXPECT_GT(::write(terminal, typed.data() + answered, end - answered), 0);
             answered = end;
         }
     }
+    termios after{};
+    EXPECT_EQ(::tcgetattr(terminal, &after), 0);
+    EXPECT_NE(after.c_lflag & ECHO, 0U) << "what is typed stays hidden";
     ::close(terminal);
     return output + std::to_string(WaitForChild(child));
 }
@@ -221,6 +237,7 @@ TEST_F(BuildTest, AsksForThePasswordOnATerminalWithoutShowingIt) {
                                          m_folder.Path(),   "--password-file", "-"};
     const std::string differing = OnTerminal(build, "sesame\nsesam\n");
     EXPECT_NE(differing.find("The two passwords differ"), std::string::npos) << differing;
+    OnTerminal(build, "sesame\n\x03"); // given up
     EXPECT_FALSE(std::filesystem::exists(m_file));
     const std::string built = OnTerminal(build, "sesame\nsesame\n");
     EXPECT_TRUE(built.starts_with("Password: \r\nThe same again: \r\n")) << built;

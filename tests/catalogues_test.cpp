@@ -6,6 +6,7 @@
 #include "units/UNIT.h"
 
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -92,6 +93,48 @@ TEST_F(CatalogueTest, ListsTheNamesOfItsSections) {
                         {{"2", "B", "b"}, {"1", "A", "a"}, {"3", "C", "c"}});
     EXPECT_EQ(Names(Cable), "b a c");
     EXPECT_EQ(Names(Cable, 1), "a b c"); // by the first column
+}
+
+/// As in the file of another program.
+TEST_F(CatalogueTest, MakesNoNumberOfOneThatDoesNotFit) {
+    struct Case {
+        double recno;
+        unsigned listed;
+        int read;
+    };
+    const Case cases[] = {{-5, 4294967291U, -5},
+                          {65537, 65537, 65537},
+                          {3e9, 3000000000U, 0},
+                          {4294967297.0, 0, 0},
+                          {1e300, 0, 0}};
+    std::vector<std::vector<COleVariant>> rows;
+    for (const Case& c : cases)
+        rows.push_back({c.recno, COleVariant("C"),
+                        COleVariant(("C" + std::to_string(rows.size())).c_str()), -1e300, 2.0,
+                        1.0});
+    m_file.AddPlainTable("Cable",
+                         {{"RECNO", SectionField::Double},
+                          {"Name"},
+                          {"VessaName"},
+                          {"D", SectionField::Double},
+                          {"AX", SectionField::Double},
+                          {"W", SectionField::Double}},
+                         rows);
+    CUIntArray ids;
+    EXPECT_EQ(Names(Cable, 0, 0, &ids), "C0 C1 C2 C3 C4");
+    for (int i = 0; i < std::ssize(cases); ++i) {
+        const std::string name = "C" + std::to_string(i);
+        int type = 0;
+        int recordNo = 7;
+        std::array<float, 16> values{};
+        EXPECT_EQ(ids[i], cases[i].listed) << name;
+        EXPECT_EQ(Data(name.c_str(), type)->RecordNumber, cases[i].read) << name;
+        EXPECT_EQ(m_catalogue.GetSectionDataForGUI(1, name.c_str(), &type, &recordNo, values.data(),
+                                                   1001, 2001),
+                  1);
+        EXPECT_EQ(recordNo, cases[i].read) << name;
+        EXPECT_EQ(values[1], std::numeric_limits<float>::lowest()) << "within the finite range";
+    }
 }
 
 TEST_F(CatalogueTest, TellsColumnsUnitsAndCounts) {

@@ -95,6 +95,9 @@ TEST_F(ThreadsTest, ASecondThreadIsRefused) {
              Facade::GetSectionRecord(American, WShape, "W12X26", &gblSectionDatabase, &rows);
              return rows == nullptr;
          }},
+        {"BeginTransaction()", [] { return Facade::BeginTransaction(American) == 0; }},
+        {"CommitTransaction()", [] { return Facade::CommitTransaction() == 0; }},
+        {"RollbackTransaction()", [] { return Facade::RollbackTransaction() == 0; }},
         {"SetProfileDBFolder()",
          [] {
              Facade::SetProfileDBFolder("/elsewhere");

@@ -2,6 +2,7 @@
 
 #include "dataaccess/Guard.h"
 #include "dataaccess/NameSearch.h"
+#include "platform/Numbers.h"
 #include "records/GirderDesignation.h"
 #include "records/LayoutRecords.h"
 
@@ -10,6 +11,7 @@
 #include <string>
 
 using dbsection::Operation;
+using dbsection::WholeNumber;
 
 namespace {
 
@@ -33,8 +35,8 @@ constexpr const char* SelectGirders =
     "WHERE [JoistGirderMaster].[JoistID] = [JoistGirderLoad].[JoistID]";
 
 GirderDesignation DesignationOf(const JoistGirderRecord& girder) {
-    return {static_cast<int>(girder.Span), static_cast<int>(girder.Depth),
-            static_cast<int>(girder.NumberOfJoist), girder.PanelPtLoad};
+    return {WholeNumber<int>(girder.Span), WholeNumber<int>(girder.Depth),
+            WholeNumber<int>(girder.NumberOfJoist), girder.PanelPtLoad};
 }
 
 /// The girders of a designation, which tells the load to one decimal.
@@ -48,7 +50,7 @@ CString SelectGirder(const GirderDesignation& girder) {
 
 int Numbers(const SectionRecord& record, float* values) {
     for (int i = 0; i < record.ColumnCount(); ++i)
-        values[i] = static_cast<float>(record.Number(BookkeepingColumns + i));
+        values[i] = dbsection::ToSingle(record.Number(BookkeepingColumns + i));
     return 1;
 }
 
@@ -121,7 +123,7 @@ SectionRecord* AISCSteelJoistSectionDB::GetSectionData(const char* name, int* se
             return nullptr;
         SectionRecord* read = dbsection::HandOver(std::move(found[0]));
         const auto* joist = dynamic_cast<const JoistRecord*>(read);
-        *sectionType = joist == nullptr ? GirderSeries : static_cast<int>(joist->SeriesID);
+        *sectionType = joist == nullptr ? GirderSeries : WholeNumber<int>(joist->SeriesID);
         return read;
     });
 }

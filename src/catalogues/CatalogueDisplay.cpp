@@ -3,6 +3,7 @@
 
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
+#include "platform/Numbers.h"
 #include "units/FieldUnits.h"
 
 using dbsection::Operation;
@@ -23,7 +24,7 @@ void Display(const CSectionRecordset& row, const std::vector<DisplayColumn>& col
         *values++ =
             column < 0
                 ? 0
-                : static_cast<float>(dbsection::AsNumber(row.GetFieldValue(column)) * factor);
+                : dbsection::ToSingle(dbsection::AsNumber(row.GetFieldValue(column)) * factor);
 }
 
 } // namespace
@@ -118,8 +119,8 @@ int CatalogueSectionDB::DisplaySection(const char* name, int* sectionType, int* 
         if (!FindDisplayColumns(*family, units, columns))
             return 0;
         Display(*m_pRecordset, columns, values);
-        *recordNo =
-            static_cast<int>(dbsection::AsNumber(m_pRecordset->GetFieldValue(IdentifierColumn)));
+        *recordNo = dbsection::WholeNumber<int>(
+            dbsection::AsNumber(m_pRecordset->GetFieldValue(IdentifierColumn)));
         // That of the table itself, of which the user selects, whatever family it is read as.
         const SectionFamily* own = FindFamily(m_szTableName);
         *sectionType = (own == nullptr ? family : own)->sectionType;

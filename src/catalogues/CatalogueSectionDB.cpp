@@ -5,6 +5,7 @@
 #include "dataaccess/CCrack.h"
 #include "dataaccess/Guard.h"
 #include "dataaccess/NameSearch.h"
+#include "platform/Numbers.h"
 #include "records/LayoutRecords.h"
 #include "units/UNIT.h"
 
@@ -48,7 +49,7 @@ const SectionFamily* CatalogueSectionDB::FindFamily(const CString& table) const 
 
 bool CatalogueSectionDB::ReadCurrentRow(SectionRecord& record, LayoutId layout) const {
     return dbsection::Guarded({"GetSectionData()", "Failed to read the section."}, [&] {
-               record.RecordNumber = static_cast<int>(
+               record.RecordNumber = dbsection::WholeNumber<int>(
                    dbsection::AsNumber(m_pRecordset->GetFieldValue(IdentifierColumn)));
                record.PublicName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(NameColumn));
                record.VessaName = CCrack::strVARIANT(m_pRecordset->GetFieldValue(VessaNameColumn));

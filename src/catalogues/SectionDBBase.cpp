@@ -4,9 +4,9 @@
 #include "dataaccess/CCrack.h"
 #include "dataaccess/LibraryState.h"
 #include "dataaccess/NameSearch.h"
+#include "platform/Numbers.h"
 #include "units/UNIT.h"
 
-#include <cstdint>
 #include <utility>
 
 namespace {
@@ -51,7 +51,9 @@ int FindTableOf(CSectionDatabase* database, const char* name, CString& table, Ma
 }
 
 unsigned int IdentifierIn(const COleVariant& value) {
-    return static_cast<unsigned int>(static_cast<std::int64_t>(dbsection::AsNumber(value)));
+    const double number = dbsection::AsNumber(value);
+    return number < 0 ? static_cast<unsigned int>(dbsection::WholeNumber<int>(number))
+                      : dbsection::WholeNumber<unsigned int>(number);
 }
 
 CString OrderClause(const CStringArray& columns) {

@@ -3,6 +3,7 @@
 #include "engine/SectionEngine.h"
 
 #include "dataaccess/CCrack.h"
+#include "platform/Numbers.h"
 #include "records/GirderDesignation.h"
 
 #include <algorithm>
@@ -11,6 +12,7 @@
 
 using dbsection::EngineSlot;
 using dbsection::engineSlots;
+using dbsection::WholeNumber;
 
 namespace {
 
@@ -21,8 +23,8 @@ constexpr int GirderSlot = 8;
 CString GirderName(const CSectionRecordset& row) {
     std::array<double, 8> column{};
     row.GetFieldNumbers(0, column);
-    const GirderDesignation girder{static_cast<int>(column[3]), static_cast<int>(column[7]),
-                                   static_cast<int>(column[4]), column[6]};
+    const GirderDesignation girder{WholeNumber<int>(column[3]), WholeNumber<int>(column[7]),
+                                   WholeNumber<int>(column[4]), column[6]};
     return girder.Text();
 }
 

@@ -1,9 +1,9 @@
 #include "engine/EngineState.h"
 
+#include "platform/Numbers.h"
 #include "units/FieldUnits.h"
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <optional>
 #include <span>
@@ -72,7 +72,7 @@ std::optional<Factors> ReadFactors(const Conversion& conversion) {
         return std::nullopt;
     if (found == FieldUnits::Kept)
         for (int column = conversion.first; column < conversion.last; ++column)
-            factors[static_cast<std::size_t>(column)] = static_cast<float>(UNIT::ConvertUnitTo(
+            factors[static_cast<std::size_t>(column)] = ToSingle(UNIT::ConvertUnitTo(
                 1.0, units.GetAt(column), static_cast<unsigned>(conversion.forceUnit),
                 static_cast<unsigned>(conversion.lengthUnit)));
     return factors;
@@ -114,11 +114,6 @@ bool EngineSlot::ConvertTo(int lengthUnit, int forceUnit, int first) {
               factors.begin() + BookkeepingColumns);
     count = counted;
     return true;
-}
-
-float ToSingle(double number) {
-    constexpr double Largest = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(number, -Largest, Largest));
 }
 
 void EngineSlot::ReadValues(float* values, int first) const {

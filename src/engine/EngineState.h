@@ -64,9 +64,6 @@ extern std::array<EngineSlot, SlotCount> engineSlots;
 /// The slot of a number, or null.
 EngineSlot* FindSlot(int number);
 
-/// A number as a single, the largest one where it is beyond them.
-float ToSingle(double number);
-
 /// An incoming text up to a NUL, without the blanks at its end; in capitals on request.
 CString EngineText(const char* text, std::int32_t length);
 CString EngineName(const char* text, std::int32_t length);

@@ -2,6 +2,7 @@
 #include "engine/EngineState.h"
 #include "engine/SectionEngine.h"
 
+#include "platform/Numbers.h"
 #include "units/UNIT.h"
 
 #include <memory>
@@ -117,15 +118,17 @@ void GETUNITFORFIELDANDCONVFACT(const std::int32_t* catalogue, const std::int32_
                                 std::int32_t* unit_id, float* factor, std::int32_t* err) {
     constexpr unsigned int Kip = 2001;
     Enter("GETUNITFORFIELDANDCONVFACT()", err, [&] {
-        const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(
-            gblSectionDatabase, SectionDBInterface::GetTableFromSectionType(*catalogue, *type)));
+        // First: it may open another catalogue.
+        const CString table = SectionDBInterface::GetTableFromSectionType(*catalogue, *type);
+        const std::unique_ptr<CStringArray> units(
+            UNIT::GetFieldUnitList(gblSectionDatabase, table));
         if (!units)
             return;
         // Unsigned, as the largest index would overflow; it comes out negative, which is refused.
         const auto column = static_cast<unsigned>(*value_index) + BookkeepingColumns;
         const CString& text = units->GetAt(static_cast<int>(column));
         *unit_id = static_cast<std::int32_t>(UNIT::StringToId(text));
-        *factor = static_cast<float>(
+        *factor = dbsection::ToSingle(
             UNIT::ConvertUnitTo(1.0, text, Kip, static_cast<unsigned int>(*unit)));
     });
 }

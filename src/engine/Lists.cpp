@@ -2,6 +2,8 @@
 #include "engine/EngineState.h"
 #include "engine/SectionEngine.h"
 
+#include "platform/Numbers.h"
+
 #include <vector>
 
 using dbsection::EngineName;

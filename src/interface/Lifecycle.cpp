@@ -101,7 +101,9 @@ CSectionDatabase* SectionDBInterface::GetDatabasePtr(int index) {
 }
 
 SectionDBBase* SectionDBInterface::AttachedCatalogue(int index, CSectionDatabase* db) {
-    SectionDBBase* catalogue = m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index));
+    SectionDBBase* catalogue = std::in_range<WORD>(index)
+                                   ? m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index))
+                                   : nullptr;
     if (db == nullptr || catalogue == nullptr)
         return nullptr;
     catalogue->SetDatabase(db);

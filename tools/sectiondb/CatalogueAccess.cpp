@@ -6,6 +6,7 @@
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "sectiondb/LibraryFailure.h"
+#include "units/FieldUnits.h"
 
 #include <algorithm>
 #include <charconv>
@@ -202,23 +203,12 @@ std::string TextAt(const CSectionRecordset& rows, int column) {
 }
 
 std::vector<std::string> UnitsOf(const OpenCatalogue& open, const SectionFamily& family) {
-    std::vector<std::string> units;
-    ReadTable(family, [&] {
-        if (!HasTable(*open.database, "Field Units"))
-            return;
-        CSectionRecordset rows(open.database);
-        rows.Open(CSectionRecordset::Snapshot,
-                  fmt::format("Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('{}')",
-                              family.table)
-                      .c_str());
-        for (int column = 1; !rows.IsEOF() && column < rows.GetFieldCount(); ++column)
-            units.push_back(rows.GetFieldValue(column).vt == VT_NULL ? "" : TextAt(rows, column));
-        if (!rows.IsEOF())
-            rows.MoveLast();
-        if (rows.GetRecordCount() > 1) // which of them is meant cannot be told
-            units.clear();
-    });
-    return units;
+    CStringArray units;
+    ForgetFailure();
+    if (ReadFieldUnits(open.database, family.table, units) == FieldUnits::Unreadable)
+        throw CommandError(fmt::format("{}: the units of table \"{}\" cannot be read: {}.",
+                                       PathOf(*open.database), family.table, ReasonOfFailure()));
+    return {units.begin(), units.end()};
 }
 
 bool CatalogueFaults::Try(const std::function<void()>& visit) {

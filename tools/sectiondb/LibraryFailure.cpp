@@ -26,6 +26,8 @@ constexpr std::array Failures{
     Failure{SectionError::LockedWhileWriting, "another program is writing; try again"},
     Failure{SectionError::DuplicateKey,
             "another program has stored a section of this name or number; try again"},
+    Failure{SectionError::ChangedByOther,
+            "another program has changed the section meanwhile; look at it again"},
     Failure{SectionError::NoCurrentRecord, "another program has removed the section"},
 };
 

@@ -4,6 +4,7 @@
 #include "sectiondb/Commands.h"
 
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fmt/format.h>
@@ -16,24 +17,41 @@
 namespace dbsection {
 namespace {
 
+termios shown; ///< how the terminal is while nothing is asked
+
+/// Where the person gives up; the signal comes again and ends the program then.
+void ShowInputAgain(int signal) {
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown);
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+}
+
 /// Keeps a terminal from showing what is typed.
 class HiddenInput {
 public:
     HiddenInput() {
-        tcgetattr(STDIN_FILENO, &m_shown);
-        termios hidden = m_shown;
+        tcgetattr(STDIN_FILENO, &shown);
+        struct sigaction showAgain {};
+        showAgain.sa_handler = ShowInputAgain;
+        for (std::size_t i = 0; i < Ends.size(); ++i)
+            if (sigaction(Ends[i], nullptr, &m_before[i]) == 0 && m_before[i].sa_handler != SIG_IGN)
+                sigaction(Ends[i], &showAgain, nullptr);
+        termios hidden = shown;
         hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
         tcsetattr(STDIN_FILENO, TCSAFLUSH, &hidden);
     }
     HiddenInput(const HiddenInput&) = delete;
     HiddenInput& operator=(const HiddenInput&) = delete;
     ~HiddenInput() {
-        tcsetattr(STDIN_FILENO, TCSAFLUSH, &m_shown);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &shown);
+        for (std::size_t i = 0; i < Ends.size(); ++i)
+            sigaction(Ends[i], &m_before[i], nullptr);
         std::fputs("\n", stderr); // that of the line was not shown either
     }
 
 private:
-    termios m_shown{};
+    static constexpr std::array Ends{SIGINT, SIGQUIT, SIGTERM, SIGHUP};
+    std::array<struct sigaction, Ends.size()> m_before{};
 };
 
 /// The first line, without its end.
