@@ -115,7 +115,6 @@ void GETFIELDCOUNT(const std::int32_t* catalogue, const std::int32_t* type,
 void GETUNITFORFIELDANDCONVFACT(const std::int32_t* catalogue, const std::int32_t* type,
                                 const std::int32_t* value_index, const std::int32_t* unit,
                                 std::int32_t* unit_id, float* factor, std::int32_t* err) {
-    constexpr unsigned int Kip = 2001;
     Enter("GETUNITFORFIELDANDCONVFACT()", err, [&] {
         const std::unique_ptr<CStringArray> units(UNIT::GetFieldUnitList(
             gblSectionDatabase, SectionDBInterface::GetTableFromSectionType(*catalogue, *type)));
@@ -126,6 +125,6 @@ void GETUNITFORFIELDANDCONVFACT(const std::int32_t* catalogue, const std::int32_
         const CString& text = units->GetAt(static_cast<int>(column));
         *unit_id = static_cast<std::int32_t>(UNIT::StringToId(text));
         *factor = static_cast<float>(
-            UNIT::ConvertUnitTo(1.0, text, Kip, static_cast<unsigned int>(*unit)));
+            UNIT::ConvertUnitTo(1.0, text, UNIT::Kip, static_cast<unsigned int>(*unit)));
     });
 }
