@@ -8,11 +8,7 @@
 #include "catalogues/SectionDBBase.h"
 #include "platform/Collections.h"
 #include "platform/Export.h"
-
-/// Catalogue indices besides 1 to LastCatalogueIndex.
-inline constexpr int LastCatalogueIndex = 37;
-inline constexpr int UserTableIndex = 1001;
-inline constexpr int GenericTableIndex = 1010;
+#include "records/CatalogueList.h"
 
 class DBSECTION_API SectionDBDriverBase {
 public:
