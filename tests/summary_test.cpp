@@ -7,6 +7,7 @@
 #include "catalogues/SectionDBDriver.h"
 #include "units/UNIT.h"
 
+#include <map>
 #include <memory>
 
 using namespace testsupport;
@@ -312,6 +313,21 @@ TEST_F(SummaryTest, ReadsAndWritesTablesOfAnOlderLayout) {
         EXPECT_EQ(values[11], 0); // the gap
         m_file.RemoveTable("Double Angle");
         UNIT::DeleteFieldUnits(m_file.Database(), "Double Angle");
+    }
+}
+
+TEST(SectionLayouts, HaveFewColumnsThatOlderTablesLack) {
+    const std::map<std::string, std::string> added{{"double angle", " GAP"},
+                                                   {"cold-formed angle", " CY"},
+                                                   {"cold-formed angle with lips", " CY"},
+                                                   {"hat", " L CY"},
+                                                   {"eave strut", " CY"}};
+    for (const SectionLayout& layout : GetSectionLayouts()) {
+        std::string names;
+        for (const LayoutColumn& column : layout.columns)
+            if (column.isAdded)
+                names.append(" ").append(column.name);
+        EXPECT_EQ(names, added.contains(layout.name) ? added.at(layout.name) : "") << layout.name;
     }
 }
 

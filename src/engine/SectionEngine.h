@@ -14,9 +14,7 @@
  * most, lengths converted to the unit `unit`: 1001 inch, 1002 foot, 1003 yard, 1004 mm, 1005 cm,
  * 1006 dm, 1007 m, 1008 km; forces to kips. Any other code leaves them as stored. `err` is the kind
  * of the last failure: 0 none, 1 memory, 2 file, 3 resource, 4 data access, 5 component, 6 archive.
- * A failed call gives no rows and no values: counts and status are 0. No exception leaves a call
- * but the library's invalid-argument error (CInvalidArgException*): where a table's list of units
- * is shorter than its columns, a value is converted, or asked for its unit, beyond the list.
+ * A failed call gives no rows and no values: counts and status are 0.
  *
  * Where a table keeps no units, its values come as stored; where its units cannot be read, none
  * come. A list of units that is too short throws the invalid-argument error (CInvalidArgException*

@@ -242,7 +242,7 @@ public:
     // the length unit `unit1` (1001 to 1008) and forces in the force unit `unit2` (2001 to 2008).
 
     /// The VessaNames, or the public names, of a section type; by record number when `sorted` is
-    /// not 0. `ids` receives the record numbers in list order.
+    /// not 0. `ids` receives the record numbers in list order, 0 for one beyond 32 bits.
     static CStringList* GetSectionNameList(int index, int type, int sorted);
     static CStringList* GetSectionNameList(int index, int type, CUIntArray* ids, int sorted);
     static CStringList* GetSectionPublicNameList(int index, int type, int sorted);
