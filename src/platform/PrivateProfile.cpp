@@ -26,7 +26,9 @@ using dbsection::ProfileIndex;
 constexpr std::size_t MaxFileSize = std::size_t{16} << 20;
 constexpr std::size_t MaxKeptFiles = 16;
 
-int lastError = 0;
+// Of each thread: the functions may be called from several.
+
+thread_local int lastError = 0;
 
 struct KeptFile {
     KeptFile(const FileVersion& fileVersion, bool isTrusted, std::string text)
@@ -62,7 +64,7 @@ int ReadText(const std::string& path, std::string& text, struct stat& status) {
 
 /// The entries of a file, read again only when the file has changed. Null on error.
 const ProfileIndex* Load(const char* file) {
-    static std::unordered_map<std::string, KeptFile> keptFiles;
+    static thread_local std::unordered_map<std::string, KeptFile> keptFiles;
     const std::string path = dbsection::NativePath(file == nullptr ? "" : file);
     const auto place = keptFiles.find(path);
     struct stat status {};

@@ -10,15 +10,23 @@ void ConnectionCloser::operator()(Connection* connection) const noexcept {
         delete connection;
 }
 
-std::list<Connection*>& Connection::Living() {
-    static auto& living = *new std::list<Connection*>; // databases of the host may live longest
+Connection::LivingConnections& Connection::Living() {
+    static auto& living = *new LivingConnections; // databases of the host may live longest
     return living;
 }
 
-Connection::Connection(std::string path) : m_path(std::move(path)) { Living().push_back(this); }
+Connection::Connection(std::string path) : m_path(std::move(path)) {
+    LivingConnections& living = Living();
+    const std::lock_guard lock(living.guard);
+    living.all.push_back(this);
+}
 
 Connection::~Connection() {
-    Living().remove(this);
+    {
+        LivingConnections& living = Living();
+        const std::lock_guard lock(living.guard);
+        living.all.remove(this);
+    }
     m_kept.Clear();
     sqlite3_close(m_database);
 }

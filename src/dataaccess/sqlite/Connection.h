@@ -12,10 +12,12 @@
 #include "platform/FileVersion.h"
 #include "platform/ProcessMark.h"
 
+#include <atomic>
 #include <cstdint>
 #include <list>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -151,7 +153,7 @@ private:
     friend class Transaction;
 
     static std::int64_t NextSerial() {
-        static std::int64_t last = 0;
+        static std::atomic<std::int64_t> last = 0;
         return ++last;
     }
 
@@ -159,7 +161,11 @@ private:
     ~Connection();
 
     /// All that live in this process, those that it inherited included.
-    static std::list<Connection*>& Living();
+    struct LivingConnections {
+        std::mutex guard;
+        std::list<Connection*> all;
+    };
+    static LivingConnections& Living();
 
     static ConnectionPtr OpenAnew(const std::string& path, std::string_view password,
                                   Access access);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -24,9 +25,9 @@ constexpr auto EngineWithoutEncryption = static_cast<std::int32_t>(0x80004005);
 /// Major version of the engine's cipher. An engine without cipher, as when another copy of the
 /// engine was loaded into the process first, cannot open protected files.
 int CipherMajorVersion(sqlite3* database) {
-    static int major = 0;
-    if (major != 0)
-        return major;
+    static std::atomic<int> known = 0;
+    if (known != 0)
+        return known;
     sqlite3_stmt* statement = nullptr;
     int code = sqlite3_prepare_v2(database, "PRAGMA cipher_version", -1, &statement, nullptr);
     const StatementPtr owned(statement);
@@ -38,8 +39,8 @@ int CipherMajorVersion(sqlite3* database) {
         throw CMemoryException::Instance();
     if (version == nullptr)
         throw new CSectionException(EngineWithoutEncryption);
-    major = std::atoi(version);
-    return major;
+    known = std::atoi(version);
+    return known;
 }
 
 /// The password for a protected file.
@@ -141,7 +142,9 @@ ConnectionPtr Connection::Create(const std::string& path, std::string_view passw
 /// without any.
 void Connection::RequireNoInheritedLock() const {
     std::error_code ignored;
-    for (const Connection* other : Living())
+    LivingConnections& living = Living();
+    const std::lock_guard lock(living.guard);
+    for (const Connection* other : living.all)
         if (!other->IsOurs() && (other->m_exclusive || other->IsInTransaction()) &&
             std::filesystem::equivalent(m_path, other->m_path, ignored))
             Fail(SectionError::InUse, m_path + ": this process was forked while the file was "

@@ -1,6 +1,7 @@
 #include "dataaccess/sqlite/ConnectionPool.h"
 
 #include <list>
+#include <mutex>
 #include <new>
 
 namespace dbsection {
@@ -22,16 +23,21 @@ RestingConnections& Resting() {
     return resting;
 }
 
+/// Guards the resting connections; one that is ended is closed outside.
+constinit std::mutex guard;
+
 } // namespace
 
 ConnectionPtr ConnectionPool::Take(const Origin& origin, std::string_view password) {
     if (isOver)
         return nullptr;
+    std::list<ConnectionPtr> ended;
+    const std::lock_guard lock(guard);
     RestingConnections& resting = Resting();
     for (auto place = resting.begin(); place != resting.end();) {
         Connection& candidate = **place;
         if (!candidate.IsOurs() || candidate.IsOutdatedBy(origin)) {
-            place = resting.erase(place);
+            ended.splice(ended.end(), resting, place++);
         } else if (candidate.CanServe(origin, password)) {
             auto taken = std::move(*place);
             resting.erase(place);
@@ -49,18 +55,25 @@ void ConnectionPool::Rest(ConnectionPtr connection) noexcept {
         if (isOver || !connection->MayRest())
             return;
         connection->TrimCache();
+        std::list<ConnectionPtr> rested;
+        rested.push_front(std::move(connection));
+        std::list<ConnectionPtr> ended;
+        const std::lock_guard lock(guard);
         RestingConnections& resting = Resting();
-        resting.push_front(std::move(connection));
+        resting.splice(resting.begin(), rested);
         if (resting.size() > Capacity)
-            resting.pop_back();
+            ended.splice(ended.end(), resting, std::prev(resting.end()));
     } catch (const std::bad_alloc&) {
         connection.reset();
     }
 }
 
 void ConnectionPool::Clear() noexcept {
-    if (!isOver)
-        Resting().clear();
+    if (isOver)
+        return;
+    std::list<ConnectionPtr> ended;
+    const std::lock_guard lock(guard);
+    ended.swap(Resting());
 }
 
 } // namespace dbsection

@@ -5,8 +5,10 @@
 #include <algorithm>
 #include <bitset>
 #include <list>
+#include <mutex>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
+#include <optional>
 #include <ranges>
 #include <string_view>
 #include <unistd.h>
@@ -73,10 +75,11 @@ public:
         });
     }
 
-    const Entry* FindOpener(std::string_view password) const {
-        return FirstOf(m_entries | std::views::reverse, [&](const Entry& entry) {
-            return entry.hasOpened && entry.password.Get() == password;
+    std::optional<FileSalt> SaltOfOpener(std::string_view password) const {
+        const Entry* entry = FirstOf(m_entries | std::views::reverse, [&](const Entry& candidate) {
+            return candidate.hasOpened && candidate.password.Get() == password;
         });
+        return entry == nullptr ? std::nullopt : std::optional(entry->salt);
     }
 
     void Confirm(KeyNumber number) {
@@ -95,10 +98,23 @@ private:
     std::list<Entry> m_entries; // never moved, so that no copy of a key is left behind
 };
 
-KeyStore& Store() {
-    static KeyStore store;
-    return store;
-}
+/// The keys, while nobody else reads or derives any.
+class LockedStore {
+public:
+    LockedStore() : m_store(Store()) {}
+
+    KeyStore* operator->() const { return &m_store; }
+
+private:
+    static KeyStore& Store() {
+        static KeyStore store;
+        return store;
+    }
+    static constinit inline std::mutex guard;
+
+    std::lock_guard<std::mutex> m_lock{guard};
+    KeyStore& m_store;
+};
 
 } // namespace
 
@@ -123,7 +139,8 @@ SecretText::~SecretText() { OPENSSL_cleanse(m_text.data(), m_text.size()); }
 
 SecretText KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor) {
     static constexpr std::string_view Digits = "0123456789abcdef";
-    const Key& key = Store().Get(salt, password, cipherMajor);
+    const LockedStore store;
+    const Key& key = store->Get(salt, password, cipherMajor);
     std::string statement;
     statement.reserve(128); // so that no copy of a part of it is left behind
     statement = "PRAGMA key = \"x'";
@@ -140,15 +157,16 @@ SecretText KeyStatement(const FileSalt& salt, std::string_view password, int cip
 }
 
 KeyNumber FindKey(const FileSalt& salt, std::string_view password) {
-    const KeyStore::Entry* entry = Store().Find(salt, password);
+    const LockedStore store;
+    const KeyStore::Entry* entry = store->Find(salt, password);
     return entry == nullptr ? 0 : entry->number;
 }
 
-void ConfirmKey(KeyNumber number) { Store().Confirm(number); }
+void ConfirmKey(KeyNumber number) { LockedStore()->Confirm(number); }
 
 FileSalt SaltForNewFile(std::string_view password) {
-    if (const KeyStore::Entry* entry = Store().FindOpener(password))
-        return entry->salt;
+    if (const auto salt = LockedStore()->SaltOfOpener(password))
+        return *salt;
     FileSalt salt;
     // The system's random numbers: the first use of the cipher library's may crash without memory.
     if (::getentropy(salt.data(), salt.size()) != 0)
