@@ -29,9 +29,11 @@ lint: setup
 sanitize: setup
 	@scripts/build sanitize
 	@ctest --preset sanitize
+	@scripts/build threads
+	@ctest --preset threads
 
 bench: build
 	@build/bin/sectiondb_bench
 
 clean:
-	@rm -rf build build-sanitize
+	@rm -rf build build-sanitize build-threads

@@ -1,0 +1,204 @@
+#include "sections/Catalogue.h"
+
+#include "dataaccess/CSectionException.h"
+#include "platform/Text.h"
+#include "records/DerivedProperties.h"
+#include "sections/CatalogueData.h"
+#include "sections/Error.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace sections {
+namespace {
+
+/// A row's columns in mm and N.
+class RowInBaseUnits final : public dbsection::ColumnValues {
+public:
+    RowInBaseUnits(const FamilyData& family, std::size_t row) : m_family(family), m_row(row) {}
+
+    double Value(std::size_t column) const override {
+        return IsKept(column) ? m_family.data[column].figures[m_row] * SizeOf(column) : 0;
+    }
+    bool IsKept(std::size_t column) const override {
+        return column < m_family.data.size() && !m_family.data[column].figures.empty() &&
+               !std::isnan(m_family.data[column].figures[m_row]);
+    }
+
+private:
+    /// What has no unit of length or force counts as it is; what should have one and has not, as
+    /// nothing.
+    double SizeOf(std::size_t column) const {
+        const FamilyColumn& data = m_family.data[column];
+        const bool isPlain =
+            data.column.quantity == ::Quantity::Number || data.column.quantity == ::Quantity::Angle;
+        return isPlain ? 1 : data.size;
+    }
+
+    const FamilyData& m_family;
+    std::size_t m_row;
+};
+
+/// N/mm^3 of a density in kg/m^3.
+double weightDensity(double density) { return density * 9.80665e-9; }
+
+} // namespace
+
+const std::string& Section::name() const { return m_family->names[m_row]; }
+const std::string& Section::programName() const { return m_family->programNames[m_row]; }
+std::int64_t Section::recordNumber() const { return m_family->recordNumbers[m_row]; }
+Family Section::family() const { return {m_catalogue, *m_family}; }
+
+void Section::failFor(std::string_view property) const {
+    throw Error(SectionError::NoSuchItem, m_catalogue->path + ": " + name() + " of table \"" +
+                                              m_family->table + "\" has no " +
+                                              std::string(property) + ".");
+}
+
+std::optional<Quantity> Section::find(std::string_view column) const {
+    const FamilyColumn* data = m_family->find(column);
+    if (data == nullptr || data->figures.empty() || std::isnan(data->figures[m_row]))
+        return std::nullopt;
+    return Quantity(data->figures[m_row], data->column.unit);
+}
+
+Quantity Section::operator[](std::string_view column) const {
+    if (auto quantity = find(column))
+        return *quantity;
+    failFor("figure " + std::string(column));
+}
+
+std::string_view Section::text(std::string_view column) const {
+    const FamilyColumn* data = m_family->find(column);
+    if (data == nullptr || data->texts.empty())
+        failFor("text " + std::string(column));
+    return data->texts[m_row];
+}
+
+template <int L>
+Measure<L> Section::first(std::initializer_list<std::string_view> columns,
+                          const char* property) const {
+    for (const std::string_view column : columns)
+        if (const auto quantity = find(column))
+            return quantity->as<L>();
+    failFor(property);
+}
+
+template <int L, int F>
+Measure<L, F> Section::derived(double dbsection::DerivedProperties::*member,
+                               const char* property) const {
+    const dbsection::DerivedProperties all =
+        dbsection::DeriveProperties(m_family->family->layout, RowInBaseUnits(*m_family, m_row),
+                                    weightDensity(m_catalogue->catalogue->density));
+    if (all.*member == 0)
+        failFor(property);
+    return {all.*member, Unit<L, F>{1}};
+}
+
+Area Section::area() const { return first<2>({"AX"}, "area"); }
+Length Section::depth() const { return first<1>({"D", "OD"}, "depth"); }
+Length Section::width() const { return first<1>({"BF", "B", "OD"}, "width"); }
+Length Section::flangeThickness() const { return first<1>({"TF"}, "flange thickness"); }
+Length Section::webThickness() const { return first<1>({"TW"}, "web thickness"); }
+Length Section::thickness() const { return first<1>({"T"}, "thickness"); }
+Inertia Section::majorInertia() const { return first<4>({"IZ", "I"}, "moment of inertia"); }
+Inertia Section::minorInertia() const { return first<4>({"IY", "I"}, "moment of inertia"); }
+Warping Section::warpingConstant() const { return first<6>({"CW"}, "warping constant"); }
+Modulus Section::majorPlasticModulus() const { return first<3>({"ZZ", "Z"}, "plastic modulus"); }
+Modulus Section::minorPlasticModulus() const { return first<3>({"ZY", "Z"}, "plastic modulus"); }
+Length Section::centroidHeight() const { return first<1>({"CY"}, "centroid height"); }
+Length Section::centroidOffset() const { return first<1>({"CZ"}, "centroid offset"); }
+
+Inertia Section::torsionConstant() const {
+    return derived<4>(&dbsection::DerivedProperties::torsionConstant, "torsion constant");
+}
+Modulus Section::majorElasticModulus() const {
+    return derived<3>(&dbsection::DerivedProperties::majorModulus, "elastic modulus");
+}
+Modulus Section::minorElasticModulus() const {
+    return derived<3>(&dbsection::DerivedProperties::minorModulus, "elastic modulus");
+}
+Length Section::majorRadius() const {
+    return derived<1>(&dbsection::DerivedProperties::majorRadius, "radius of gyration");
+}
+Length Section::minorRadius() const {
+    return derived<1>(&dbsection::DerivedProperties::minorRadius, "radius of gyration");
+}
+WeightPerLength Section::weight() const {
+    return derived<-1, 1>(&dbsection::DerivedProperties::weightPerLength, "weight");
+}
+
+double Section::principalAngle() const {
+    const auto angle = find("ALPHA");
+    return angle ? angle->figure() : 0;
+}
+
+const std::string& Family::name() const { return m_family->table; }
+int Family::sectionType() const { return m_family->family->sectionType; }
+LayoutId Family::layout() const { return m_family->family->layout; }
+const std::vector<Column>& Family::columns() const { return m_family->columns; }
+Catalogue Family::catalogue() const { return Catalogue(m_catalogue); }
+std::size_t Family::size() const { return m_family->names.size(); }
+Section Family::operator[](std::size_t row) const { return {m_catalogue, *m_family, row}; }
+
+std::optional<Section> Family::find(std::string_view name) const {
+    return Catalogue(m_catalogue).find(name, m_family);
+}
+
+Catalogue Catalogue::read(const std::string& path, int number, std::string_view password) {
+    return Catalogue(std::make_shared<const CatalogueData>(readCatalogue(path, number, password)));
+}
+
+int Catalogue::number() const { return m_data->catalogue->index; }
+const std::string& Catalogue::name() const { return m_data->title; }
+const std::string& Catalogue::path() const { return m_data->path; }
+const std::string& Catalogue::standard() const { return m_data->standard; }
+
+std::size_t Catalogue::size() const {
+    std::size_t size = 0;
+    for (const FamilyData& family : m_data->families)
+        size += family.names.size();
+    return size;
+}
+
+std::vector<Family> Catalogue::families() const {
+    std::vector<Family> families;
+    for (const FamilyData& family : m_data->families)
+        families.push_back(Family(m_data, family));
+    return families;
+}
+
+Family Catalogue::family(std::string_view name) const {
+    std::string known;
+    for (const FamilyData& family : m_data->families) {
+        if (dbsection::EqualNoCase(family.table, name))
+            return {m_data, family};
+        known += (known.empty() ? "" : ", ") + family.table;
+    }
+    throw Error(SectionError::NoSuchItem, m_data->path + ": there is no family \"" +
+                                              std::string(name) + "\"; the families are " + known +
+                                              ".");
+}
+
+std::optional<Section> Catalogue::find(std::string_view name, const FamilyData* family) const {
+    const auto [begin, end] = m_data->index.equal_range(name);
+    std::optional<Place> first;
+    for (auto entry = begin; entry != end; ++entry)
+        if ((family == nullptr || family == &m_data->families[entry->second.family]) &&
+            (!first || entry->second < *first))
+            first = entry->second;
+    if (!first)
+        return std::nullopt;
+    return Section(m_data, m_data->families[first->family], first->row);
+}
+
+std::optional<Section> Catalogue::find(std::string_view name) const { return find(name, nullptr); }
+
+Section Catalogue::at(std::string_view name) const {
+    if (auto section = find(name))
+        return *section;
+    throw Error(SectionError::NoSuchItem,
+                m_data->path + ": there is no section \"" + std::string(name) + "\".");
+}
+
+} // namespace sections

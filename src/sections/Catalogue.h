@@ -1,0 +1,186 @@
+// Catalogues, families and sections as values.
+//
+//     const sections::Catalogue american = library.open("American");
+//     const sections::Section beam = american.at("W12X26");
+//     double inertia = beam.majorInertia().in("mm^4");
+//
+//     const auto shapes = american.family("W Shape").sections();
+//     const auto lightest = std::ranges::min(shapes, {}, &sections::Section::weight);
+//
+// A catalogue is a picture of its file at the time when it was opened: it never changes, and any
+// number of threads may read it at once. Catalogues, families and sections are cheap to copy, and
+// each of them keeps the picture alive.
+#pragma once
+
+#include "platform/Export.h"
+#include "records/SectionLayout.h"
+#include "sections/Quantity.h"
+
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <ranges>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace dbsection {
+struct DerivedProperties;
+}
+
+namespace sections {
+
+struct CatalogueData;
+struct FamilyData;
+class Family;
+class Catalogue;
+
+/// A property column of a family.
+struct Column {
+    std::string name; ///< as the table names it, e.g. "IZ"
+    std::string unit; ///< as the catalogue keeps it, e.g. "INCHES^4"; empty where it keeps none
+    ::Quantity quantity;
+    std::string meaning;
+};
+
+/// One section: a row of a family.
+///
+/// Axes: the major axis is that about which the section is stiffer as it stands, the minor axis is
+/// square to it. A property that the section does not have, or the catalogue does not tell, throws
+/// Error (SectionError::NoSuchItem).
+class DBSECTION_API Section {
+public:
+    const std::string& name() const;        ///< as the standard prints it
+    const std::string& programName() const; ///< as the analysis program names it
+    std::int64_t recordNumber() const;
+    Family family() const;
+
+    /// The figure of a column, as the catalogue keeps it; nothing where it keeps none.
+    std::optional<Quantity> find(std::string_view column) const;
+
+    /// The same; throws Error where there is none.
+    Quantity operator[](std::string_view column) const;
+
+    /// The text of a column, such as the product form of an alloy.
+    std::string_view text(std::string_view column) const;
+
+    Area area() const;
+    Length depth() const; ///< of round sections the diameter, of angles the longer leg
+    Length width() const; ///< of flanged sections that of the flange
+    Length flangeThickness() const;
+    Length webThickness() const;
+    Length thickness() const; ///< of walls and legs
+
+    Inertia majorInertia() const;
+    Inertia minorInertia() const;
+    Inertia torsionConstant() const;
+    Warping warpingConstant() const;
+    Modulus majorPlasticModulus() const;
+    Modulus minorPlasticModulus() const;
+    Length centroidHeight() const; ///< from the face that the column CY tells
+    Length centroidOffset() const; ///< from the face that the column CZ tells
+
+    // These follow from the figures above where the catalogue does not keep them.
+    Modulus majorElasticModulus() const; ///< at the extreme fibre
+    Modulus minorElasticModulus() const;
+    Length majorRadius() const; ///< of gyration
+    Length minorRadius() const;
+    WeightPerLength weight() const; ///< of steel or aluminium, by the catalogue's density
+
+    /// The angle of the principal axes in degrees; 0 for sections that are symmetric about an axis.
+    double principalAngle() const;
+
+private:
+    friend class Family;
+    friend class Catalogue;
+
+    Section(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family,
+            std::size_t row)
+        : m_catalogue(std::move(catalogue)),
+          m_family(&family),
+          m_row(row) {}
+
+    template <int L>
+    Measure<L> first(std::initializer_list<std::string_view> columns, const char* property) const;
+    template <int L, int F = 0>
+    Measure<L, F> derived(double dbsection::DerivedProperties::*member, const char* property) const;
+    [[noreturn]] void failFor(std::string_view property) const;
+
+    std::shared_ptr<const CatalogueData> m_catalogue;
+    const FamilyData* m_family;
+    std::size_t m_row;
+};
+
+/// A shape family of a catalogue: one of its tables.
+class DBSECTION_API Family {
+public:
+    const std::string& name() const; ///< of the table, e.g. "W Shape"
+    int sectionType() const;         ///< the catalogue's number of it
+    LayoutId layout() const;
+    const std::vector<Column>& columns() const;
+    Catalogue catalogue() const;
+
+    std::size_t size() const;
+    Section
+    operator[](std::size_t row) const; ///< in the catalogue's order; `row` must be below size()
+
+    /// All sections, a random-access range of values.
+    auto sections() const {
+        return std::views::iota(0U, static_cast<unsigned>(size())) |
+               std::views::transform([*this](unsigned row) { return (*this)[row]; });
+    }
+
+    /// The section of that name, public or the program's, whatever its letter case: the first one;
+    /// nothing where there is none.
+    std::optional<Section> find(std::string_view name) const;
+
+private:
+    friend class Catalogue;
+    friend class Section;
+
+    Family(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family)
+        : m_catalogue(std::move(catalogue)),
+          m_family(&family) {}
+
+    std::shared_ptr<const CatalogueData> m_catalogue;
+    const FamilyData* m_family;
+};
+
+class DBSECTION_API Catalogue {
+public:
+    /// Reads a file, as one moment's picture. The password opens a protected one; an empty one
+    /// means that of SECTIONDB_PASSWORD. Throws Error where the file cannot be opened or read, or
+    /// is no catalogue of that number (1 to 37, 1001 for user tables, 1010 for generic shapes).
+    static Catalogue read(const std::string& path, int number, std::string_view password = {});
+
+    int number() const;
+    const std::string& name() const;     ///< e.g. "American"
+    const std::string& path() const;     ///< of the file
+    const std::string& standard() const; ///< with its edition
+    std::size_t size() const;            ///< the number of sections
+
+    /// The families that have a table in the file, in the order of the catalogue.
+    std::vector<Family> families() const;
+
+    /// The family of that name; throws Error, naming those that there are.
+    Family family(std::string_view name) const;
+
+    /// The section of that name in any family, public or the program's, whatever its letter case:
+    /// the first in the order of families; nothing where there is none.
+    std::optional<Section> find(std::string_view name) const;
+
+    /// The same; throws Error where there is none.
+    Section at(std::string_view name) const;
+
+private:
+    friend class Family;
+
+    explicit Catalogue(std::shared_ptr<const CatalogueData> data) : m_data(std::move(data)) {}
+
+    std::optional<Section> find(std::string_view name, const FamilyData* family) const;
+
+    std::shared_ptr<const CatalogueData> m_data;
+};
+
+} // namespace sections

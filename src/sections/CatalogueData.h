@@ -1,0 +1,63 @@
+// What a catalogue object keeps of its file.
+#pragma once
+
+#include "records/CatalogueList.h"
+#include "sections/Catalogue.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace sections {
+
+struct FamilyColumn {
+    Column column;
+    std::size_t place;              ///< in the layout
+    double size;                    ///< of its unit in mm and N; 0 where that is not known
+    std::vector<double> figures;    ///< by row, not-a-number where the row keeps none
+    std::vector<std::string> texts; ///< by row, of a column of texts
+};
+
+struct FamilyData {
+    const SectionFamily* family;
+    std::string table;
+    std::vector<Column> columns;
+    std::vector<FamilyColumn> data; ///< in the order of `columns`
+    std::vector<std::int64_t> recordNumbers;
+    std::vector<std::string> names;
+    std::vector<std::string> programNames;
+
+    /// The column of that name, or null.
+    const FamilyColumn* find(std::string_view name) const;
+};
+
+/// Hashes and compares whatever the letter case.
+struct NameHash {
+    std::size_t operator()(std::string_view name) const;
+};
+struct SameName {
+    bool operator()(std::string_view left, std::string_view right) const;
+};
+
+struct Place {
+    std::size_t family;
+    std::size_t row;
+    auto operator<=>(const Place&) const = default;
+};
+
+struct CatalogueData {
+    const SectionCatalogue* catalogue;
+    std::string path;
+    std::string title;
+    std::string standard;
+    std::vector<FamilyData> families;
+    std::unordered_multimap<std::string_view, Place, NameHash, SameName> index; ///< of all names
+};
+
+/// Reads a file; throws Error.
+CatalogueData readCatalogue(const std::string& path, int number, std::string_view password);
+
+} // namespace sections

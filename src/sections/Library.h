@@ -1,0 +1,44 @@
+// A folder of catalogues.
+//
+//     const sections::Library library("/srv/catalogues", "secret");
+//     const sections::Catalogue european = library.open("European");
+//
+// Libraries know nothing of each other, nor of the settings of SectionDBInterface; two of them may
+// be used by two threads at once, and one by several.
+#pragma once
+
+#include "platform/Export.h"
+#include "sections/Catalogue.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace sections {
+
+class DBSECTION_API Library {
+public:
+    /// The password opens protected files; an empty one means that of SECTIONDB_PASSWORD.
+    explicit Library(std::filesystem::path folder, std::string password = {});
+
+    /// The numbers of the catalogues that have a file in the folder.
+    std::vector<int> numbers() const;
+
+    /// The display name of a catalogue; throws Error for a number that is none.
+    static std::string nameOf(int number);
+
+    /// The number of a catalogue by its number, file stem or display name, whatever the letter
+    /// case; throws Error.
+    static int numberOf(std::string_view name);
+
+    /// Reads a catalogue. Throws Error where it has no file, or Catalogue::read does.
+    Catalogue open(int number) const;
+    Catalogue open(std::string_view name) const { return open(numberOf(name)); }
+
+private:
+    std::filesystem::path m_folder;
+    std::string m_password;
+};
+
+} // namespace sections

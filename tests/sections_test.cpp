@@ -1,0 +1,166 @@
+// Catalogues, families and sections as values.
+#include "CatalogueFixture.h"
+#include "sectiondb/CatalogueBuilder.h"
+
+#include "dataaccess/CSectionException.h"
+#include "sections/Error.h"
+#include "sections/Library.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <thread>
+
+using namespace testsupport;
+using namespace sections::units;
+
+namespace {
+
+class SectionsTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = std::make_unique<TempFolder>();
+        Build("AISCSections", "");
+        Build("EuropeanSections", "secret");
+    }
+    static void TearDownTestSuite() { folder.reset(); }
+
+    static void Build(const std::string& stem, const char* password) {
+        const auto source =
+            dbsection::CatalogueSource::Load(std::filesystem::path(SECTIONDB_DATA_DIR) / stem);
+        dbsection::BuildCatalogue(source, folder->File(stem + ".db3"), password, [] {});
+    }
+
+    static sections::Library Library() { return sections::Library(folder->Path(), "secret"); }
+
+    static inline std::unique_ptr<TempFolder> folder;
+};
+
+TEST_F(SectionsTest, TellTheirFiguresInAnyUnit) {
+    const sections::Section beam = Library().open("american").at("w12x26");
+    EXPECT_EQ(beam.name(), "W12X26");
+    EXPECT_EQ(beam.family().name(), "W Shape");
+    EXPECT_EQ(beam["IZ"].figure(), 204);
+    EXPECT_EQ(beam["IZ"].unit(), "INCHES^4");
+    EXPECT_DOUBLE_EQ(beam["IZ"].in("cm^4"), 204 * 41.6231425600);
+    EXPECT_EQ(beam.area().in(in * in), 7.65);
+    EXPECT_DOUBLE_EQ(beam.area().in("mm^2"), 4935.474);
+    EXPECT_DOUBLE_EQ(beam.depth().in(mm), 309.88);
+    EXPECT_DOUBLE_EQ(beam["AX"].as<2>().in(cm * cm), 49.35474);
+
+    // As the manual prints them.
+    EXPECT_NEAR(beam.majorElasticModulus().in("in^3"), 33.4, 0.05);
+    EXPECT_NEAR(beam.minorElasticModulus().in("in^3"), 5.34, 0.01);
+    EXPECT_NEAR(beam.majorRadius().in("in"), 5.17, 0.01);
+    EXPECT_NEAR(beam.minorRadius().in("in"), 1.51, 0.01);
+    EXPECT_NEAR(beam.weight().in("lb/ft"), 26, 0.1);
+    EXPECT_NEAR(beam.weight().in("kg/m"), 38.7, 0.1);
+
+    const sections::Section angle = Library().open(1).at("L6X4X1/2");
+    EXPECT_NEAR(angle.majorElasticModulus().in("in^3"), 4.31, 0.03);
+    EXPECT_EQ(angle.principalAngle(), 23.75);
+    EXPECT_NEAR(Library().open(1).at("PIPE6SCH40").torsionConstant().in("in^4"), 52.9, 0.2);
+}
+
+TEST_F(SectionsTest, AreOrdinaryRanges) {
+    const sections::Catalogue american = Library().open("AISCSections");
+    const auto shapes = american.family("w shape").sections();
+    ASSERT_EQ(std::ranges::size(shapes), 289);
+    auto strong = shapes | std::views::filter([](const sections::Section& shape) {
+                      return shape.majorPlasticModulus() >= sections::Modulus(95.4, pow<3>(in));
+                  });
+    EXPECT_EQ(std::ranges::min(strong, {}, &sections::Section::weight).name(), "W21X44");
+    std::vector<sections::Section> sorted(shapes.begin(), shapes.end());
+    std::ranges::sort(sorted, {}, &sections::Section::area);
+    EXPECT_EQ(sorted.front().name(), "W6X8.5");
+
+    std::size_t count = 0;
+    for (const sections::Family& family : american.families())
+        count += family.size();
+    EXPECT_EQ(count, american.size());
+    EXPECT_FALSE(american.family("Pipe").find("W12X26"));
+    EXPECT_TRUE(american.family("W Shape").find("W12X26"));
+}
+
+TEST_F(SectionsTest, OutliveTheirLibrary) {
+    std::optional<sections::Section> kept;
+    {
+        const sections::Library library = Library();
+        kept = library.open("European").find("IPE300");
+    }
+    ASSERT_TRUE(kept);
+    EXPECT_DOUBLE_EQ(kept->majorInertia().in("cm^4"), 8360);
+    EXPECT_EQ(kept->family().catalogue().name(), "European");
+}
+
+TEST_F(SectionsTest, TellWhatIsWrong) {
+    const sections::Library library = Library();
+    const sections::Section beam = library.open("American").at("W12X26");
+    WriteFile(folder->File("BritishSections.db3"), std::string(4096, 'x'));
+    struct Case {
+        std::function<void()> call;
+        int number;
+        std::string text;
+    };
+    for (const auto& [call, number, text] : {
+             Case{[&] { library.open("Atlantean"); }, SectionError::NoSuchItem, "Atlantean"},
+             Case{[&] { library.open(1001); }, SectionError::NoSuchItem, "1001"},
+             Case{[&] { library.open("Canadian"); }, SectionError::FileNotFound,
+                  "CanadianSections.db3"},
+             Case{[&] { library.open("British"); }, SectionError::NotADatabase,
+                  "BritishSections.db3"},
+             Case{[&] { sections::Library(folder->Path(), "wrong").open("European"); },
+                  SectionError::WrongPassword, "password"},
+             Case{[&] { library.open("American").at("W1X1"); }, SectionError::NoSuchItem, "W1X1"},
+             Case{[&] { library.open("American").family("Q"); }, SectionError::NoSuchItem,
+                  "W Shape"},
+             Case{[&] { beam["GAP"]; }, SectionError::NoSuchItem, "W12X26"},
+             Case{[&] { beam.text("AX"); }, SectionError::NoSuchItem, "AX"},
+             Case{[&] { beam.thickness(); }, SectionError::NoSuchItem, "thickness"},
+             Case{[&] { beam.area().in("cubit^2"); }, SectionError::NoSuchItem, "cubit^2"},
+             Case{[&] { beam.area().in("mm"); }, SectionError::WrongValueType, "length^2"},
+             Case{[&] { beam["AX"].as<3>(); }, SectionError::WrongValueType, "length^3"},
+         }) {
+        try {
+            call();
+            ADD_FAILURE() << "nothing was wrong: " << text;
+        } catch (const sections::Error& error) {
+            EXPECT_EQ(error.number(), number) << text;
+            EXPECT_NE(std::string(error.what()).find(text), std::string::npos) << error.what();
+        }
+    }
+}
+
+TEST_F(SectionsTest, TellMissingValuesFromZero) {
+    const std::string path = folder->File("user.db3");
+    {
+        CatalogueFile file(path);
+        file.AddTable("Pipe", LayoutId::RoundTube, {{"P1", "P1", {4.5, 0, 3.17}}});
+    }
+    const sections::Section pipe = sections::Catalogue::read(path, 1001).at("P1");
+    EXPECT_EQ(pipe["T"].figure(), 0);
+    EXPECT_EQ(pipe["AX"].figure(), 3.17);
+    EXPECT_FALSE(pipe.find("I"));
+    EXPECT_THROW(pipe.majorRadius(), sections::Error);
+}
+
+TEST_F(SectionsTest, ServeSeveralThreads) {
+    const auto work = [](const char* password, int* found) {
+        for (int round = 0; round < 5; ++round) {
+            const sections::Library library(folder->Path(), password);
+            for (const char* name : {"American", "European"})
+                for (const char* section : {"W12X26", "IPE300", "HE200A", "none"})
+                    *found += library.open(name).find(section) ? 1 : 0;
+        }
+    };
+    std::array<int, 4> found{};
+    {
+        std::vector<std::jthread> threads;
+        for (int& count : found)
+            threads.emplace_back(work, "secret", &count);
+    }
+    for (const int count : found)
+        EXPECT_EQ(count, 15);
+}
+
+} // namespace
