@@ -110,7 +110,8 @@ contains
         call setprofiledbfolder(folder, trimmed(folder))
     end subroutine set_catalogue_folder
 
-    !> The file of the user's tables.
+    !> The file of generic shapes (catalogue 1010), whatever the name says: so do engines count on it.
+    !> That of the user tables (1001) cannot be set from here.
     subroutine set_user_table_file(file)
         character(*), intent(in) :: file
         call setusertablefilename(file, trimmed(file))

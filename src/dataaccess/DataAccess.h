@@ -24,9 +24,11 @@
 DBSECTION_API int createDatabase(CSectionDatabase** db, CString fileName, const char* descriptor,
                                  int options, CSectionWorkspace* workspace);
 
-/// Opens a database file; an open one in `*db` is closed first. A file marked read-only is made
-/// writable while it is open for writing. A missing file gives 0, silently unless
-/// `reportMissingFile` is set; every other failure gives -1.
+/// Opens a database file; an open one in `*db` is closed first. `exclusive` keeps all others out,
+/// `readOnly` refuses changes, `connect` carries the password (";PWD=secret", or the bare
+/// password), and with a `workspace`, which may be null, the database takes part in its
+/// transactions. A file marked read-only is made writable while it is open for writing. A missing
+/// file gives 0, silently unless `reportMissingFile` is set; every other failure gives -1.
 DBSECTION_API int openDatabase(CSectionDatabase** db, CString fileName, int reportMissingFile,
                                int exclusive, int readOnly, const char* connect,
                                CSectionWorkspace* workspace);

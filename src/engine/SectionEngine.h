@@ -36,7 +36,9 @@
 extern "C" {
 #endif
 
-/* Settings. Paths of the user's tables, of the catalogues' folder, and of the settings file. */
+/* Settings. The first sets the file of generic shapes, which is that of index 1010 and not of the
+ * user tables (1001): so do engines count on it. Then the catalogues' folder, and the settings
+ * file. */
 
 DBSECTION_API void SETUSERTABLEFILENAME(const char* name /* in */, int32_t name_length);
 DBSECTION_API void SETPROFILEDBFOLDER(const char* folder /* in */, int32_t folder_length);

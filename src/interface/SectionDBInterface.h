@@ -56,10 +56,18 @@ public:
 
     // Settings, kept for the process.
 
+    // Three marks for the programs of a host to agree on, all 1 at first. The library keeps them
+    // and does not act on them: it writes settings and deletes rows whatever they are.
+
+    /// The number of the host's system of units.
     static void SetBaseUnitNo(int number) { m_nBaseUnitNo = number; }
     static int GetBaseUnitNo() { return m_nBaseUnitNo; }
+
+    /// Whether the host may write the settings file.
     static void SetClearToWriteIniFile(int flag) { m_bClearToWriteIniFile = flag; }
     static int IsClearToWriteIniFile() { return m_bClearToWriteIniFile; }
+
+    /// Whether the host lets its users delete sections.
     static void AllowSectionDelete(int allow) { m_bAllowDeleteSection = allow; }
     static int IsDeleteSectionAllowed() { return m_bAllowDeleteSection; }
 
@@ -71,7 +79,8 @@ public:
     static void SetINIFileName(const char* path);
     static void SetGenericTableFileName(const char* path);
 
-    /// Sets the file of index 1010, as SetGenericTableFileName does.
+    /// Sets the file of generic shapes (index 1010), as SetGenericTableFileName does, and so do
+    /// hosts count on it. The file of user tables (index 1001) is set by m_szUserTableFileName.
     static void SetUserTableFileName(const char* path);
     static CString GetUserTableFileName();
     static CString GetGenericTableFileName();
@@ -130,10 +139,12 @@ public:
     static int GetSectionFieldCount(int index, int sectionType);
     static int GetSectionFieldCount(int index, int sectionType, CSectionDatabase** ppDb);
 
-    /// Reads the information record of a database file: its five fields, in the order 2, 0, 3, 1,
-    /// 4 of the arguments. Returns 1 when the record was read. Read-only marks stay as they are. No
-    /// connect text is passed: a protected file opens by the password in the environment
-    /// (CSectionDatabase::Open).
+    /// Reads what a database file says of itself: the first five columns of its table "DBInfo",
+    /// which a built catalogue calls Title (`info0`, e.g. "American"), Standard (`info1`), Source
+    /// (`info2`), LayoutVersion (`info3`) and SourceHash (`info4`, of the text sources, empty for a
+    /// user's own file). Mind the order of the arguments. Returns 1 when the record was read.
+    /// Read-only marks stay as they are. No connect text is passed: a protected file opens by the
+    /// password in the environment (CSectionDatabase::Open).
     static int GetDBInfo(CString fileName, CString& info2, CString& info0, CString& info3,
                          CString& info1, CString& info4);
 
