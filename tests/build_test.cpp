@@ -1,9 +1,9 @@
 // What a build does to the file that it replaces, and what it keeps of the password.
 #include "DataAccessSupport.h"
 #include "ProgramSupport.h"
-#include "sectiondb/CatalogueBuilder.h"
-#include "sectiondb/CatalogueSource.h"
-#include "sectiondb/TableChecksum.h"
+#include "files/CatalogueBuilder.h"
+#include "files/TableChecksum.h"
+#include "sources/CatalogueSource.h"
 
 #include <algorithm>
 #include <array>

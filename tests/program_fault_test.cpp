@@ -1,8 +1,8 @@
 // The program on files that are busy, damaged, of other programs, or full of surprises.
 #include "FacadeSupport.h"
 #include "ProgramSupport.h"
-#include "sectiondb/Listing.h"
-#include "sectiondb/OutputText.h"
+#include "output/Listing.h"
+#include "output/OutputText.h"
 
 #include <limits>
 #include <sys/stat.h>

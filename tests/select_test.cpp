@@ -1,7 +1,7 @@
 // Choosing sections by criteria and finding names with the program, on the real catalogues.
 #include "ProgramSupport.h"
 #include "dbSectionInterface.h"
-#include "sectiondb/CsvTable.h"
+#include "sources/CsvTable.h"
 
 #include <gtest/gtest.h>
 

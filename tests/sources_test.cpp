@@ -1,10 +1,10 @@
 // The text sources of catalogues: reading them, refusing faulty ones, and the geometry behind it.
 #include "TestSupport.h"
 #include "interface/SectionDBInterface.h"
-#include "sectiondb/CatalogueSource.h"
-#include "sectiondb/CsvTable.h"
-#include "sectiondb/Geometry.h"
-#include "sectiondb/GeometryOutline.h"
+#include "sources/CatalogueSource.h"
+#include "sources/CsvTable.h"
+#include "sources/Geometry.h"
+#include "sources/GeometryOutline.h"
 
 #include <gtest/gtest.h>
 

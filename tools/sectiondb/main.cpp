@@ -1,9 +1,9 @@
 // sectiondb: builds section catalogues and looks at them.
+#include "commands/Commands.h"
+#include "files/CatalogueAccess.h"
+#include "files/LibraryFailure.h"
 #include "interface/SectionDBInterface.h"
-#include "sectiondb/CatalogueAccess.h"
-#include "sectiondb/Commands.h"
-#include "sectiondb/LibraryFailure.h"
-#include "sectiondb/OutputText.h"
+#include "output/OutputText.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -161,15 +161,6 @@ int Run(CLI::App& app, int argc, char** argv) {
     if (std::fflush(stdout) != 0)
         throw std::system_error(errno, std::generic_category(), "the output cannot be written");
     return 0;
-}
-
-/// Each line of a message, with the program's name.
-void Tell(std::string_view message) {
-    while (!message.empty()) {
-        const std::size_t end = std::min(message.find('\n'), message.size());
-        fmt::print(stderr, "sectiondb: {}\n", PlainText(message.substr(0, end)));
-        message.remove_prefix(std::min(end + 1, message.size()));
-    }
 }
 
 } // namespace
