@@ -1,8 +1,10 @@
-#include "commands/Commands.h"
+#include "commands/Command.h"
+#include "commands/Options.h"
 #include "dataaccess/CSectionDatabase.h"
 #include "files/CatalogueBuilder.h"
 #include "files/Password.h"
-#include "output/OutputText.h"
+#include "output/Escapes.h"
+#include "output/Messages.h"
 #include "output/Progress.h"
 #include "platform/Exceptions.h"
 #include "sources/CatalogueSource.h"
@@ -44,11 +46,11 @@ void OpenOneOf(const std::filesystem::path& folder, const std::string& password)
     }
 }
 
-void BuildOne(const std::filesystem::path& folder, const BuildOptions& options,
+void BuildOne(const std::filesystem::path& folder, const std::filesystem::path& output,
               const std::string& password) {
     const CatalogueSource source = CatalogueSource::Load(folder);
     const std::size_t rows = CountRows(source);
-    const auto path = options.output / (source.stem + ".db3");
+    const auto path = output / (source.stem + ".db3");
     {
         Progress progress(source.stem, rows);
         BuildCatalogue(source, path, password, [&] { progress.Advance(); });
@@ -57,19 +59,32 @@ void BuildOne(const std::filesystem::path& folder, const BuildOptions& options,
                rows, password.empty() ? "" : ", protected");
 }
 
+class Build : public Command {
+    void Declare(CLI::App& app) override {
+        app.add_option("sources", m_sources, "Source folders, one per catalogue")->required();
+        app.add_option("-o,--output", m_output, "Folder of the catalogue files")->required();
+        DeclarePassword(app, m_password, "Password to protect the files");
+    }
+
+    void Run() const override {
+        const std::string password = ReadPassword(m_password, PasswordUse::New);
+        std::error_code error;
+        std::filesystem::create_directories(m_output, error);
+        if (error)
+            throw CommandError(fmt::format("{}: the folder cannot be made: {}.", m_output.string(),
+                                           error.message()));
+        if (!password.empty())
+            OpenOneOf(m_output, password);
+        for (const auto& folder : m_sources)
+            BuildOne(folder, m_output, password);
+    }
+
+    std::vector<std::filesystem::path> m_sources;
+    std::filesystem::path m_output;
+    PasswordSource m_password;
+};
+
+const CommandEntry entry("build", "Build catalogue files from text sources", Make<Build>);
+
 } // namespace
-
-void Build(const BuildOptions& options) {
-    const std::string password = ReadPassword(options.password, PasswordUse::New);
-    std::error_code error;
-    std::filesystem::create_directories(options.output, error);
-    if (error)
-        throw CommandError(fmt::format("{}: the folder cannot be made: {}.",
-                                       options.output.string(), error.message()));
-    if (!password.empty())
-        OpenOneOf(options.output, password);
-    for (const auto& folder : options.sources)
-        BuildOne(folder, options, password);
-}
-
 } // namespace dbsection

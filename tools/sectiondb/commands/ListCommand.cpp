@@ -1,94 +1,81 @@
-#include "commands/Commands.h"
-#include "files/CatalogueAccess.h"
+#include "commands/Command.h"
+#include "commands/FamilyTable.h"
+#include "commands/Options.h"
 #include "interface/SectionDBInterface.h"
-#include "output/OutputText.h"
 
-#include <cstdio>
-#include <fmt/format.h>
+#include <numeric>
 
 namespace dbsection {
 namespace {
 
-struct FamilyCount {
-    const SectionFamily* family;
-    int sections;
+Table::Row CatalogueRow(int index, CatalogueFaults& faults) {
+    Table::Cell families;
+    Table::Cell sections;
+    const char* remark = "at fault";
+    faults.Try([&] {
+        if (!HasFile(index)) {
+            remark = "no file";
+            return;
+        }
+        const auto counts = CountFamilies(Open(index));
+        const int total =
+            std::accumulate(counts.begin(), counts.end(), 0,
+                            [](int sum, const FamilyCount& count) { return sum + count.sections; });
+        families = static_cast<int>(counts.size());
+        sections = total;
+        remark = RemarkOn(total);
+    });
+    return {index,
+            SectionDBInterface::m_saCountryName[index],
+            SectionDBInterface::m_saSectionFile[index],
+            families,
+            sections,
+            remark};
+}
+
+Table SectionTable(const OpenCatalogue& open, const SectionFamily& family) {
+    Table table({{"name"}, {"programName"}});
+    VisitRows(open, family, " ORDER BY 1", [&](const CSectionRecordset& rows) {
+        table.rows.push_back({TextAt(rows, NameColumn), TextAt(rows, VessaNameColumn)});
+    });
+    return table;
+}
+
+class List : public Command {
+    void Declare(CLI::App& app) override {
+        app.add_option("catalogue", m_catalogue, "Number, file stem or name");
+        app.add_option("family", m_family, "Shape family, e.g. \"W Shape\"");
+        m_form.Declare(app);
+        m_catalogues.Declare(app);
+    }
+
+    void Run() const override {
+        m_catalogues.Apply();
+        if (m_catalogue.empty()) {
+            ListCatalogues();
+            return;
+        }
+        const OpenCatalogue open = Open(FindCatalogue(m_catalogue));
+        Print(m_family.empty() ? FamilyTable(open) : SectionTable(open, FindFamily(open, m_family)),
+              m_form.Form());
+    }
+
+    void ListCatalogues() const {
+        CatalogueFaults faults;
+        Table table({{"number"}, {"name"}, {"file"}, {"families"}, {"sections"}, {"remark"}});
+        for (int index = 1; index <= LastCatalogueIndex; ++index)
+            table.rows.push_back(CatalogueRow(index, faults));
+        Print(table, m_form.Form());
+        faults.ThrowIfAny();
+    }
+
+    std::string m_catalogue; // empty: all catalogues
+    std::string m_family;    // empty: all families
+    FormOptions m_form;
+    CatalogueOptions m_catalogues;
 };
 
-std::vector<FamilyCount> CountFamilies(const OpenCatalogue& open) {
-    std::vector<FamilyCount> counts;
-    for (const SectionFamily* family : PresentFamilies(open)) {
-        CSectionTableDefInfo info;
-        ReadTable(*family,
-                  [&] { open.database->GetTableDefInfo(family->table, info, AllInformation); });
-        counts.push_back({family, info.m_lRecordCount});
-    }
-    return counts;
-}
-
-int Total(const std::vector<FamilyCount>& counts) {
-    int total = 0;
-    for (const FamilyCount& count : counts)
-        total += count.sections;
-    return total;
-}
-
-std::string SectionsText(int sections) {
-    return sections == 0 ? "no figures" : fmt::format("{}", sections);
-}
-
-void ListCatalogues() {
-    CatalogueFaults faults;
-    fmt::print("{:>3}  {:<28} {:<30} {:>8} {:>10}\n", "No", "Name", "File", "Families", "Sections");
-    for (int index = 1; index <= LastCatalogueIndex; ++index) {
-        fmt::print("{:>3}  {:<28} {:<30} ", index, SectionDBInterface::m_saCountryName[index],
-                   SectionDBInterface::m_saSectionFile[index]);
-        bool hasFile = false;
-        std::vector<FamilyCount> counts;
-        const auto count = [&] {
-            hasFile = HasFile(index);
-            if (hasFile)
-                counts = CountFamilies(Open(index));
-        };
-        if (!faults.Try(count))
-            fmt::print("{:>8} {:>10}\n", "-", "at fault");
-        else if (!hasFile)
-            fmt::print("{:>8} {:>10}\n", "-", "no file");
-        else
-            fmt::print("{:>8} {:>10}\n", counts.size(), SectionsText(Total(counts)));
-    }
-    faults.ThrowIfAny();
-}
-
-void ListSections(const OpenCatalogue& open, const SectionFamily& family) {
-    std::string lines = fmt::format("{:<30} {}\n", "Name", "Name in the analysis program");
-    VisitRows(open, family, " ORDER BY 1", [&](const CSectionRecordset& rows) {
-        lines += fmt::format("{:<30} {}\n", PlainText(TextAt(rows, NameColumn)),
-                             PlainText(TextAt(rows, VessaNameColumn)));
-    });
-    fmt::print("{}", lines);
-}
+const CommandEntry entry("list", "List catalogues, families or sections", Make<List>);
 
 } // namespace
-
-void ListFamilies(const OpenCatalogue& open) {
-    const auto counts = CountFamilies(open);
-    fmt::print("{:<30} {:>4} {:>10}\n", "Family", "Type", "Sections");
-    for (const FamilyCount& count : counts)
-        fmt::print("{:<30} {:>4} {:>10}\n", count.family->table, count.family->sectionType,
-                   SectionsText(count.sections));
-    fmt::print("{:<30} {:>4} {:>10}\n", "Total", "", SectionsText(Total(counts)));
-}
-
-void List(const ListOptions& options) {
-    if (options.catalogue.empty()) {
-        ListCatalogues();
-        return;
-    }
-    const OpenCatalogue open = Open(FindCatalogue(options.catalogue));
-    if (options.family.empty())
-        ListFamilies(open);
-    else
-        ListSections(open, FindFamily(open, options.family));
-}
-
 } // namespace dbsection

@@ -87,9 +87,6 @@ std::string TextAt(const CSectionRecordset& rows, int column);
 /// none. Throws CommandError where they cannot be read.
 std::vector<std::string> UnitsOf(const OpenCatalogue& open, const SectionFamily& family);
 
-/// Prints the families of a catalogue with their numbers of sections.
-void ListFamilies(const OpenCatalogue& open);
-
 /// What was wrong with single catalogues in a walk over all of them, which goes on without those.
 class CatalogueFaults {
 public:

@@ -46,7 +46,7 @@ unsigned int Choose(const Labels& labels, const std::string& name, std::string_v
     const unsigned int id = UNIT::StringToId(CString(name));
     if (!LabelOf(labels, id).empty())
         return id;
-    throw CommandError(fmt::format("\"{}\" is no unit of {}; use one of {}.", name, kind, known));
+    throw UsageError(fmt::format("\"{}\" is no unit of {}; use one of {}.", name, kind, known));
 }
 
 /// One factor of a compound unit with its exponent in the chosen unit.

@@ -1,8 +1,7 @@
-#include "output/OutputText.h"
+#include "output/Escapes.h"
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <fmt/format.h>
 
 namespace dbsection {
@@ -80,14 +79,6 @@ std::string CsvText(std::string_view text) {
     const std::string field = Escaped(text, second);
     const bool isBare = field.find_first_of(",\"") == std::string::npos;
     return isBare ? field : '"' + field + '"';
-}
-
-std::string ExactText(double number, const char* nothing) {
-    return std::isfinite(number) ? fmt::format("{}", number) : nothing;
-}
-
-std::string FigureText(double number, bool isConverted) {
-    return isConverted ? fmt::format("{:.5g}", number) : fmt::format("{}", number);
 }
 
 } // namespace dbsection

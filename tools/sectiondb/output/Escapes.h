@@ -1,4 +1,4 @@
-// How the commands write texts and numbers.
+// Texts of files as the commands may write them.
 #pragma once
 
 #include <string>
@@ -15,12 +15,5 @@ std::string JsonText(std::string_view text);
 
 /// A field of comma-separated text, in quotes where it needs them (RFC 4180).
 std::string CsvText(std::string_view text);
-
-/// The shortest text that reads back to the same number; `nothing` for what is no finite number.
-std::string ExactText(double number, const char* nothing = "");
-
-/// A number to be read by a person: a published figure as it stands, a converted one to the digits
-/// that it can carry.
-std::string FigureText(double number, bool isConverted);
 
 } // namespace dbsection
