@@ -1,9 +1,10 @@
 // What a build does to the file that it replaces, and what it keeps of the password.
 #include "DataAccessSupport.h"
+#include "PipeSources.h"
 #include "ProgramSupport.h"
-#include "sectiondb/CatalogueBuilder.h"
-#include "sectiondb/CatalogueSource.h"
-#include "sectiondb/TableChecksum.h"
+#include "files/CatalogueBuilder.h"
+#include "files/TableChecksum.h"
+#include "sources/CatalogueSource.h"
 
 #include <algorithm>
 #include <array>
@@ -19,23 +20,8 @@ namespace {
 /// Builds the small catalogue of an output folder.
 class BuildTest : public DataAccessTest {
 protected:
-    BuildTest() {
-        std::filesystem::create_directory(m_source);
-        WriteSource("_catalogue.csv", "Key,Value\nTitle,Pipes\nStandard,ASME B36.10M\n"
-                                      "Source,a note\nUnits,metric\n");
-        WriteSource("_tables.csv", "Table,Geometry,Parameters\nPipe,round tube,\n");
-        WriteSource("_tolerances.csv", "Table,Column,Percent\nPipe,AX,1\n");
-        WriteSource("_exceptions.csv", "Table,Name,Column,Reason\n");
-        WriteSource("Pipe.csv", "Name,VessaName,OD,T,AX\nTEXT,TEXT,MM,MM,CM^2\n"
-                                "P100,PIP100,100,10,28.3\nP50,PIP50,50,5,7.07\n");
-    }
-
-    void WriteSource(const char* name, const std::string& text) const {
-        WriteFile(m_source + "/" + name, text);
-    }
-
     Outcome Build(const std::string& options = "") const {
-        return Program("build " + m_source + " -o " + m_folder.Path() + " " + options);
+        return Program("build " + m_sources.Path() + " -o " + m_folder.Path() + " " + options);
     }
 
     /// The printed area of the first pipe.
@@ -62,7 +48,7 @@ protected:
         ASSERT_TRUE(std::filesystem::exists(m_file + "-journal"));
     }
 
-    const std::string m_source = m_folder.File("VenezuelanSections");
+    const PipeSources m_sources;
     const std::string m_file = m_folder.File("VenezuelanSections.db3");
 };
 
@@ -77,7 +63,7 @@ TEST_F(BuildTest, LetsNothingOfTheOldFileIntoTheNewOne) {
         const Outcome rebuilt = Build(option);
         EXPECT_EQ(rebuilt.status, 0) << rebuilt.output;
         EXPECT_EQ(Area(option), "28.3") << option;
-        EXPECT_EQ(m_folder.Count(), 2) << option; // the source and the file
+        EXPECT_EQ(m_folder.Count(), 1) << option;
     }
     std::filesystem::remove(m_file);
     ASSERT_EQ(Build().status, 0);
@@ -119,8 +105,8 @@ TEST_F(BuildTest, KeepsTheModeAndFollowsALink) {
     std::filesystem::create_directory(m_folder.File("real"));
     std::filesystem::rename(m_file, m_folder.File("real/a.db3"));
     std::filesystem::create_symlink("real/a.db3", m_file);
-    WriteSource("Pipe.csv", "Name,VessaName,OD,T,AX\nTEXT,TEXT,MM,MM,CM^2\n"
-                            "P100,PIP100,100,10,28.2\n");
+    m_sources.Write("Pipe.csv", "Name,VessaName,OD,T,AX\nTEXT,TEXT,MM,MM,CM^2\n"
+                                "P100,PIP100,100,10,28.2\n");
     EXPECT_EQ(Build().status, 0);
     EXPECT_TRUE(std::filesystem::is_symlink(m_file));
     EXPECT_EQ(Mode(), 0600U);
@@ -233,8 +219,9 @@ std::string OnTerminal(const std::vector<std::string>& arguments, const std::str
 }
 
 TEST_F(BuildTest, AsksForThePasswordOnATerminalWithoutShowingIt) {
-    const std::vector<std::string> build{SECTIONDB_PROGRAM, "build",           m_source, "-o",
-                                         m_folder.Path(),   "--password-file", "-"};
+    const std::vector<std::string> build{
+        SECTIONDB_PROGRAM, "build", m_sources.Path(), "-o", m_folder.Path(),
+        "--password-file", "-"};
     const std::string differing = OnTerminal(build, "sesame\nsesam\n");
     EXPECT_NE(differing.find("The two passwords differ"), std::string::npos) << differing;
     OnTerminal(build, "sesame\n\x03"); // given up

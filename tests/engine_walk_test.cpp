@@ -1,7 +1,7 @@
 // The engine on the published catalogues: every row in every unit, and many calls in a row.
 #include "EngineSupport.h"
 
-#include "sectiondb/CatalogueBuilder.h"
+#include "files/CatalogueBuilder.h"
 #include "units/UNIT.h"
 
 #include <fstream>

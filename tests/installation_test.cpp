@@ -1,6 +1,6 @@
 // All catalogues of an installation: built into files, then opened and read through the façade.
 #include "FacadeSupport.h"
-#include "sectiondb/CatalogueBuilder.h"
+#include "files/CatalogueBuilder.h"
 #include "units/UNIT.h"
 
 #include <memory>

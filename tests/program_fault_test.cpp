@@ -1,10 +1,7 @@
 // The program on files that are busy, damaged, of other programs, or full of surprises.
 #include "FacadeSupport.h"
 #include "ProgramSupport.h"
-#include "sectiondb/Listing.h"
-#include "sectiondb/OutputText.h"
 
-#include <limits>
 #include <sys/stat.h>
 
 using namespace testsupport;
@@ -138,45 +135,6 @@ TEST_F(ProgramFaultTest, ReadingLeavesTheMarksOfAllFiles) {
             EXPECT_EQ(modes(), before) << command;
         }
     }
-}
-
-TEST(OutputText, IsValidWhateverAFileHolds) {
-    struct {
-        std::string text;
-        const char* plain;
-        const char* json;
-        const char* csv;
-    } const cases[] = {
-        {"W12X26", "W12X26", R"("W12X26")", "W12X26"},
-        {"a\"b\\c,d", "a\"b\\c,d", R"("a\"b\\c,d")", R"("a""b\c,d")"},
-        {"R\xC3\xB6hre \xF0\x9F\x94\xA9", "R\xC3\xB6hre \xF0\x9F\x94\xA9",
-         "\"R\xC3\xB6hre \xF0\x9F\x94\xA9\"", "R\xC3\xB6hre \xF0\x9F\x94\xA9"},
-        {std::string("\0\n\x7F", 3), R"(\u0000\u000a\u007f)", R"("\u0000\u000a\u007f")",
-         R"(\u0000\u000a\u007f)"},
-        {"\xE2\x80\xA8", R"(\u2028)", R"("\u2028")", R"(\u2028)"},
-        // a lone lead byte, an overlong form, a surrogate, beyond the last character
-        {"\xC3", "\xEF\xBF\xBD", "\"\xEF\xBF\xBD\"", "\xEF\xBF\xBD"},
-        {"\xC1\x9B", "\xEF\xBF\xBD\xEF\xBF\xBD", "\"\xEF\xBF\xBD\xEF\xBF\xBD\"",
-         "\xEF\xBF\xBD\xEF\xBF\xBD"},
-        {"\xED\xA0\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD",
-         "\"\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\"", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
-        {"\xF4\x90\x80\x80", "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD",
-         "\"\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\"",
-         "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
-    };
-    for (const auto& [text, plain, json, csv] : cases) {
-        EXPECT_EQ(dbsection::PlainText(text), plain);
-        EXPECT_EQ(dbsection::JsonText(text), json);
-        EXPECT_EQ(dbsection::CsvText(text), csv);
-    }
-    const double infinite = std::numeric_limits<double>::infinity();
-    for (const double number : {infinite, -infinite, std::numeric_limits<double>::quiet_NaN()}) {
-        EXPECT_EQ(dbsection::JsonValue(number), "null");
-        EXPECT_EQ(dbsection::ExactText(number), "");
-    }
-    EXPECT_EQ(dbsection::JsonValue(0.1), "0.1");
-    EXPECT_EQ(dbsection::JsonValue(123456789.12345679), "123456789.12345679");
-    EXPECT_EQ(dbsection::JsonValue({}), "null");
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 // weights, moduli and radii that their standards print (published_properties.csv: pounds per foot
 // and inches for the American catalogue, kg/m and cm for the others).
 #include "FacadeSupport.h"
-#include "sectiondb/CatalogueBuilder.h"
-#include "sectiondb/CsvTable.h"
+#include "files/CatalogueBuilder.h"
+#include "sources/CsvTable.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // The layouts and their records. Members are one with their columns; a printed row of each layout
 // that has published catalogues is read from the built file.
 #include "FacadeSupport.h"
-#include "sectiondb/CatalogueBuilder.h"
+#include "files/CatalogueBuilder.h"
 
 #include "records/LayoutRecords.h"
 

@@ -1,6 +1,6 @@
 // Catalogues, families and sections as values.
 #include "CatalogueFixture.h"
-#include "sectiondb/CatalogueBuilder.h"
+#include "files/CatalogueBuilder.h"
 
 #include "dataaccess/CSectionException.h"
 #include "sections/Error.h"

@@ -1,7 +1,7 @@
 // Choosing sections by criteria and finding names with the program, on the real catalogues.
 #include "ProgramSupport.h"
 #include "dbSectionInterface.h"
-#include "sectiondb/CsvTable.h"
+#include "sources/CsvTable.h"
 
 #include <gtest/gtest.h>
 
@@ -115,22 +115,11 @@ TEST_F(SelectTest, ValuesAndUnitsAreThoseOfTheFacade) {
             table.Text(record, "VessaName").c_str(), 1001, 2002, &type));
         ASSERT_NE(info, nullptr);
         EXPECT_EQ(table.Text(record, "Name"), info->PublicName.View());
-        EXPECT_EQ(table.Number(record, "AX"), info->Area);
-        EXPECT_EQ(table.Number(record, "IZ"), info->MajorInertia);
-        EXPECT_EQ(table.Number(record, "IY"), info->MinorInertia);
+        EXPECT_NEAR(table.Number(record, "AX") / info->Area, 1, 1e-14);
+        EXPECT_NEAR(table.Number(record, "IZ") / info->MajorInertia, 1, 1e-14);
+        EXPECT_NEAR(table.Number(record, "IY") / info->MinorInertia, 1, 1e-14);
     }
     SectionDBInterface::ExitSectionDBInterface();
-}
-
-TEST_F(SelectTest, PrintsJsonAndAlignedColumns) {
-    const std::string pipe = "select American Pipe --like PIPE26STD";
-    EXPECT_EQ(On(pipe + " --json").output,
-              "[\n  {\"Name\": \"Pipe26STD\", \"VessaName\": \"PIPE26STD\", \"OD\": 26, "
-              "\"T\": 0.349, \"AX\": 28.2, \"I\": 2320, \"Z\": 230, \"units\": {\"OD\": \"in\", "
-              "\"T\": \"in\", \"AX\": \"in^2\", \"I\": \"in^4\", \"Z\": \"in^3\"}}\n]\n");
-    EXPECT_EQ(On(pipe).output, "Name       VessaName  OD      T    AX     I     Z\n"
-                               "                      in     in  in^2  in^4  in^3\n"
-                               "Pipe26STD  PIPE26STD  26  0.349  28.2  2320   230\n");
 }
 
 TEST_F(SelectTest, AnEmptyResultHasOnlyHeaders) {
@@ -141,33 +130,31 @@ TEST_F(SelectTest, AnEmptyResultHasOnlyHeaders) {
 }
 
 TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
-    struct Case {
+    struct {
         const char* arguments;
+        int status; ///< 2 where the command line is wrong, whatever the files hold
         const char* message;
+    } const cases[] = {
+        {"select American 'W Shape' --range D:12", 2, "not FIELD:LOW:HIGH"},
+        {"select American 'W Shape' --range ''", 2, "not FIELD:LOW:HIGH"},
+        {"select American 'W Shape' --range D:tall:14", 2, "not FIELD:LOW:HIGH"},
+        {"select American 'W Shape' --range D:nan:14", 2, "not FIELD:LOW:HIGH"},
+        {"select American 'W Shape' --range D:12:", 2, "not FIELD:LOW:HIGH"},
+        {"select American 'W Shape' --range D:14:12", 2, "lower bound is above"},
+        {"select American 'W Shape' --range name:1:2", 2, "field of texts"},
+        {"select American 'W Shape' --range OD:1:2", 1, "fields are name, AX, D, BF"},
+        {"select American 'W Shape' --sort AX,,D", 1, "There is no field \"\""},
+        {"select American 'W Shape' --sort AX:up", 2, "FIELD:desc"},
+        {"select American 'W Shape' --like \"W1'\"", 2, "holds a quote"},
+        {"select American HSS", 1, "There is no family \"HSS\""}, // two begin so
+        {"select Canadian W", 1, "is not in the folder"},
+        {"select 21 OWJoistMaster", 1, "holds joists"},
+        {"find W99X9", 1, "There is no section \"W99X9\" in the 5 catalogues"},
     };
-    constexpr std::array Cases{
-        Case{"select American 'W Shape' --range D:12", "not FIELD:LOW:HIGH"},
-        Case{"select American 'W Shape' --range ''", "not FIELD:LOW:HIGH"},
-        Case{"select American 'W Shape' --range D:tall:14", "not FIELD:LOW:HIGH"},
-        Case{"select American 'W Shape' --range D:nan:14", "not FIELD:LOW:HIGH"},
-        Case{"select American 'W Shape' --range D:12:", "not FIELD:LOW:HIGH"},
-        Case{"select American 'W Shape' --range D:14:12", "lower bound is above"},
-        Case{"select American 'W Shape' --range name:1:2", "field of texts"},
-        Case{"select American 'W Shape' --range OD:1:2", "fields are name, AX, D, BF"},
-        Case{"select American 'W Shape' --sort AX,,D", "There is no field \"\""},
-        Case{"select American 'W Shape' --sort AX:up", "FIELD:desc"},
-        Case{"select American 'W Shape' --like \"W1'\"", "holds a quote"},
-        Case{"select American 'W Shape' --length parsec", "\"parsec\" is no unit of length"},
-        Case{"select American Tea", "There is no family \"Tea\""},
-        Case{"select American HSS", "There is no family \"HSS\""}, // two begin so
-        Case{"select Canadian W", "is not in the folder"},
-        Case{"select 21 OWJoistMaster", "holds joists"},
-        Case{"find W99X9", "There is no section \"W99X9\" in the 5 catalogues"},
-    };
-    for (const Case& each : Cases) {
-        const Outcome outcome = On(each.arguments);
-        EXPECT_EQ(outcome.status, 1) << each.arguments;
-        EXPECT_NE(outcome.output.find(each.message), std::string::npos) << outcome.output;
+    for (const auto& [arguments, status, message] : cases) {
+        const Outcome outcome = On(arguments);
+        EXPECT_EQ(outcome.status, status) << arguments;
+        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
         EXPECT_EQ(std::ranges::count(outcome.output, '\n'), 1) << outcome.output;
     }
 }
@@ -180,19 +167,17 @@ TEST_F(SelectTest, TakesAFamilyByItsFirstWords) {
 
 TEST_F(SelectTest, FindsANameInAllCataloguesInOrder) {
     const std::string byName = On("find rhs100x50x5").output;
-    EXPECT_EQ(byName, "British                      Tube                 RHS100X50X5          "
-                      "RHS 100 x 50 x 5.0\n"
-                      "European                     RHS                  RHS100X50X5          "
-                      "RHS 100 x 50 x 5.0\n"
-                      "ColdFormed (European)        RHS                  RHS100X50X5          "
-                      "RHS 100 x 50 x 5.0\n");
+    EXPECT_EQ(byName, "catalogue              family  programName  name\n"
+                      "British                Tube    RHS100X50X5  RHS 100 x 50 x 5.0\n"
+                      "European               RHS     RHS100X50X5  RHS 100 x 50 x 5.0\n"
+                      "ColdFormed (European)  RHS     RHS100X50X5  RHS 100 x 50 x 5.0\n");
     EXPECT_EQ(On("find 'RHS 100 x 50 x 5.0'").output, byName);
 }
 
 TEST_F(SelectTest, GoesOnWithoutADamagedCatalogue) {
     const std::string file = folder->File("CanadianSections.db3"); // before those that hold it
     testsupport::WriteFile(file, "not a catalogue");
-    const std::string hits = "European                     RHS";
+    const std::string hits = "\nEuropean ";
     for (const auto& [command, text] :
          {std::pair("find RHS100X50X5", hits), std::pair("list", std::string("at fault"))}) {
         const Outcome outcome = On(command);

@@ -1,0 +1,90 @@
+#include "commands/Command.h"
+#include "commands/Options.h"
+#include "dataaccess/CSectionDatabase.h"
+#include "files/CatalogueBuilder.h"
+#include "files/Password.h"
+#include "output/Escapes.h"
+#include "output/Messages.h"
+#include "output/Progress.h"
+#include "platform/Exceptions.h"
+#include "sources/CatalogueSource.h"
+
+#include <fmt/format.h>
+#include <fstream>
+#include <string_view>
+
+namespace dbsection {
+namespace {
+
+std::size_t CountRows(const CatalogueSource& source) {
+    std::size_t rows = 0;
+    for (const SourceTable& table : source.tables)
+        rows += table.rows.size();
+    return rows;
+}
+
+bool IsPlain(const std::filesystem::path& file) {
+    constexpr std::string_view Beginning = "SQLite format 3";
+    std::string bytes(Beginning.size(), '\0');
+    std::ifstream(file, std::ios::binary).read(bytes.data(), std::ssize(bytes));
+    return bytes == Beginning;
+}
+
+/// Opens a protected file of the folder, where there is one of that password: the new files then
+/// share its salt, and whoever opens them all derives one key.
+void OpenOneOf(const std::filesystem::path& folder, const std::string& password) {
+    const std::string connect = ConnectText(password);
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() != ".db3" || IsPlain(entry.path()))
+            continue;
+        try {
+            CSectionDatabase().Open(entry.path().c_str(), 0, 1, connect.c_str());
+            return;
+        } catch (CException* e) { // another password, or none of our files
+            e->Delete();
+        }
+    }
+}
+
+void BuildOne(const std::filesystem::path& folder, const std::filesystem::path& output,
+              const std::string& password) {
+    const CatalogueSource source = CatalogueSource::Load(folder);
+    const std::size_t rows = CountRows(source);
+    const auto path = output / (source.stem + ".db3");
+    {
+        Progress progress(source.stem, rows);
+        BuildCatalogue(source, path, password, [&] { progress.Advance(); });
+    }
+    fmt::print("{}: {} tables, {} sections{}\n", PlainText(path.string()), source.tables.size(),
+               rows, password.empty() ? "" : ", protected");
+}
+
+class Build : public Command {
+    void Declare(CLI::App& app) override {
+        app.add_option("sources", m_sources, "Source folders, one per catalogue")->required();
+        app.add_option("-o,--output", m_output, "Folder of the catalogue files")->required();
+        DeclarePassword(app, m_password, "Password to protect the files");
+    }
+
+    void Run() const override {
+        const std::string password = ReadPassword(m_password, PasswordUse::New);
+        std::error_code error;
+        std::filesystem::create_directories(m_output, error);
+        if (error)
+            throw CommandError(fmt::format("{}: the folder cannot be made: {}.", m_output.string(),
+                                           error.message()));
+        if (!password.empty())
+            OpenOneOf(m_output, password);
+        for (const auto& folder : m_sources)
+            BuildOne(folder, m_output, password);
+    }
+
+    std::vector<std::filesystem::path> m_sources;
+    std::filesystem::path m_output;
+    PasswordSource m_password;
+};
+
+const CommandEntry entry("build", "Build catalogue files from text sources", Make<Build>);
+
+} // namespace
+} // namespace dbsection

@@ -1,0 +1,47 @@
+#include "commands/Options.h"
+
+#include "interface/SectionDBInterface.h"
+
+namespace dbsection {
+
+void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning) {
+    auto* text = app.add_option("--password", password.text,
+                                std::string(meaning) + " (default: SECTIONDB_PASSWORD)");
+    text->option_text("TEXT");
+    app.add_option("--password-file", password.file,
+                   "The same in the first line of a file; of - it is asked for on a terminal")
+        ->option_text("FILE")
+        ->excludes(text);
+}
+
+void CatalogueOptions::Declare(CLI::App& app) {
+    app.add_option("--folder", m_folder,
+                   "Folder of the catalogue files (default: SECTIONDB_FOLDER)")
+        ->option_text("FOLDER");
+    DeclarePassword(app, m_password, "Password of the catalogue files");
+}
+
+void CatalogueOptions::Apply() const {
+    if (!m_folder.empty())
+        SectionDBInterface::SetProfileDBFolder(CString(m_folder + '\\'));
+    SetPassword(m_password);
+}
+
+void FormOptions::Declare(CLI::App& app) {
+    auto* csv = app.add_flag("--csv", m_csv, "Print comma-separated text");
+    app.add_flag("--json", m_json, "Print JSON")->excludes(csv);
+}
+
+TableForm FormOptions::Form() const {
+    return m_csv ? TableForm::Csv : m_json ? TableForm::Json : TableForm::Text;
+}
+
+void UnitOptions::DeclareLength(CLI::App& app) {
+    app.add_option("--length", m_length, "in, ft, yd, mm, cm, dm, m or km")->option_text("UNIT");
+}
+
+void UnitOptions::DeclareForce(CLI::App& app) {
+    app.add_option("--force", m_force, "kip, lb, kg, t, N, daN, kN or MN")->option_text("UNIT");
+}
+
+} // namespace dbsection

@@ -1,0 +1,53 @@
+// Options that several commands take.
+#pragma once
+
+#include "files/Password.h"
+#include "output/Table.h"
+#include "output/UnitLabels.h"
+
+#include <CLI/App.hpp>
+#include <string>
+
+namespace dbsection {
+
+/// `meaning`: of the password, in the help.
+void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning);
+
+/// Where the catalogue files are, and their password.
+class CatalogueOptions {
+public:
+    void Declare(CLI::App& app);
+
+    /// Has the library use them.
+    void Apply() const;
+
+private:
+    std::string m_folder;
+    PasswordSource m_password;
+};
+
+class FormOptions {
+public:
+    void Declare(CLI::App& app);
+    TableForm Form() const;
+
+private:
+    bool m_csv = false;
+    bool m_json = false;
+};
+
+/// The units of printed figures.
+class UnitOptions {
+public:
+    void DeclareLength(CLI::App& app);
+    void DeclareForce(CLI::App& app);
+
+    /// Throws UsageError where a name is no unit.
+    UnitChoice Choice() const { return ChooseUnits(m_length, m_force); }
+
+private:
+    std::string m_length;
+    std::string m_force;
+};
+
+} // namespace dbsection

@@ -1,0 +1,54 @@
+#include "commands/Command.h"
+#include "commands/UserSection.h"
+#include "files/CatalogueBuilder.h"
+#include "interface/SectionDBInterface.h"
+#include "output/Escapes.h"
+
+#include <fmt/format.h>
+
+namespace dbsection {
+namespace {
+
+/// The empty tables of a kind of files.
+CatalogueSource SourceOf(const UserFileKind& kind, const UnitSystem& units) {
+    SectionDBInterface::InitSectionDBInterface();
+    const auto& catalogue = dynamic_cast<const CatalogueSectionDB&>(
+        *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(kind.index)));
+    CatalogueSource source;
+    source.title = kind.title;
+    source.standard = "None";
+    source.sourceNote = "The user's own sections";
+    source.units = &units;
+    source.tables = MakeEmptyTables(catalogue, units);
+    return source;
+}
+
+class UserCreate : public Command {
+    void Declare(CLI::App& app) override {
+        m_file.Declare(app);
+        app.add_flag("--generic", m_isGeneric, "Of generic shapes instead of user tables");
+        app.add_option("--units", m_units, "metric or US")->default_val("metric");
+    }
+
+    void Run() const override {
+        const UnitSystem* units = FindUnitSystem(m_units);
+        if (units == nullptr)
+            throw UsageError(
+                fmt::format("\"{}\" is no system of units; give metric or US.", m_units));
+        const CatalogueSource source = SourceOf(KindOf(m_isGeneric), *units);
+        const std::string password = ReadPassword(m_file.password, PasswordUse::New);
+        BuildCatalogue(
+            source, m_file.path, password, [] {}, Existing::Refuse);
+        fmt::print("{}: {} tables{}\n", PlainText(m_file.path.string()), source.tables.size(),
+                   password.empty() ? "" : ", protected");
+    }
+
+    UserFileOptions m_file;
+    bool m_isGeneric = false;
+    std::string m_units;
+};
+
+const CommandEntry entry("user create", "Make a file without sections", Make<UserCreate>);
+
+} // namespace
+} // namespace dbsection

@@ -1,0 +1,80 @@
+// Tables as JSON.
+#include "output/CellText.h"
+#include "output/Escapes.h"
+
+namespace dbsection {
+namespace {
+
+constexpr CellWriter Writer{"null", JsonText,
+                            [](const Figure& figure) { return ExactText(figure, "null"); }};
+
+/// Members or elements, one after another.
+class JsonList {
+public:
+    void Add(const std::string& item) {
+        m_text += m_separator + item;
+        m_separator = ", ";
+    }
+    void AddMember(const std::string& name, const std::string& value) {
+        Add(JsonText(name) + ": " + value);
+    }
+    const std::string& Text() const { return m_text; }
+
+private:
+    std::string m_text;
+    const char* m_separator = "";
+};
+
+std::string UnitsOf(const Table& table) {
+    JsonList units;
+    for (const Table::Column& column : table.columns)
+        if (!column.unit.empty())
+            units.AddMember(column.name, JsonText(column.unit));
+    return '{' + units.Text() + '}';
+}
+
+/// An array of its own lines, at a depth of indentation.
+std::string ArrayOf(const std::vector<std::string>& items, const std::string& indent) {
+    std::string text = "[";
+    const char* separator = "\n";
+    for (const std::string& item : items) {
+        text.append(separator).append(indent).append("  ").append(item);
+        separator = ",\n";
+    }
+    return text + '\n' + indent + ']';
+}
+
+std::string RowsOf(const Table& table, const std::string& indent) {
+    const std::string units = HasUnits(table) ? UnitsOf(table) : "";
+    std::vector<std::string> rows;
+    for (const Table::Row& row : table.rows) {
+        JsonList members;
+        for (std::size_t i = 0; i < row.size(); ++i)
+            members.AddMember(table.columns[i].name, CellText(row[i], Writer));
+        if (!units.empty())
+            members.AddMember("units", units);
+        rows.push_back('{' + members.Text() + '}');
+    }
+    return ArrayOf(rows, indent);
+}
+
+std::string ObjectOf(const Table& table, const std::string& indent) {
+    JsonList members;
+    for (const auto& [name, value] : table.subject.facts)
+        members.AddMember(name, JsonText(value));
+    members.AddMember(table.subject.rows, RowsOf(table, indent));
+    return '{' + members.Text() + '}';
+}
+
+} // namespace
+
+std::string JsonOf(std::span<const Table> tables) {
+    if (tables.front().subject.facts.empty())
+        return RowsOf(tables.front(), "") + '\n';
+    std::vector<std::string> objects;
+    for (const Table& table : tables)
+        objects.push_back(ObjectOf(table, "  "));
+    return ArrayOf(objects, "") + '\n';
+}
+
+} // namespace dbsection
