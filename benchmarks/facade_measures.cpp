@@ -17,7 +17,7 @@ namespace {
 
 using Facade = SectionDBInterface;
 
-constexpr int American = 1;
+constexpr int American = AmericanIndex;
 constexpr int WShape = 1;
 constexpr const char* NoName = "Nowhere";
 

@@ -36,7 +36,7 @@ struct Field {
 
 /// Joists are no tables of shapes: they are grouped by series, come without units, and the library
 /// offers neither summaries nor selections of them.
-inline constexpr int JoistCatalogue = 21;
+inline constexpr int JoistCatalogue = SteelJoistIndex;
 
 /// The catalogue of that number or display name. Throws Refusal.
 int FindCatalogue(const CString& numberOrName);

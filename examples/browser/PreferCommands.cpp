@@ -9,10 +9,6 @@
 namespace browser {
 namespace {
 
-// What the first number of a selection may mean.
-constexpr DWORD EverySection = 0;
-constexpr DWORD NoSection = static_cast<DWORD>(-1);
-
 void RequireSelections(const Session& session) {
     if (session.Catalogue() == JoistCatalogue)
         throw Refusal("The library keeps no selections of joists.");
@@ -23,9 +19,9 @@ void RequireSelections(const Session& session) {
 CDWordArray SelectionOf(const Session& session, const Arguments& names) {
     CDWordArray selection;
     if (names.size() == 1 && IsSameName(names[0], "all"))
-        selection.Add(EverySection);
+        selection.Add(SectionDBInterface::EverySection);
     else if (names.size() == 1 && IsSameName(names[0], "none"))
-        selection.Add(NoSection);
+        selection.Add(SectionDBInterface::NoSection);
     else
         for (const CString& name : names)
             selection.Add(static_cast<DWORD>(session.FindSection(name).record));

@@ -5,14 +5,10 @@
 //     SectionDBBase* british = driver.GetSectionDBObject(3);
 #pragma once
 
+#include "catalogues/CatalogueNumbers.h"
 #include "catalogues/SectionDBBase.h"
 #include "platform/Collections.h"
 #include "platform/Export.h"
-
-/// Catalogue indices besides 1 to LastCatalogueIndex.
-inline constexpr int LastCatalogueIndex = 37;
-inline constexpr int UserTableIndex = 1001;
-inline constexpr int GenericTableIndex = 1010;
 
 class DBSECTION_API SectionDBDriverBase {
 public:

@@ -5,8 +5,9 @@
 //     int shapes = SectionDBInterface::GetSectionCount(1, 1); // W shapes of the American catalogue
 //     SectionDBInterface::ExitSectionDBInterface();
 //
-// A catalogue index names a catalogue: 1 to 37, 1001 the user tables, 1010 the generic shapes; 0 is
-// "Untitled", which has no file. A section type is the catalogue's own number of a shape family.
+// A catalogue index names a catalogue: 1 to 37, 1001 the user tables, 1010 the generic shapes
+// (catalogues/CatalogueNumbers.h); 0 is "Untitled", which has no file. A section type is the
+// catalogue's own number of a shape family.
 //
 // All members are static: the state is that of the process, and one thread at a time is inside. A
 // call from another one meanwhile is refused: a message box says so, in engine mode too, the
@@ -209,13 +210,16 @@ public:
     /// The table that holds a section, by its VessaName in upper case. Returns 1 when found.
     static int GetTableNameFromSection(int index, const char* name, CString& tableName);
 
-    // The user's selections: record numbers by section type, kept in the table-index file. The
-    // first number 0 means every section, -1 none.
+    // The user's selections: record numbers by section type, kept in the table-index file.
+
+    static constexpr DWORD EverySection = 0;       ///< as the first number of a selection
+    static constexpr DWORD NoSection = 0xFFFFFFFF; ///< likewise
 
     /// Writes the selection into the first elements of an array, which grows as needed and keeps
-    /// what it holds beyond them. A selection that is not stored is [0]. Where the file cannot be
-    /// read, that is a file error (kind 2), GetLastProfileError() tells its number, and the first
-    /// element is -1, as after any failure: no section is offered, nor should that be saved.
+    /// what it holds beyond them. A selection that is not stored is EverySection. Where the file
+    /// cannot be read, that is a file error (kind 2), GetLastProfileError() tells its number, and
+    /// the first element is NoSection, as after any failure: no section is offered, nor should that
+    /// be saved.
     static void GetUserSelectedSections(int index, int sectionType, CDWordArray& selection);
 
     /// Stores a selection, at once or not at all, and builds the table-index file when there is

@@ -24,8 +24,8 @@ using dbsection::PublicCall;
 
 namespace {
 
-constexpr int NoSection = -1;
-constexpr int EverySection = 0;
+constexpr DWORD NoSection = SectionDBInterface::NoSection;
+constexpr DWORD EverySection = SectionDBInterface::EverySection;
 
 int NumberAt(const CDWordArray& selection, int element) {
     return static_cast<int>(selection.GetAt(element));
@@ -44,7 +44,7 @@ CString SelectionKey(int index, int sectionType) {
 CString SelectionText(const CDWordArray& selection) {
     CString text;
     for (int i = 0; i < selection.GetSize(); ++i) {
-        if (NumberAt(selection, i) == 0)
+        if (selection[i] == EverySection)
             continue;
         text += Decimal(selection[i]);
         if (i + 1 < selection.GetSize()) // whatever follows
@@ -55,7 +55,7 @@ CString SelectionText(const CDWordArray& selection) {
 
 CString SelectionQuery(const CString& table, const CDWordArray& selection) {
     CString numbers;
-    if (NumberAt(selection, 0) == NoSection)
+    if (selection.GetAt(0) == NoSection)
         numbers = "0";
     else if (NumberAt(selection, 0) > 0)
         for (const DWORD number : selection)
@@ -86,7 +86,7 @@ std::vector<DWORD> ParseSelection(std::string_view text) {
 void SectionDBInterface::GetUserSelectedSections(int index, int sectionType,
                                                  CDWordArray& selection) {
     PublicCall("GetUserSelectedSections()", [&] {
-        selection.SetAtGrow(0, static_cast<DWORD>(NoSection)); // where the call fails
+        selection.SetAtGrow(0, NoSection); // where the call fails
         CDWordArray read = selection;
         const bool hasFile = dbsection::LookForFile(GetDBIFileName()) != ENOENT;
         const CString key = hasFile ? SelectionKey(index, sectionType) : CString();
@@ -108,8 +108,8 @@ bool dbsection::ReadSelection(int index, const CString& table, CDWordArray& sele
                                                   "0", buffer.data(), buffer.size(), file);
     const bool isRead = SettingsWereRead(
         file, {"GetUserSelectedSections()", "Failed to read the selected sections."});
-    const std::vector<DWORD> numbers = isRead ? ParseSelection({buffer.data(), length})
-                                              : std::vector<DWORD>{static_cast<DWORD>(NoSection)};
+    const std::vector<DWORD> numbers =
+        isRead ? ParseSelection({buffer.data(), length}) : std::vector<DWORD>{NoSection};
     selection.SetSize(std::max(selection.GetSize(), static_cast<int>(numbers.size())));
     int element = 0;
     for (const DWORD number : numbers)
@@ -123,7 +123,7 @@ void SectionDBInterface::SaveUserSelectedSections(int index, int sectionType,
         const CString file = GetDBIFileName();
         if (dbsection::LookForFile(file) == ENOENT && !MakeTableIndex(false))
             return;
-        const bool everySection = NumberAt(selection, 0) == EverySection;
+        const bool everySection = selection.GetAt(0) == EverySection;
         const CString value = everySection ? CString("0") : SelectionText(selection);
         const CString key = SelectionKey(index, sectionType);
         if (key.IsEmpty())
@@ -140,9 +140,8 @@ int SectionDBInterface::IsSectionInProject(int index, int sectionType, int recor
             return 0;
         CDWordArray selection;
         GetUserSelectedSections(index, sectionType, selection);
-        const int first = NumberAt(selection, 0);
-        if (first <= 0)
-            return first == EverySection ? 1 : 0;
+        if (NumberAt(selection, 0) <= 0)
+            return selection[0] == EverySection ? 1 : 0;
         return std::ranges::count(selection, static_cast<DWORD>(recordNumber)) > 0 ? 1 : 0;
     });
 }

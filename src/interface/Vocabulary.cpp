@@ -40,7 +40,7 @@ constexpr NamedNumber CountryNames[] = {
     {"stcSpanish", 14}, {"stcVenezuelan", 15}, {"stcKorean", 16}, {"stcAluminum", 17},
     {"stcAmericanColdFormed", 18}, {"stcIndianColdFormed", 19}, {"stcMexican", 20},
     {"stcAmericanSteelJoist", 21}, {"stcAITCTimber", 22}, {"stcLysaghtColdFormed", 23},
-    {"stcBritishColdFormed", 24}, {"stcCanadianTimber", 25}, {"stcUserDefined", 1001},
+    {"stcBritishColdFormed", 24}, {"stcCanadianTimber", 25}, {"stcUserDefined", UserTableIndex},
     {"stcButlerColdFormed", 26}, {"stcKingspanColdFormed", 27}, {"stcRCecoColdFormed", 28},
     {"stcJapaneseColdFormed", 29}, {"stcAustralianColdFormed", 30}, {"stcRussianColdFormed", 31},
     {"stcSTOASChM", 32}, {"stcJindal", 33}, {"stcTataStructura", 35}, {"stcAPLApolloTubes", 37},

@@ -1,5 +1,7 @@
 #include "queries/QueryText.h"
 
+#include "interface/SectionDBInterface.h"
+
 #include <array>
 #include <charconv>
 #include <limits>
@@ -8,11 +10,11 @@
 namespace dbsection {
 namespace {
 
-constexpr int NoSection = -1;
+constexpr DWORD NoSection = SectionDBInterface::NoSection;
 
 /// Record number 0 never exists.
 CString NumberList(const CDWordArray& selection) {
-    if (static_cast<int>(selection.GetAt(0)) == NoSection)
+    if (selection.GetAt(0) == NoSection)
         return "0";
     CString list;
     for (const DWORD number : selection)
@@ -31,8 +33,8 @@ CString Fixed(double number, int decimals) {
 }
 
 CString SelectionClause(const CDWordArray& selection, SelectionForm form) {
-    const int first = static_cast<int>(selection.GetAt(0));
-    if (first <= 0 && first != NoSection)
+    const DWORD first = selection.GetAt(0);
+    if (static_cast<int>(first) <= 0 && first != NoSection)
         return {};
     const char* join = form == SelectionForm::Where ? " WHERE "
                        : form == SelectionForm::And ? " AND "

@@ -81,10 +81,9 @@ void OpenSorted(const Target& target, int const (*keys)[2], CSectionDatabase** d
 
 /// The column of areas by which a section is chosen in place of an unknown one.
 const char* AreaColumnOf(int catalogue) {
-    constexpr int AmericanColdFormed = 18;
-    return catalogue >= 1 && catalogue < AmericanColdFormed ? "AX"
-           : catalogue == AmericanColdFormed                ? "Area"
-                                                            : "";
+    return catalogue >= 1 && catalogue < AmericanColdFormedIndex ? "AX"
+           : catalogue == AmericanColdFormedIndex                ? "Area"
+                                                                 : "";
 }
 
 /// The average of a column over the selected sections; nothing where it cannot be read.
@@ -149,11 +148,10 @@ void SectionDBInterface::GetRangeSortedSectionRecords(int catalogue, int type, i
 void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* name,
                                           CSectionDatabase** db, CSectionRecordset** rs) {
     QueryCall("GetSectionRecord()", rs, [&] {
-        constexpr int SteelJoists = 21;
         const Target target(catalogue, type, db, rs);
         if (!target)
             return;
-        const CString byName = catalogue == SteelJoists
+        const CString byName = catalogue == SteelJoistIndex
                                    ? target.Rows() + " WHERE [Designation] = '" + name + "'"
                                    : ByName(target, name);
         dbsection::OpenByName(db, rs, name, byName + target.Selected(SelectionForm::And),
