@@ -4,6 +4,7 @@
 
 #include "engine/SectionEngine.h"
 #include "interface/SectionDBInterface.h"
+#include "units/UnitId.h"
 
 #include <array>
 #include <cstring>
@@ -14,9 +15,9 @@
 namespace sectionbench {
 namespace {
 
-constexpr std::int32_t American = 1;
+constexpr std::int32_t American = AmericanIndex;
 constexpr std::int32_t WShape = 1;
-constexpr std::int32_t Millimetre = 1004;
+constexpr std::int32_t Millimetre = dbsection::UnitId::Millimetre;
 constexpr int NameColumn = 2;
 constexpr int FirstValue = 3;
 constexpr int ValueCount = 11;

@@ -11,8 +11,6 @@
 namespace sectionbench {
 namespace {
 
-constexpr unsigned int Millimetre = 1004;
-constexpr unsigned int Kilonewton = 2007;
 constexpr int WShape = 1;
 
 /// The American catalogue with the protected file attached.
@@ -33,14 +31,15 @@ private:
 };
 
 Action ConvertUnit(const Catalogues& /*catalogues*/) {
-    return [] { Keep(UNIT::ConvertUnitTo(1.0, "KIPS/INCHES^2", Kilonewton, Millimetre)); };
+    return
+        [] { Keep(UNIT::ConvertUnitTo(1.0, "KIPS/INCHES^2", UNIT::Kilonewton, UNIT::Millimetre)); };
 }
 
 Action SummariseSection(const Catalogues& catalogues) {
     return [american = std::make_shared<American>(catalogues)] {
         int sectionType = 0;
-        const std::unique_ptr<SECTIONINFO> section(
-            (*american)->GetSectionStructProperty("W12X26", Millimetre, Kilonewton, &sectionType));
+        const std::unique_ptr<SECTIONINFO> section((*american)->GetSectionStructProperty(
+            "W12X26", UNIT::Millimetre, UNIT::Kilonewton, &sectionType));
         if (!section || sectionType != WShape)
             throw std::runtime_error("the section was not found");
     };

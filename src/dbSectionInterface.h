@@ -11,3 +11,4 @@
 #include "platform/PrivateProfile.h"
 #include "records/CatalogueRecords.h"
 #include "units/UNIT.h"
+#include "units/UnitText.h"

@@ -2,9 +2,11 @@
 #include "CatalogueFixture.h"
 
 #include "units/UNIT.h"
+#include "units/UnitText.h"
 
 #include <memory>
 
+using namespace dbsection;
 using namespace testsupport;
 
 namespace {
@@ -126,6 +128,67 @@ TEST(Units, StayUnconvertedWhereAnIdentifierIsNoneOfItsKind) {
     }
     EXPECT_EQ(UNIT::LengthConvertTo(3, Kip, Inch, 1), 3); // a force among lengths
     EXPECT_EQ(UNIT::ConvertUnitTo(3, "MM", Kip, Kip), 3);
+}
+
+TEST(UnitTexts, TellWhatTheyMeasure) {
+    constexpr double Pound = 4.4482216152605;
+    struct {
+        const char* unit;
+        std::optional<UnitDimension> dimension;
+        double size = 0;
+        UnitNames names = UnitNames::Kept;
+    } const cases[] = {
+        {"inches^4", UnitDimension{4}, 416231.4256},
+        {"KIPS/INCHES^2", UnitDimension{-2, 1}, 1000 * Pound / 645.16},
+        {"ksi", UnitDimension{-2, 1}, 1000 * Pound / 645.16},
+        {"PSI", UnitDimension{-2, 1}, Pound / 645.16},
+        {"KG/METER", UnitDimension{-1, 1}, 9.80665e-3},
+        {"KNS.M/MM^2", UnitDimension{-1, 1}, 1e6},
+        {"POUND/FEET", UnitDimension{-1, 1}, Pound / 304.8},
+        {"kN/m", UnitDimension{-1, 1}, 1, UnitNames::Printed},
+        {"kN/m", std::nullopt},
+        {"daN.YD^2/t", UnitDimension{2, 0}, 10 * 914.4 * 914.4 / 9806.65, UnitNames::Printed},
+        {"", std::nullopt},
+        {"NUMBER", std::nullopt},
+        {"MM^", std::nullopt},
+        {"MM^0", std::nullopt},
+        {"MM^-1", std::nullopt},
+        {"MM^1.5", std::nullopt},
+        {"MM^2x", std::nullopt},
+        {"MM/", std::nullopt},
+    };
+    for (const auto& [unit, dimension, size, names] : cases) {
+        EXPECT_EQ(DimensionOf(unit, names), dimension) << unit;
+        if (dimension) {
+            EXPECT_NEAR(SizeOf(unit, names) / size, 1, 1e-12) << unit;
+        }
+    }
+}
+
+TEST(UnitTexts, ReadAsTheyArePrinted) {
+    constexpr UnitChoice None{};
+    constexpr UnitChoice Metric{Millimetre, Newton};
+    struct {
+        const char* unit;
+        UnitChoice choice;
+        const char* label;
+    } const cases[] = {
+        {"KIPS/INCHES^2", None, "kip/in^2"},
+        {"KIPS/INCHES^2", Metric, "N/mm^2"},
+        {"KSI", {0, KiloNewton}, "kN/in^2"},
+        {"KNS.M/MM^2", None, "kN.m/mm^2"},
+        {"TON/METER", {Inch, 0}, "t/in"},
+        {"DNS/YD.KM", None, "daN/yd.km"},
+        {"FURLONG^2/FEET", Metric, "FURLONG^2/mm"},
+        {"NUMBER", Metric, ""},
+        {"", Metric, ""},
+        {"/CM^2", None, "/cm^2"},
+        {"Text", Metric, ""},
+        {"degree", Metric, "deg"},
+        {"RADIAN", Metric, "rad"},
+    };
+    for (const auto& [unit, choice, label] : cases)
+        EXPECT_EQ(LabelOf(unit, choice), label) << unit;
 }
 
 class FieldUnitsTest : public DataAccessTest {

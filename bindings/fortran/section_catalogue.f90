@@ -6,7 +6,7 @@
 !>     integer :: rows
 !>     logical :: found
 !>
-!>     call open_catalogue(1)                                          ! American
+!>     call open_catalogue(american)
 !>     call get_section(1, 1, "W12X26", millimetre, values)            ! a W shape
 !>     call get_sorted_sections(1, 1, [ascending(1)], inch, rows)      ! all, by area
 !>     call get_first_section(slot_sorted, name, values, found)
@@ -43,6 +43,15 @@ module section_catalogue
     integer(section_int), parameter, public :: inch = 1001, foot = 1002, yard = 1003
     integer(section_int), parameter, public :: millimetre = 1004, centimetre = 1005
     integer(section_int), parameter, public :: decimetre = 1006, metre = 1007, kilometre = 1008
+
+    integer(section_int), parameter, public :: kip = 2001, pound = 2002, kilogram = 2003
+    integer(section_int), parameter, public :: metric_ton = 2004, newton = 2005
+    integer(section_int), parameter, public :: decanewton = 2006, kilonewton = 2007
+    integer(section_int), parameter, public :: meganewton = 2008
+
+    integer(section_int), parameter, public :: american = 1, aluminium = 17
+    integer(section_int), parameter, public :: american_cold_formed = 18, steel_joists = 21
+    integer(section_int), parameter, public :: user_tables = 1001, generic_shapes = 1010
 
     !> Where each query leaves its rows.
     integer(section_int), parameter, public :: slot_lookup = 0, slot_sorted = 1, slot_like = 2
@@ -186,7 +195,7 @@ contains
         call tell(err, status)
     end subroutine get_value_count
 
-    !> The unit that a value is stored in: the code of its first factor (2001 kip for "KIPS/FEET"),
+    !> The unit that a value is stored in: the code of its first factor (kip for "KIPS/FEET"),
     !> 0 where it has none, and the factor from there to `unit`, 1 likewise. A value that the
     !> family does not have gives 0 for both.
     subroutine get_value_unit(catalogue, section_type, value, unit, unit_code, factor, status)
@@ -318,7 +327,7 @@ contains
         integer(section_int), intent(in) :: product !! 0 all, 1 extrusions, 2 drawn tube, 3 pipe
         integer(section_int), intent(in) :: alclad, welded !! 1 or 0
         real(section_real), intent(in) :: thickness !! in the unit of the catalogue
-        integer(section_int), intent(in) :: force_unit !! 2001 kip ... 2005 N, 2007 kN, 2008 MN
+        integer(section_int), intent(in) :: force_unit !! kip to meganewton
         real(section_real), allocatable, intent(out) :: values(:)
         integer(section_int), intent(out), optional :: status
         real(section_real) :: buffer(most_values)

@@ -16,7 +16,7 @@ program beam_design
     implicit none
 
     integer, parameter :: dp = kind(1.0d0)
-    integer(section_int), parameter :: american = 1, w_shape = 1
+    integer(section_int), parameter :: w_shape = 1
 
     real(dp), parameter :: yield_stress = 50 ! ksi, A992
     real(dp), parameter :: elastic_modulus = 29000 ! ksi
@@ -30,13 +30,13 @@ program beam_design
         character(4) :: metric_name
         real(dp) :: factor ! from the first to the metric one
     end type unit_pair
-    real(dp), parameter :: kilonewton = 4.4482216152605_dp ! of a kip
+    real(dp), parameter :: kilonewtons = 4.4482216152605_dp ! of a kip
     real(dp), parameter :: metres = 0.3048_dp ! of a foot
     type(unit_pair), parameter :: length = unit_pair("ft", "m", metres)
     type(unit_pair), parameter :: small_length = unit_pair("in", "mm", 25.4_dp)
-    type(unit_pair), parameter :: line_load = unit_pair("kip/ft", "kN/m", kilonewton / metres)
-    type(unit_pair), parameter :: weight = unit_pair("lb/ft", "kN/m", kilonewton / metres / 1000)
-    type(unit_pair), parameter :: moment = unit_pair("kip-ft", "kN-m", kilonewton * metres)
+    type(unit_pair), parameter :: line_load = unit_pair("kip/ft", "kN/m", kilonewtons / metres)
+    type(unit_pair), parameter :: weight = unit_pair("lb/ft", "kN/m", kilonewtons / metres / 1000)
+    type(unit_pair), parameter :: moment = unit_pair("kip-ft", "kN-m", kilonewtons * metres)
 
     ! The values of an I shape.
     integer, parameter :: ax = 1, bf = 3, tf = 4, iz = 6, zz = 10

@@ -28,7 +28,7 @@ public:
     /// "American, W Shape", as far as chosen.
     CString Place() const;
 
-    Units units;
+    Units units = AmericanUnits;
     bool isOver = false;
 
 private:

@@ -69,7 +69,7 @@ void Show(Session& session, const Arguments& arguments) {
     PrintTitle(session, section);
     std::vector<Row> rows;
     for (const auto& [field, unit] : DisplayFieldsOf(session.Catalogue(), type))
-        rows.push_back({field, Text(values.at(rows.size())), LabelOf(unit, session.units)});
+        rows.push_back({field, Text(values.at(rows.size())), ColumnLabel(unit, session.units)});
     PrintTable(rows, "lrl");
     if (!session.IsPreferred(section))
         std::cout << "It is not among the preferred sections.\n";
@@ -90,7 +90,7 @@ void ShowAll(Session& session, const Arguments& /*arguments*/) {
     std::vector<Row> rows{{"Name"}, {""}};
     for (const auto& [field, unit] : DisplayFieldsOf(catalogue, type)) {
         rows[0].push_back(field);
-        rows[1].push_back(LabelOf(unit, session.units));
+        rows[1].push_back(ColumnLabel(unit, session.units));
     }
     const std::size_t columns = rows[0].size() - 1;
     for (int i = 0; i < names.GetSize(); ++i) {
@@ -115,7 +115,7 @@ void Summary(Session& session, const Arguments& arguments) {
     std::vector<Row> rows;
     for (const auto& [label, value, unit] : LinesOf(*info, IsAngle(session)))
         if (value != 0) // what the table does not keep
-            rows.push_back({label, Text(value), LabelOf(unit, session.units)});
+            rows.push_back({label, Text(value), ColumnLabel(unit, session.units)});
     PrintTable(rows, "lrl");
 }
 

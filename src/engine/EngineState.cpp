@@ -97,10 +97,8 @@ std::optional<Factors> FindFactors(const Conversion& conversion, const CSectionD
 } // namespace
 
 bool EngineSlot::ConvertTo(int lengthUnit, int forceUnit, int first) {
-    constexpr int FirstUnit = 1001;
-    constexpr int LastUnit = 1008;
     std::fill(factors.begin() + BookkeepingColumns, factors.end(), 1.0F);
-    if (lengthUnit < FirstUnit || lengthUnit > LastUnit)
+    if (!UnitId::IsLength(static_cast<unsigned int>(lengthUnit)))
         return true;
     const int counted = std::exchange(count, 0); // no row is read without its factors
     const Conversion conversion{catalogue,  type,

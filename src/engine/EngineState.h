@@ -5,6 +5,7 @@
 #include "dataaccess/Guard.h"
 #include "interface/PublicCall.h"
 #include "interface/SectionDBInterface.h"
+#include "units/UnitId.h"
 
 #include <array>
 #include <cstdint>
@@ -44,7 +45,7 @@ struct EngineSlot {
     /// Sets the factors of the values from `first` on, by the units of the slot's table: forces are
     /// converted to `forceUnit`, lengths to `lengthUnit`; 1.0 where that is none, or where the
     /// table keeps no units. False when the units cannot be read: the slot then has no rows.
-    bool ConvertTo(int lengthUnit, int forceUnit = 2001, int first = BookkeepingColumns);
+    bool ConvertTo(int lengthUnit, int forceUnit = UnitId::Kip, int first = BookkeepingColumns);
 
     /// Reads the values of the current row from a column on.
     void ReadValues(float* values, int first = BookkeepingColumns) const;

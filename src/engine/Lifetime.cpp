@@ -116,7 +116,6 @@ void GETFIELDCOUNT(const std::int32_t* catalogue, const std::int32_t* type,
 void GETUNITFORFIELDANDCONVFACT(const std::int32_t* catalogue, const std::int32_t* type,
                                 const std::int32_t* value_index, const std::int32_t* unit,
                                 std::int32_t* unit_id, float* factor, std::int32_t* err) {
-    constexpr unsigned int Kip = 2001;
     Enter("GETUNITFORFIELDANDCONVFACT()", err, [&] {
         // First: it may open another catalogue.
         const CString table = SectionDBInterface::GetTableFromSectionType(*catalogue, *type);
@@ -129,6 +128,6 @@ void GETUNITFORFIELDANDCONVFACT(const std::int32_t* catalogue, const std::int32_
         const CString& text = units->GetAt(static_cast<int>(column));
         *unit_id = static_cast<std::int32_t>(UNIT::StringToId(text));
         *factor = dbsection::ToSingle(
-            UNIT::ConvertUnitTo(1.0, text, Kip, static_cast<unsigned int>(*unit)));
+            UNIT::ConvertUnitTo(1.0, text, UNIT::Kip, static_cast<unsigned int>(*unit)));
     });
 }

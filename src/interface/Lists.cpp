@@ -4,6 +4,7 @@
 #include "catalogues/CatalogueSectionDB.h"
 #include "interface/PrincipalAngle.h"
 #include "interface/PublicCall.h"
+#include "units/UNIT.h"
 
 #include <array>
 #include <memory>
@@ -199,13 +200,13 @@ int SectionDBInterface::GetSectionPrincipalAngle(int index, CString name, double
         SectionDBBase* catalogue = OpenCatalogue(index);
         if (catalogue == nullptr)
             return 0;
-        const bool isAmerican = index == 1; // inches and kips there, mm and N elsewhere
+        const bool isAmerican = index == AmericanIndex;
         std::array<float, 16> values{};
         int sectionType = -1;
         int recordNo = -1;
-        const int result =
-            catalogue->GetSectionDataForGUI(index, name, &sectionType, &recordNo, values.data(),
-                                            isAmerican ? 1001 : 1004, isAmerican ? 2001 : 2005);
+        const int result = catalogue->GetSectionDataForGUI(
+            index, name, &sectionType, &recordNo, values.data(),
+            isAmerican ? UNIT::Inch : UNIT::Millimetre, isAmerican ? UNIT::Kip : UNIT::Newton);
         if (result != 0 && catalogue->GetShapeType(sectionType) == ShapeType::Angle)
             *angle = AngleOf({values[0], values[1], values[2], values[3]}, *catalogue, sectionType);
         return result;

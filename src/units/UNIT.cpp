@@ -1,9 +1,7 @@
 #include "units/UNIT.h"
 
-#include "platform/Text.h"
+#include "units/UnitText.h"
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <string_view>
 
@@ -31,119 +29,50 @@ const double UNIT::ForceConversionArray[8][8] = {
 
 namespace {
 
-constexpr unsigned int FirstLength = 1001;
-constexpr unsigned int FirstForce = 2001;
-constexpr unsigned int UnitsOfAKind = 8;
-
-struct UnitName {
-    std::string_view name;
-    unsigned int id;
-};
-
-constexpr std::array UnitNames{
-    UnitName{"INCHES", 1001}, UnitName{"IN", 1001},    UnitName{"FEET", 1002},
-    UnitName{"FT", 1002},     UnitName{"YARD", 1003},  UnitName{"YD", 1003},
-    UnitName{"MMS", 1004},    UnitName{"MM", 1004},    UnitName{"CM", 1005},
-    UnitName{"DME", 1006},    UnitName{"DM", 1006},    UnitName{"METER", 1007},
-    UnitName{"M", 1007},      UnitName{"KM", 1008},    UnitName{"KIP", 2001},
-    UnitName{"KIPS", 2001},   UnitName{"POUND", 2002}, UnitName{"LB", 2002},
-    UnitName{"KG", 2003},     UnitName{"MTON", 2004},  UnitName{"TON", 2004},
-    UnitName{"T", 2004},      UnitName{"MT", 2004},    UnitName{"NEWTON", 2005},
-    UnitName{"N", 2005},      UnitName{"DNS", 2006},   UnitName{"KNS", 2007},
-    UnitName{"MNS", 2008},
-};
-
-/// Texts that are not converted, in the spellings that count.
-constexpr std::array<std::string_view, 12> Unconverted{"NUMBER", "number", "Number", "DEG",
-                                                       "deg",    "Deg",    "DEGREE", "degree",
-                                                       "Degree", "RADIAN", "radian", "Radian"};
-
-bool IsOneOf(std::string_view text, std::string_view upper, std::string_view lower,
-             std::string_view mixed) {
-    return text == upper || text == lower || text == mixed;
-}
-
-unsigned int IdOf(std::string_view unit) {
-    const std::string_view name = unit.substr(0, unit.find('^'));
-    const auto matches = [name](const UnitName& entry) {
-        return dbsection::EqualNoCase(entry.name, name);
-    };
-    const auto place = std::ranges::find_if(UnitNames, matches);
-    return place == UnitNames.end() ? 0 : place->id;
-}
-
-double ExponentOf(std::string_view unit) {
-    const std::size_t caret = unit.find('^');
-    return caret == std::string_view::npos
-               ? 1.0
-               : dbsection::LeadingNumber<double>(unit.substr(caret + 1));
-}
-
-bool IsOfKind(unsigned int id, unsigned int first) {
-    return id >= first && id < first + UnitsOfAKind;
-}
+using dbsection::UnitFactor;
+namespace UnitId = dbsection::UnitId;
 
 double Power(double factor, double exponent) {
     return exponent == 1.0 ? factor : std::pow(factor, exponent);
 }
 
-double Factor(const double (&table)[UnitsOfAKind][UnitsOfAKind], unsigned int first,
-              unsigned int from, unsigned int to, double exponent) {
-    if (!IsOfKind(from, first) || !IsOfKind(to, first))
-        return 1.0;
-    return Power(table[from - first][to - first], exponent);
+double ConvertFactor(const UnitFactor& factor, unsigned int forceUnit, unsigned int lengthUnit) {
+    return UnitId::IsLength(factor.id)
+               ? UNIT::LengthConvertTo(1.0, factor.id, lengthUnit, factor.exponent)
+               : UNIT::ForceConvertTo(1.0, factor.id, forceUnit, factor.exponent);
 }
 
-/// The conversion factor of one unit name with its exponent.
-double FactorOf(std::string_view unit, unsigned int forceUnit, unsigned int lengthUnit) {
-    const unsigned int id = IdOf(unit);
-    if (IsOfKind(id, FirstLength))
-        return UNIT::LengthConvertTo(1.0, id, lengthUnit, ExponentOf(unit));
-    if (IsOfKind(id, FirstForce))
-        return UNIT::ForceConvertTo(1.0, id, forceUnit, ExponentOf(unit));
-    return 1.0;
-}
-
-double CompoundFactor(std::string_view unit, unsigned int forceUnit, unsigned int lengthUnit) {
-    double factor = 1.0;
-    char separator = '.';
-    while (true) {
-        const std::size_t end = std::min(unit.find_first_of("/."), unit.size());
-        const double part = FactorOf(unit.substr(0, end), forceUnit, lengthUnit);
-        factor = separator == '/' ? factor / part : factor * part;
-        if (end == unit.size())
-            return factor;
-        separator = unit[end];
-        unit.remove_prefix(end + 1);
-    }
-}
+bool IsText(std::string_view unit) { return unit == "TEXT" || unit == "text" || unit == "Text"; }
 
 } // namespace
 
-unsigned int UNIT::StringToId(const CString& name) { return IdOf(name.View()); }
+unsigned int UNIT::StringToId(const CString& name) { return dbsection::UnitIdOf(name.View()); }
 
-double UNIT::GetExponent(const CString& unit) { return ExponentOf(unit.View()); }
+double UNIT::GetExponent(const CString& unit) { return dbsection::UnitExponent(unit.View()); }
 
 double UNIT::LengthConvertTo(const double& value, unsigned int from, unsigned int to,
                              double exponent) {
-    return value * Factor(LengthConversionArray, FirstLength, from, to, exponent);
+    if (!UnitId::IsLength(from) || !UnitId::IsLength(to))
+        return value;
+    return value * Power(LengthConversionArray[from - Inch][to - Inch], exponent);
 }
 
 double UNIT::ForceConvertTo(const double& value, unsigned int from, unsigned int to,
                             double exponent) {
-    return value * Factor(ForceConversionArray, FirstForce, from, to, exponent);
+    if (!UnitId::IsForce(from) || !UnitId::IsForce(to))
+        return value;
+    return value * Power(ForceConversionArray[from - Kip][to - Kip], exponent);
 }
 
+// Plain numbers and angles are names of no unit, and so keep their value.
 double UNIT::ConvertUnitTo(const double& value, const CString& unit, unsigned int forceUnit,
                            unsigned int lengthUnit) {
-    std::string_view text = unit.View();
-    if (std::ranges::find(Unconverted, text) != Unconverted.end())
-        return value;
-    if (IsOneOf(text, "TEXT", "text", "Text"))
+    if (IsText(unit.View()))
         return 0.0;
-    if (IsOneOf(text, "KSI", "ksi", "Ksi"))
-        text = "KIPS/INCHES^2";
-    else if (IsOneOf(text, "PSI", "psi", "Psi"))
-        text = "POUND/INCHES^2";
-    return CompoundFactor(text, forceUnit, lengthUnit) * value;
+    double whole = 1.0;
+    for (dbsection::UnitFactors factors(unit.View()); const auto factor = factors.Next();) {
+        const double part = ConvertFactor(*factor, forceUnit, lengthUnit);
+        whole = factor->isDivisor ? whole / part : whole * part;
+    }
+    return whole * value;
 }

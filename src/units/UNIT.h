@@ -1,20 +1,23 @@
 // Units: identifiers, conversion of values, and the units that a catalogue keeps of its columns.
 //
-//     double area = UNIT::ConvertUnitTo(7.65, "INCHES^2", 2007, 1004); // in mm^2
+//     double area = UNIT::ConvertUnitTo(7.65, "INCHES^2", UNIT::Kilonewton, UNIT::Millimetre);
 //
-// Length units are 1001 inch, 1002 foot, 1003 yard, 1004 mm, 1005 cm, 1006 dm, 1007 m, 1008 km;
-// force units 2001 kip, 2002 pound, 2003 kg, 2004 metric ton, 2005 N, 2006 daN, 2007 kN, 2008 MN.
+// The identifiers are those of units/UnitId.h: lengths 1001 to 1008, forces 2001 to 2008.
 #pragma once
 
 #include "platform/CString.h"
 #include "platform/Collections.h"
 #include "platform/Export.h"
+#include "units/UnitId.h"
 
 class CSectionDatabase;
 
 class DBSECTION_API UNIT {
 public:
-    /// Factors from the unit of the row to that of the column, both counted from 1001 or 2001. They
+    using enum dbsection::UnitId::Length;
+    using enum dbsection::UnitId::Force;
+
+    /// Factors from the unit of the row to that of the column, both counted from Inch or Kip. They
     /// are rounded as they stand, so that results repeat those of earlier years.
     static const double LengthConversionArray[8][8];
     static const double ForceConversionArray[8][8];

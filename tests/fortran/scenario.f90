@@ -3,7 +3,7 @@ program scenario
     use section_catalogue
     implicit none
 
-    integer(section_int), parameter :: american = 1, joists = 21, aluminium = 17
+    integer(section_int), parameter :: joists = steel_joists
     integer(section_int), parameter :: w_shape = 1, rod = 15, castellated = 13, alloy = 22
 
     character(longest_name) :: name
@@ -22,7 +22,7 @@ program scenario
     call look_joists_up()
     call open_catalogue(aluminium)
     call get_aluminium_properties(aluminium, alloy, "6061", 3_section_int, 0_section_int, &
-        0_section_int, 0.5_section_real, millimetre, 2007_section_int, values)
+        0_section_int, 0.5_section_real, millimetre, kilonewton, values)
     call show("aluminium", "", values)
     call close_catalogue(status)
     call show_number("close", status)

@@ -3,6 +3,7 @@
 #include "platform/Text.h"
 #include "sectiondb/NameRule.h"
 #include "sectiondb/SourceUnits.h"
+#include "units/UnitText.h"
 
 #include <algorithm>
 #include <array>
@@ -138,7 +139,7 @@ private:
                 row.values.emplace_back(m_csv.Number(record, column.name));
             else
                 row.values.emplace_back(
-                    *ParseNumber(Digits(geometry->second / UnitFactor(m_units[i]))));
+                    *ParseNumber(Digits(geometry->second / SizeOf(m_units[i]))));
         }
         return row;
     }
@@ -166,7 +167,7 @@ private:
             const double figure = m_csv.Number(record, column.name);
             if (figure <= 0 && !MayBeZeroOrLess(column.quantity))
                 throw m_csv.Error(record, column.name, "not above zero");
-            figures[column.name] = figure * UnitFactor(m_units[i]);
+            figures[column.name] = figure * SizeOf(m_units[i]);
         }
         return figures;
     }
@@ -176,7 +177,7 @@ private:
         for (const auto& [name, quantity] : Parameters())
             if (m_csv.Has(name)) {
                 const std::string& unit = m_csv.Text(m_csv.Records().front(), name);
-                parameters[name] = m_csv.Number(record, name) * UnitFactor(unit);
+                parameters[name] = m_csv.Number(record, name) * SizeOf(unit);
             }
         try {
             return m_plan.model->compute(published, parameters);

@@ -1,16 +1,12 @@
 // Units as a person writes and reads them.
 #pragma once
 
+#include "units/UnitText.h"
+
 #include <string>
 #include <string_view>
 
 namespace dbsection {
-
-/// Target units of a conversion; 0 keeps the stored unit of that kind.
-struct UnitChoice {
-    unsigned int length = 0;
-    unsigned int force = 0;
-};
 
 /// The choice that a person named, e.g. "mm" and "kN". Throws CommandError.
 UnitChoice ChooseUnits(const std::string& length, const std::string& force);

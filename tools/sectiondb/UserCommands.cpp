@@ -4,8 +4,8 @@
 #include "sectiondb/Commands.h"
 #include "sectiondb/CsvTable.h"
 #include "sectiondb/OutputText.h"
-#include "sectiondb/UnitLabels.h"
 #include "sectiondb/UserFile.h"
+#include "units/UnitText.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -100,7 +100,7 @@ void Print(const UserTable& table, const std::vector<Row>& rows) {
         fmt::print(" {:>12}", column->name);
     fmt::print("\n{:<20} {:<20}", "", "");
     for (const auto& [column, unit] : table.Properties())
-        fmt::print(" {:>12}", PlainText(InChosenUnits(0, unit, {}).unit));
+        fmt::print(" {:>12}", PlainText(LabelOf(unit)));
     for (const Row& row : rows) {
         fmt::print("\n{:<20} {:<20}", PlainText(row.name), PlainText(row.vessaName));
         for (const std::optional<double>& value : row.values)
