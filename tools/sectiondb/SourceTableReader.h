@@ -6,8 +6,8 @@
 // out; they are computed.
 #pragma once
 
+#include "geometry/Geometry.h"
 #include "sectiondb/CsvTable.h"
-#include "sectiondb/Geometry.h"
 #include "sectiondb/SourceRules.h"
 #include "sectiondb/SourceTable.h"
 
