@@ -1,15 +1,12 @@
-// The text sources of catalogues: reading them, refusing faulty ones, and the geometry behind it.
+// The text sources of catalogues: reading them, and refusing faulty ones.
 #include "PipeSources.h"
 #include "interface/SectionDBInterface.h"
 #include "sources/CatalogueSource.h"
 #include "sources/CsvTable.h"
-#include "sources/Geometry.h"
-#include "sources/GeometryOutline.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <numbers>
 
 using namespace dbsection;
 using testsupport::PipeSources;
@@ -178,113 +175,6 @@ TEST(CatalogueSource, TakesParametersFromTheCatalogueOrFromEachSection) {
     sources.Write("Tube.csv", "Name,VessaName,D,B,T\nTEXT,TEXT,MM,MM,MM\n");
     sources.Write("_tables.csv", tables + "rectangular tube,outside=1.5\n");
     EXPECT_EQ(FaultOf(sources), fault);
-}
-
-TEST(Outline, AgreesWithClosedFormulas) {
-    const double pi = std::numbers::pi;
-    const Corner disc[] = {{{1, 1}, 2}, {{5, 1}, 2}, {{5, 5}, 2}, {{1, 5}, 2}}; // radius 2 at 3, 3
-    const Outline round(disc);
-    EXPECT_NEAR(round.Area() / (4 * pi), 1, 1e-3);
-    EXPECT_NEAR(round.MinorAxis().centroid, 3, 1e-9);
-    EXPECT_NEAR(round.MajorAxis().plasticModulus / (32.0 / 3), 1, 2e-3);
-
-    const Corner outer[] = {{{0, 0}}, {{6, 0}}, {{6, 10}}, {{0, 10}}};
-    const Corner inner[] = {{{1, 2}}, {{5, 2}}, {{5, 8}}, {{1, 8}}};
-    Outline box(outer);
-    box.Cut(inner);
-    EXPECT_NEAR(box.Area(), 36, 1e-9);
-    EXPECT_NEAR(box.MajorAxis().inertia, 6 * 1000 / 12.0 - 4 * 216 / 12.0, 1e-9);
-    EXPECT_NEAR(box.MinorAxis().inertia, 10 * 216 / 12.0 - 6 * 64 / 12.0, 1e-9);
-    EXPECT_NEAR(box.MajorAxis().plasticModulus, 6 * 100 / 4.0 - 4 * 36 / 4.0, 1e-9);
-
-    const Corner triangle[] = {{{0, 0}}, {{3, 0}}, {{0, 6}}};
-    const Outline leaning(triangle);
-    EXPECT_NEAR(leaning.MajorAxis().centroid, 2, 1e-9);
-    EXPECT_NEAR(leaning.MajorAxis().inertia, 3 * 216 / 36.0, 1e-9);
-    EXPECT_NEAR(leaning.ProductOfInertia(), -9 * 36 / 72.0, 1e-9);
-}
-
-TEST(Geometry, GivesPublishedFiguresOfOtherStandards) {
-    struct Case {
-        const char* section;
-        const char* model;
-        Figures given;
-        Figures parameters;
-        Figures published;
-        double percent;
-    };
-    const Case cases[] = {
-        {"IPE 300, EN 10365",
-         "rolled I",
-         {{"D", 300}, {"BF", 150}, {"TF", 10.7}, {"TW", 7.1}, {"AX", 5381}},
-         {{"slope", 0}, {"toe", 0}},
-         {{"IZ", 8356e4},
-          {"IY", 603.8e4},
-          {"IX", 19.9e4},
-          {"CW", 125.9e9},
-          {"ZZ", 628.4e3},
-          {"ZY", 125.2e3}},
-         0.4},
-        {"UPE 200, EN 10365",
-         "rolled channel",
-         {{"D", 200}, {"BF", 80}, {"TF", 11}, {"TW", 6}, {"AX", 2901}},
-         {{"slope", 0}, {"toe", 0}},
-         {{"IZ", 1909e4}, {"IY", 187.3e4}, {"CZ", 25.6}, {"ZZ", 220.1e3}, {"IX", 8.89e4}},
-         1.5},
-        {"L 100x100x10, EN 10056-1",
-         "rolled angle",
-         {{"D", 100}, {"B", 100}, {"T", 10}, {"AX", 1915}},
-         {{"toe", 0.5}},
-         {{"IZ", 176.7e4},
-          {"IY", 176.7e4},
-          {"CY", 28.2},
-          {"CZ", 28.2},
-          {"RV", 19.5},
-          {"ALPHA", 45}},
-         0.5},
-        {"IPN 300, EN 10024: the flange is measured at a quarter of its width",
-         "tapered I",
-         {{"D", 300}, {"BF", 125}, {"TF", 16.2}, {"TW", 10.8}},
-         {{"radius", 10.8}, {"toe", 0.6}, {"slope", 0.14}, {"place", 31.25}},
-         {{"AX", 6900}, {"IZ", 9800e4}, {"IY", 451e4}, {"ZZ", 762e3}, {"ZY", 121e3}},
-         0.7},
-        {"UPN 350, DIN 1026-1: at half of the outstand",
-         "tapered channel",
-         {{"D", 350}, {"BF", 100}, {"TF", 16}, {"TW", 14}},
-         {{"radius", 16}, {"toe", 0.5}, {"slope", 0.05}, {"place", 43}},
-         {{"AX", 7730}, {"IZ", 12840e4}, {"IY", 570e4}, {"CZ", 24}},
-         0.4},
-        {"L 200x150x18, EN 10056-1",
-         "angle",
-         {{"D", 200}, {"B", 150}, {"T", 18}},
-         {{"radius", 15}, {"toe", 0.5}},
-         {{"AX", 6010},
-          {"IZ", 2380e4},
-          {"IY", 1150e4},
-          {"IX", 67.9e4},
-          {"RV", 32.2},
-          {"CY", 63.3},
-          {"CZ", 38.5},
-          {"ALPHA", 28.77}},
-         0.6},
-        {"SHS 100x100x10, EN 10210-2",
-         "European tube",
-         {{"D", 100}, {"B", 100}, {"T", 10}},
-         {{"outside", 1.5}, {"inside", 1}},
-         {{"AX", 3490}, {"IX", 761e4}},
-         0.2},
-        {"SHS 100x100x10, EN 10210-2",
-         "rectangular tube",
-         {{"D", 100}, {"B", 100}, {"T", 10}},
-         {{"outside", 1.5}, {"inside", 1}},
-         {{"AX", 3490}, {"IZ", 462e4}, {"IY", 462e4}, {"ZZ", 116e3}, {"ZY", 116e3}},
-         0.4},
-    };
-    for (const auto& [section, model, given, parameters, published, percent] : cases) {
-        const Figures computed = FindGeometryModel(model)->compute(given, parameters);
-        for (const auto& [column, figure] : published)
-            EXPECT_NEAR(computed.at(column) / figure, 1, percent / 100) << section << " " << column;
-    }
 }
 
 TEST(AllSources, BuildEveryCatalogue) {

@@ -56,10 +56,6 @@ public:
 private:
     std::span<const GeometryParameter> Parameters() const { return m_plan.model->parameters; }
 
-    bool GeometryGives(std::string_view column) const {
-        return std::ranges::find(m_plan.model->inputs, column) == m_plan.model->inputs.end();
-    }
-
     /// What the figures of a column are; of a column that the table cannot have, an error.
     Quantity QuantityOf(const std::string& column) const {
         if (column == NameColumn || column == VessaNameColumn)
@@ -82,13 +78,16 @@ private:
             if (!m_csv.Has(column))
                 throw m_csv.ColumnError(column, "the column is missing");
         for (const LayoutColumn& column : m_plan.layout->columns)
-            if (!m_csv.Has(column.name) && !GeometryGives(column.name))
+            if (!m_csv.Has(column.name) && !m_plan.model->Computes(column.name))
                 throw m_csv.ColumnError(column.name,
                                         "the column is missing, and geometry cannot give it");
-        for (const auto& [parameter, quantity] : Parameters())
-            if (m_csv.Has(parameter) == m_plan.parameters.contains(parameter))
-                throw m_csv.ColumnError(parameter, "the geometry needs this parameter either here "
-                                                   "or in _tables.csv");
+        for (const GeometryParameter& parameter : Parameters()) {
+            const bool isHere = m_csv.Has(parameter.name);
+            const bool isShared = m_plan.parameters.contains(parameter.name);
+            if ((isHere && isShared) || (parameter.isRequired && !isHere && !isShared))
+                throw m_csv.ColumnError(parameter.name, "the geometry needs this parameter either "
+                                                        "here or in _tables.csv");
+        }
     }
 
     void CheckUnits(const CsvTable::Record& units) const {
@@ -126,20 +125,19 @@ private:
                       UniqueName(record, VessaNameColumn, VessaNameFault),
                       {}};
         const Figures published = Published(record);
-        const Figures computed = Computed(record, published);
+        const SectionGeometry geometry = Geometry(record, published);
+        for (const JudgedFigure& figure : JudgeFigures(geometry, published))
+            CheckFigure(record, row.name, figure);
+        const Figures whole = CompleteFigures(geometry, published);
         for (std::size_t i = 0; i < m_units.size(); ++i) {
             const LayoutColumn& column = m_plan.layout->columns[i];
-            const auto given = published.find(column.name);
-            const auto geometry = computed.find(column.name);
-            if (given != published.end() && geometry != computed.end())
-                CheckFigure(record, row.name, i, geometry->second / given->second);
             if (column.quantity == Quantity::Text)
                 row.values.emplace_back(m_csv.RequiredText(record, column.name));
-            else if (given != published.end())
+            else if (published.contains(column.name))
                 row.values.emplace_back(m_csv.Number(record, column.name));
             else
                 row.values.emplace_back(
-                    *ParseNumber(Digits(geometry->second / SizeOf(m_units[i]))));
+                    *ParseNumber(Digits(whole.at(column.name) / SizeOf(m_units[i]))));
         }
         return row;
     }
@@ -172,28 +170,28 @@ private:
         return figures;
     }
 
-    Figures Computed(const CsvTable::Record& record, const Figures& published) const {
+    SectionGeometry Geometry(const CsvTable::Record& record, const Figures& published) const {
         Figures parameters = m_plan.parameters;
-        for (const auto& [name, quantity] : Parameters())
-            if (m_csv.Has(name)) {
-                const std::string& unit = m_csv.Text(m_csv.Records().front(), name);
-                parameters[name] = m_csv.Number(record, name) * SizeOf(unit);
+        for (const GeometryParameter& parameter : Parameters())
+            if (m_csv.Has(parameter.name)) {
+                const std::string& unit = m_csv.Text(m_csv.Records().front(), parameter.name);
+                parameters[parameter.name] = m_csv.Number(record, parameter.name) * SizeOf(unit);
             }
         try {
-            return m_plan.model->compute(published, parameters);
+            return m_plan.model->make(published, parameters);
         } catch (const GeometryError& error) {
             throw m_csv.LineError(record.line, error.what());
         }
     }
 
-    void CheckFigure(const CsvTable::Record& record, const std::string& name, std::size_t column,
-                     double ratio) {
-        const std::string title = m_plan.layout->columns[column].name;
-        const std::string fault = m_rules.Fault(m_plan.name, name, title, (ratio - 1) * 100);
+    void CheckFigure(const CsvTable::Record& record, const std::string& name,
+                     const JudgedFigure& judged) {
+        const double deviation = judged.Deviation();
+        const std::string fault = m_rules.Fault(m_plan.name, name, judged.column, deviation * 100);
         if (!fault.empty())
-            throw m_csv.Error(record, title,
+            throw m_csv.Error(record, judged.column,
                               fault + "; the section's geometry gives " +
-                                  Digits(m_csv.Number(record, title) * ratio));
+                                  Digits(m_csv.Number(record, judged.column) * (1 + deviation)));
     }
 
     const TablePlan& m_plan;

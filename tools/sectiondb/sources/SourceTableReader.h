@@ -6,8 +6,8 @@
 // out; they are computed.
 #pragma once
 
+#include "geometry/Geometry.h"
 #include "sources/CsvTable.h"
-#include "sources/Geometry.h"
 #include "sources/SourceRules.h"
 #include "sources/SourceTable.h"
 
