@@ -312,6 +312,9 @@ TEST_F(EngineEntryTest, TellsCountsUnitsAndCustomization) {
     GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &value, &unit, &id, &factor, &err);
     EXPECT_EQ(id, Inch);
     EXPECT_NEAR(factor, 25.4, 1e-5);
+    UNIT::UpdateFieldUnit(gblSectionDatabase, "W Shape", 4, "POUND/FEET");
+    GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &value, &unit, &id, &factor, &err);
+    EXPECT_FLOAT_EQ(factor, 0.001F / 304.8F) << "forces in kips";
     for (const std::int32_t none : {99, -4, INT32_MAX, INT32_MIN}) {
         try {
             GETUNITFORFIELDANDCONVFACT(&catalogue, &type, &none, &unit, &id, &factor, &err);

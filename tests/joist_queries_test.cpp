@@ -198,6 +198,11 @@ TEST_F(JoistQueryTest, FindsOneByDesignation) {
                       "lh-20"}));
     EXPECT_EQ(joist("LH-20", 3).names, ""); // exactly
     EXPECT_EQ(joist("lh-20", 5), (Result{{}, "none"}));
+    EXPECT_EQ(
+        Run([&](auto db, auto rs) {
+            Facade::GetSectionRecord(Catalogue, 3, "lh-20", db, rs);
+        }).statements,
+        std::vector<std::string>{"4 Select * From [OWJoistMaster] WHERE [Designation] = 'lh-20'"});
     EXPECT_EQ(Girder("30s24g5n6k"),
               (Result{{std::string(SelectGirders) +
                        " AND [JoistGirderMaster].[Span] = 30 AND [JoistGirderMaster].[Depth] = 24 "

@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <memory>
+#include <utility>
 
 using namespace testsupport;
 
@@ -188,7 +189,9 @@ TEST_F(ListsTest, ASectionThatIsNotSelectedIsWithheld) {
         const int result =
             Facade::GetSectionDataForGUI(1, "w12x26", &shapeType, values, "", 1001, 2001);
         EXPECT_EQ(values[0], 7.65F); // written all the same
+        EXPECT_EQ(std::exchange(shapeType, 0), 1);
         EXPECT_EQ(Facade::GetSectionDataForGUI_NoDbi(1, "w12x26", &shapeType, values, "", 0, 0), 1);
+        EXPECT_EQ(shapeType, 1);
         return result;
     };
     EXPECT_EQ(displayed("0"), 1);

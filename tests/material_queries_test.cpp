@@ -133,6 +133,12 @@ TEST_F(MaterialQueryTest, FindsTheStrengthsOfAProductAndThickness) {
     EXPECT_EQ(Strengths(3, 0, 1.5F).names, "");
     EXPECT_EQ(Strengths(3, 0, 1).names, "6061");
     EXPECT_EQ(Strengths(4, 0, 1), (Result{{}, "none"})); // no such product
+    CDWordArray selection;
+    selection.Add(2); // the thicker extrusions
+    Facade::SetDBIFileName(File("selections.dbi").c_str());
+    Facade::SaveUserSelectedSections(Aluminium, Alloy, selection);
+    EXPECT_EQ(Strengths(1, 0, 0.5F).names, "6061");
+    EXPECT_EQ(Strengths(1, 0, 0.25F).names, "");
 }
 
 } // namespace

@@ -18,12 +18,14 @@ constexpr std::int32_t Millimetre = 1004;
 constexpr float Depth = 309.88F; // 12.2 in
 constexpr float NotGiven = 0;
 
-/// Called, once, when the units are about to be read.
-std::function<void()> beforeUnits;
+/// Called, once, when what holds the text is about to be read.
+std::function<void()> beforeReading;
+constexpr std::string_view Units = "[Field Units]";
+std::string_view watched = Units;
 
 void WatchStatements(const char* sql, int /*openType*/) {
-    if (beforeUnits && std::string_view(sql).find("[Field Units]") != std::string_view::npos)
-        std::exchange(beforeUnits, nullptr)();
+    if (beforeReading && std::string_view(sql).find(watched) != std::string_view::npos)
+        std::exchange(beforeReading, nullptr)();
 }
 
 // The depth of the W12X26 in mm as each call gives it.
@@ -137,8 +139,19 @@ protected:
         SetStatementObserver(WatchStatements);
     }
     ~UnreadableUnits() override {
-        beforeUnits = nullptr;
+        beforeReading = nullptr;
         SetStatementObserver(nullptr);
+    }
+
+    /// Another process takes the file when the library is about to read what holds the text.
+    void HoldBeforeReading(std::string_view text) {
+        watched = text;
+        beforeReading = [this] {
+            StartHolder([this] {
+                static DatabaseHandle held;
+                EXPECT_EQ(DataAccessTest::Open(held, m_path, ";PWD=secret", 0, 1), 1);
+            });
+        };
     }
 
     const std::string m_path = File("AISCSections.db3");
@@ -150,20 +163,23 @@ TEST_F(UnreadableUnits, GiveNoValuesWhileAnotherProcessHoldsTheFile) {
         SCOPED_TRACE(name);
         UNIT::UpdateFieldUnit(gblSectionDatabase, "W Shape", 0, "NUMBER"); // to be read again
         SectionLibraryState::SetExceptionType(0);
-        beforeUnits = [this] {
-            StartHolder([this] {
-                static DatabaseHandle held;
-                EXPECT_EQ(UnreadableUnits::DataAccessTest::Open(held, m_path, ";PWD=secret", 0, 1),
-                          1);
-            });
-        };
+        HoldBeforeReading(Units);
         EXPECT_EQ(depth(), NotGiven);
-        EXPECT_FALSE(beforeUnits) << "the units were not read";
+        EXPECT_FALSE(beforeReading) << "the units were not read";
         EXPECT_EQ(SectionLibraryState::GetExceptionType(), 4);
         StopHolder();
         SectionLibraryState::SetExceptionType(0);
         EXPECT_FLOAT_EQ(depth(), Depth);
     }
+}
+
+/// Whether there is one cannot be told then.
+TEST_F(UnreadableUnits, NorIsTheFirstOfTwoSectionsGivenWhereTheSecondCannotBeRead) {
+    Open(American);
+    EXPECT_FLOAT_EQ(FromSection("W12X26+NONE"), Depth);
+    HoldBeforeReading("'NONE'");
+    EXPECT_EQ(FromSection("W12X26+NONE"), NotGiven);
+    EXPECT_FALSE(beforeReading);
 }
 
 TEST_F(UnreadableUnits, OfADamagedPageGiveNoValues) {
