@@ -129,6 +129,8 @@ TEST_F(WriteTest, DeletingAColumnKeepsTheRowsNumbers) {
     ASSERT_EQ(deleteField(table.Get(), "Extra"), 1);
     EXPECT_NE(ErrorOf([&] { onB->Delete(); }), 0) << "it was read when there was another column";
     EXPECT_EQ(Content("Loose"), "BC");
+    const Rows numbers(m_db, "Select rowid From Loose ORDER BY rowid");
+    EXPECT_EQ(dbsection::AsNumber(numbers->GetFieldValue(0)), 2);
     onB->Requery();
     onB->Delete();
     EXPECT_EQ(Content("Loose"), "C");

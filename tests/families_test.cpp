@@ -163,6 +163,8 @@ TEST(Families, KeepTheirOrder) {
         types.push_back(family.sectionType);
     EXPECT_EQ(types, (std::vector{1, 2, 3, 5, 4, 6, 7, 8, 9, 10, 11, 12, 23, 24, 13, 14, 15, 16}));
 
+    EXPECT_EQ(UserSectionDB().GetShapeType(2009), 9); // its own, unlike other I shapes
+
     const AITCTimberSectionDB timber;
     EXPECT_EQ(timber.GetTableName(1), "Glued Laminated Timber");
     EXPECT_EQ(timber.GetTableName(2), "Aspen");
