@@ -188,9 +188,10 @@ bool SectionDBInterface::MakeTableIndex(bool resetsExisting) {
     }
     dbsection::RequireMemory(); // a table may have been passed over
     const CString file = GetDBIFileName();
-    CreatePrivateProfile(entries, file);
-    if (resetsExisting && GetLastProfileError() == 0)
+    if (resetsExisting && !entries.empty())
         WritePrivateProfileEntries(entries, file);
+    else // even without entries there is a file afterwards
+        CreatePrivateProfile(entries, file);
     return SettingsWereWritten(
         file, {"InitialiseDBIFile()", "Failed to write the file of the selections."});
 }
