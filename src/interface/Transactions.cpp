@@ -1,9 +1,9 @@
 // Transactions of the library-wide database.
 #include "interface/CatalogueTransaction.h"
+#include "interface/PublicCall.h"
 #include "interface/SectionDBInterface.h"
 
 #include "dataaccess/DatabaseTransaction.h"
-#include "dataaccess/Guard.h"
 
 #include <memory>
 #include <utility>
@@ -13,10 +13,15 @@ namespace {
 int catalogueOfTransaction = 0;
 std::unique_ptr<dbsection::DatabaseTransaction> transaction; ///< null when none was begun
 
+template <class Body>
+int GuardedCall(const char* label, const char* message, Body body) {
+    return dbsection::PublicCall(label, [&] { return dbsection::Guarded({label, message}, body); });
+}
+
 /// Ends the transaction, which is undone unless `end` commits it.
 template <class End>
 int EndTransaction(const char* label, const char* message, End end) {
-    return dbsection::Guarded({label, message}, [&] {
+    return GuardedCall(label, message, [&] {
         const auto ending = std::exchange(transaction, nullptr);
         if (!ending)
             throw new CSectionException(SectionError::NoTransaction,
@@ -33,7 +38,7 @@ int dbsection::CatalogueInTransaction() {
 }
 
 int SectionDBInterface::BeginTransaction(int index) {
-    return dbsection::Guarded({"BeginTransaction()", "Failed to begin the transaction."}, [&] {
+    return GuardedCall("BeginTransaction()", "Failed to begin the transaction.", [&] {
         if (dbsection::CatalogueInTransaction() != 0)
             throw new CSectionException(SectionError::InUse,
                                         "A transaction is under way; commit it, or roll it back.");
