@@ -179,6 +179,7 @@ private:
     bool CheckPages();
     bool HasWriteAheadLog();
 
+    void RequireCipherMemory() const;
     void BeginChange();
     void EndChange();
     void ForgetUndoneChanges();
