@@ -1,5 +1,5 @@
 # The ways into this project. Every target sets up what it needs first.
-.PHONY: setup build demo test lint sanitize bench clean
+.PHONY: setup build demo test lint sanitize bench faults clean
 
 CATALOGUES := build/catalogues
 SECTIONDB := build/bin/sectiondb
@@ -32,6 +32,10 @@ sanitize: setup
 
 bench: build
 	@build/bin/sectiondb_bench
+
+# Failures injected one by one, kills, damage, processes in each other's way: twenty minutes at most.
+faults: build
+	@build/bin/sectiondb_faults
 
 clean:
 	@rm -rf build build-sanitize
