@@ -1,5 +1,5 @@
 # The ways into this project. Every target sets up what it needs first.
-.PHONY: setup build demo test lint sanitize bench faults clean
+.PHONY: setup build demo test lint sanitize bench faults fuzz clean
 
 CATALOGUES := build/catalogues
 SECTIONDB := build/bin/sectiondb
@@ -37,5 +37,11 @@ bench: build
 faults: build
 	@build/bin/sectiondb_faults
 
+FUZZ_SECONDS ?= 600
+fuzz:
+	@scripts/setup fuzz
+	@scripts/build fuzz
+	@scripts/fuzz $(FUZZ_SECONDS)
+
 clean:
-	@rm -rf build build-sanitize
+	@rm -rf build build-sanitize build-fuzz
