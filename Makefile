@@ -1,5 +1,5 @@
 # The ways into this project. Every target sets up what it needs first.
-.PHONY: setup build demo test lint sanitize bench clean
+.PHONY: setup build demo test lint sanitize bench faults fuzz clean
 
 CATALOGUES := build/catalogues
 SECTIONDB := build/bin/sectiondb
@@ -35,5 +35,15 @@ sanitize: setup
 bench: build
 	@build/bin/sectiondb_bench
 
+# Failures injected one by one, kills, damage, processes in each other's way: twenty minutes at most.
+faults: build
+	@build/bin/sectiondb_faults
+
+FUZZ_SECONDS ?= 600
+fuzz:
+	@scripts/setup fuzz
+	@scripts/build fuzz
+	@scripts/fuzz $(FUZZ_SECONDS)
+
 clean:
-	@rm -rf build build-sanitize build-threads
+	@rm -rf build build-sanitize build-threads build-fuzz

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <sys/mount.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -52,12 +53,16 @@ inline void WriteFile(const std::string& path, std::string_view content) {
     std::ofstream(path, std::ios::binary) << content;
 }
 
-/// Starts a child that runs `body` and exits with the int it returns (99 on an exception).
+/// Starts a child that runs `body` and exits with the int it returns (99 on an exception). It does
+/// not outlive this process.
 template <class Body>
 pid_t StartChild(Body body) {
     const pid_t child = ::fork();
-    if (child != 0)
+    if (child < 0)
+        throw std::runtime_error("no process can be started");
+    if (child > 0)
         return child;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     try {
         ::_exit(body());
     } catch (...) {

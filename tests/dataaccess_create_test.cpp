@@ -1,75 +1,10 @@
-// Creating database files: their names, keys and leftovers, and what happens where memory runs out.
+// Creating database files: their names, keys and leftovers.
 #include "DataAccessSupport.h"
 
-#include <algorithm>
-#include <cstdint>
-#include <link.h>
-#include <span>
+#include <iterator>
 
 using namespace testsupport;
 namespace fs = std::filesystem;
-
-// The address sanitizer has an allocator of its own.
-#if defined(__GLIBC__) && !defined(__SANITIZE_ADDRESS__)
-#define FAILS_ALLOCATIONS 1
-#else
-#define FAILS_ALLOCATIONS 0
-#endif
-
-#if FAILS_ALLOCATIONS
-namespace {
-
-/// Which of the allocations to come fails, counted from 1; 0 is none. Those of the engine and its
-/// cipher are counted apart from all others.
-long failAt = 0;
-bool failInEngine = false;
-long allocations = 0;
-
-struct Code {
-    std::uintptr_t begin;
-    std::uintptr_t end;
-};
-std::vector<Code> engineCode;
-
-int FindEngine(dl_phdr_info* object, std::size_t /*size*/, void* /*unused*/) {
-    const std::string_view name = object->dlpi_name;
-    if (name.find("libcrypto") == name.npos && name.find("libsqlcipher") == name.npos)
-        return 0;
-    for (const auto& part : std::span(object->dlpi_phdr, object->dlpi_phnum))
-        if (part.p_type == PT_LOAD && (part.p_flags & PF_X) != 0)
-            engineCode.push_back({object->dlpi_addr + part.p_vaddr,
-                                  object->dlpi_addr + part.p_vaddr + part.p_memsz});
-    return 0;
-}
-
-bool MustFail(void* caller) {
-    if (failAt == 0)
-        return false;
-    const auto address = reinterpret_cast<std::uintptr_t>(caller);
-    const bool isEngine = std::ranges::any_of(engineCode, [address](const Code& code) {
-        return address >= code.begin && address < code.end;
-    });
-    return isEngine == failInEngine && ++allocations == failAt;
-}
-
-} // namespace
-
-extern "C" {
-void* __libc_malloc(std::size_t size);
-void* __libc_calloc(std::size_t count, std::size_t size);
-void* __libc_realloc(void* memory, std::size_t size);
-
-void* malloc(std::size_t size) {
-    return MustFail(__builtin_return_address(0)) ? nullptr : __libc_malloc(size);
-}
-void* calloc(std::size_t count, std::size_t size) {
-    return MustFail(__builtin_return_address(0)) ? nullptr : __libc_calloc(count, size);
-}
-void* realloc(void* memory, std::size_t size) {
-    return MustFail(__builtin_return_address(0)) ? nullptr : __libc_realloc(memory, size);
-}
-}
-#endif
 
 namespace {
 
@@ -210,51 +145,5 @@ TEST_F(CreateTest, NamesThatMeanSomethingToTheEngineAreFiles) {
     EXPECT_EQ(Open(db, ":memory"), 0);
     fs::current_path(before);
 }
-
-#if FAILS_ALLOCATIONS
-/// Creates a protected file with an allocation failing: 0 when it was created, 1 when it was not,
-/// 2 when there was no such allocation.
-int CreateWithFailure(const std::string& path, const std::string& password, long at) {
-    const std::string connect = ";PWD=" + password;
-    allocations = 0;
-    failAt = at;
-    int result = 0;
-    try {
-        CSectionDatabase().Create(path.c_str(), connect.c_str());
-    } catch (CException* e) {
-        e->Delete();
-        result = 1;
-    }
-    failAt = 0;
-    return allocations < at ? 2 : result;
-}
-
-TEST_F(CreateTest, FailedCreationLeavesNothingBehind) {
-    const std::string path = m_files + "/new.db3";
-    ASSERT_EQ(Create(path, "kept"), 1); // loads the cipher library
-    ::dl_iterate_phdr(FindEngine, nullptr);
-    int refused = 0;
-    const auto createAt = [&](long at, const std::string& password) {
-        SCOPED_TRACE(password + " at " + std::to_string(at));
-        fs::remove(path);
-        const int result = RunInChild([&] { return CreateWithFailure(path, password, at); });
-        EXPECT_TRUE(result <= 2 || failInEngine) << "only the engine may crash: " << result;
-        if (result == 0 || result == 2) {
-            EXPECT_TRUE(OpensElsewhere(path, password));
-        } else if (result == 1) {
-            EXPECT_TRUE(fs::is_empty(m_files));
-            ++refused;
-        }
-        return result != 2;
-    };
-    for (const bool inEngine : {false, true}) {
-        failInEngine = inEngine;
-        for (const bool isNew : {false, true}) // whose key is to be derived
-            for (long at = 1; createAt(at, isNew ? "new" + std::to_string(at) : "kept");)
-                at += 1 + at / 16;
-    }
-    EXPECT_GT(refused, 100);
-}
-#endif
 
 } // namespace

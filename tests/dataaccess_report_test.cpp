@@ -1,15 +1,29 @@
 // What the data-access functions tell: message boxes, exception kinds, labels and texts, also where
 // memory runs out.
 #include "DataAccessSupport.h"
-#include "FailingMemory.h"
 
 #include "dataaccess/ExceptionHandlers.h"
+#include "faults/Injector.h"
 
 #include <functional>
 
 using namespace testsupport;
 
 namespace {
+
+/// The host has memory of its own.
+int RecordBoxWithMemory(const char* text, const char* caption, unsigned flags) {
+    const faults::Unarmed unarmed;
+    return RecordBox(text, caption, flags);
+}
+
+/// Runs `body` with its `at`-th allocation failing; false when it needed fewer.
+template <class Body>
+bool FailAllocation(long at, Body body) {
+    faults::Expect({faults::Failure::Memory, at});
+    faults::Under(body);
+    return faults::Events() >= at;
+}
 
 class ReportTest : public DataAccessTest {
 protected:
@@ -267,98 +281,15 @@ TEST_F(ReportTest, MemoryExhaustionIsReportedUnderTheFunctionsLabel) {
             shownBoxes.clear();
             SectionLibraryState::SetExceptionType(0);
             CString name = longName;
-            ASSERT_TRUE(FailAllocation(n, false, [&] { result = c.call(std::move(name)); }));
+            ASSERT_TRUE(FailAllocation(n, [&] { result = c.call(std::move(name)); }));
         }
         EXPECT_EQ(result, c.result);
         EXPECT_EQ(SectionLibraryState::GetExceptionType(), 1);
     }
     shownBoxes.clear();
-    FailAllocation(1, false, [&] { EXPECT_EQ(IsExistentTable(m_db.Get(), "Shape"), 0); });
-    FailAllocation(1, false, [&] { EXPECT_EQ(IsExistentField(&closed, "Shape"), 0); });
+    FailAllocation(1, [&] { EXPECT_EQ(IsExistentTable(m_db.Get(), "Shape"), 0); });
+    FailAllocation(1, [&] { EXPECT_EQ(IsExistentField(&closed, "Shape"), 0); });
     EXPECT_TRUE(shownBoxes.empty());
-}
-
-TEST_F(ReportTest, FailingAllocationsLeaveNothingBehind) {
-    const std::string before = ReadFile(m_path);
-    shownBoxes.reserve(16); // its memory counts as living
-    int result = 0;
-    std::vector<CString> paths;
-    const auto refill = [&] { paths.assign(2, CString(m_path)); };
-    LetSettle();
-    const auto useOnce = [&](CString file) {
-        DatabaseHandle db;
-        RecordsetHandle rows;
-        result = openDatabase(db.Address(), std::move(file), 1, 0, 0, Password, nullptr);
-        if (result == 1)
-            result = openRecordset(db.Address(), rows.Address(),
-                                   "Select * From Shape WHERE Name >= 'a' OR ID = 3", 2, 0);
-        if (result == 1)
-            result = setRecordsetTo(rows.Address(), "Name = 'C'", 0x80000000L) == 1 &&
-                             getTableCount(db.Address()) == 1 && getRecordCount(rows.Address()) == 1
-                         ? 1
-                         : 0;
-    };
-    const auto use = [&] {
-        useOnce(std::move(paths[0]));
-        if (result == 1)
-            useOnce(std::move(paths[1])); // the connection that rests meanwhile
-        terminateDAOEngine();
-    };
-    for (const bool onwards : {false, true}) {
-        SectionLibraryState::SetExceptionType(0);
-        refill();
-        use(); // what the layer keeps is made now
-        paths = std::vector<CString>();
-        const long livingBefore = living;
-        refill();
-        long n = 1;
-        for (; FailAllocation(n, onwards, use); refill()) {
-            // A failure while closing is reported too, but the result stands.
-            EXPECT_TRUE(SectionLibraryState::GetExceptionType() == 1 || result == 1) << n;
-            paths = std::vector<CString>();
-            shownBoxes = {};
-            ASSERT_EQ(living, livingBefore) << "allocation " << n;
-            SectionLibraryState::SetExceptionType(0);
-            ++n;
-        }
-        EXPECT_EQ(result, 1);
-        EXPECT_GT(n, 20);
-    }
-    EXPECT_EQ(ReadFile(m_path), before);
-}
-
-TEST_F(ReportTest, EditThatRunsOutOfMemoryIsWholeOrNotThere) {
-    const char* otherName = "another text beyond the small-text limit";
-    for (const bool onwards : {false, true}) {
-        long n = 1;
-        bool isThere = true; // as the library tells
-        const auto edit = [&] {
-            isThere = deleteRecord(m_rows.Address(), "Name = 'B'") == 0;
-            if (isThere)
-                return;
-            try {
-                AddShape(*m_rows, "B", otherName, 9);
-                isThere = true;
-            } catch (CMemoryException* e) {
-                e->Delete();
-            }
-        };
-        while (FailAllocation(n, onwards, edit)) {
-            ++n;
-            AddShape(*m_rows, "Z", "ZZ", 1); // the rows held are still in order
-            m_rows->MoveLast();
-            ASSERT_EQ(TextAt(m_rows, 2), "ZZ") << "allocation " << n;
-            ASSERT_EQ(deleteRecord(m_rows.Address(), "Name = 'Z'"), 1);
-            m_rows->Requery();
-            const int count = getRecordCount(m_rows.Address());
-            const int found = setRecordsetTo(m_rows.Address(), "Name = 'B'", 0x80000000L);
-            ASSERT_EQ(count, 2 + found) << "allocation " << n;
-            ASSERT_EQ(found, isThere ? 1 : 0) << "allocation " << n;
-            if (found == 0)
-                AddShape(*m_rows, "B", otherName, 9);
-        }
-        EXPECT_GT(n, 5);
-    }
 }
 
 } // namespace

@@ -3,7 +3,6 @@
 
 #include "platform/PrivateProfile.h"
 
-#include <cerrno>
 #include <chrono>
 #include <fcntl.h>
 #include <memory>
@@ -11,22 +10,6 @@
 #include <sys/stat.h>
 
 using namespace testsupport;
-
-namespace {
-
-int looksUntilFailure = 0; ///< 0: none fails
-
-} // namespace
-
-/// In place of the system's, for this program and the library.
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): those of the system's header
-extern "C" [[gnu::visibility("default")]] int stat(const char* path, struct stat* status) noexcept {
-    if (looksUntilFailure > 0 && --looksUntilFailure == 0) {
-        errno = EIO;
-        return -1;
-    }
-    return ::fstatat(AT_FDCWD, path, status, 0);
-}
 
 namespace {
 
@@ -146,34 +129,6 @@ TEST_F(SettingsFaultTest, ADatabaseThatCannotBeLookedForIsNotMissing) {
     MakeALoop(File("AISCSections.db3"));
     EXPECT_EQ(Facade::GetDatabaseFileName(1), "");
     EXPECT_EQ(TakeErrors(), ErrorOfFile("GetDatabaseFileName()"));
-}
-
-// At every look at a file that a save takes, with a file of selections and without one.
-TEST_F(SettingsFaultTest, AFailedLookLosesNoSelection) {
-    const std::string before = "[AISCSections]\nW Shape=2\nPipe=3\n[Other]\nk=1\n";
-    const std::string after = "[AISCSections]\nW Shape=1\nPipe=3\n[Other]\nk=1\n";
-    const std::string made = "[AISCSections]\nW Shape=1\nPipe=0\n";
-    int failures = 0;
-    for (int look = 1; look <= 20; ++look) {
-        WriteFile(m_dbi, before);
-        looksUntilFailure = look;
-        Save({1});
-        failures += looksUntilFailure == 0 ? 1 : 0;
-        looksUntilFailure = 0;
-        const bool isTold = TakeErrors().first != 0;
-        EXPECT_EQ(ReadFile(m_dbi), isTold ? before : after) << look;
-
-        std::filesystem::remove(m_dbi);
-        looksUntilFailure = look;
-        Save({1});
-        looksUntilFailure = 0;
-        Facade::SetExceptionType(0);
-        Save({1});
-        EXPECT_EQ(Read(WShape), Numbers{1}) << look;
-        EXPECT_EQ(Read(Pipe), Numbers{0}) << look;
-    }
-    EXPECT_GT(failures, 2);
-    EXPECT_LT(failures, 20) << "not all looks were tried";
 }
 
 TEST_F(SettingsFaultTest, TwoProcessesThatMakeTheFileLoseNothing) {

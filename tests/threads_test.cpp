@@ -1,5 +1,6 @@
 // Calls from a second thread while one is inside the library: refused, and nothing else happens.
 #include "EngineSupport.h"
+#include "faults/Injector.h"
 
 #include <atomic>
 #include <functional>
@@ -202,6 +203,23 @@ TEST_F(ThreadsTest, TheThreadThatIsInsideMayCallAgain) {
     CSectionDatabase* none = nullptr;
     EXPECT_EQ(Facade::GetSectionCount(American, WShape, &none), 0); // "Database not open"
     EXPECT_EQ(inner, 1);
+}
+
+/// The inner call is the host's own: what fails in it is told, too.
+TEST_F(ThreadsTest, ACallFromAMessageBoxFailsLikeAnyOther) {
+    static int inner = -1;
+    SetMessageBoxHandler([](const char* text, const char* caption, unsigned flags) {
+        if (std::exchange(inner, 0) == -1)
+            inner = Facade::GetSectionCount(American, WShape);
+        const faults::Unarmed unarmed;
+        return KeepBox(text, caption, flags);
+    });
+    Facade::CloseGblSectionDBObject(1);
+    faults::Expect({faults::Failure::Memory, 1, true});
+    EXPECT_EQ(faults::Under([] { return Facade::GetSectionCount(American, WShape); }), 0);
+    EXPECT_EQ(inner, 0);
+    EXPECT_EQ(TakeBoxes().size(), 2) << "one for each of the two calls";
+    EXPECT_EQ(Facade::GetSectionCount(American, WShape), 3);
 }
 
 TEST_F(ThreadsTest, ThreadsTakeTurns) {

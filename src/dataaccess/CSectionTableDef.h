@@ -93,7 +93,9 @@ private:
 
     dbsection::Connection& OpenConnection() const;
     void RequireOpen() const;
-    void Reload();
+    dbsection::FieldList FieldsInFile() const;
+    template <class Body>
+    void Change(Body body);
     int FindField(const char* name) const;
 
     std::weak_ptr<dbsection::DatabaseReference> m_database;

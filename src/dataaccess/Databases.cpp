@@ -133,11 +133,11 @@ CString getTableFromRecord(const char* fileName, const char* where, const char* 
         DatabaseHandle db;
         if (openDatabase(db.Address(), fileName, 1, 0, 0, connect, nullptr) != 1)
             return 0;
-        CSectionTableDefInfo info;
-        for (int index = 0; getTableInfo(db.Get(), &info, index, 0) == 1; ++index)
-            if (info.IsUserTable() && HoldsRecord(db.Get(), info.m_strName, where)) {
-                dbsection::RequireMemory(); // a table before it may have been passed over
-                found = info.m_strName;
+        const dbsection::FailureWatch watch;
+        for (const CString& table : db->GetUserTableNames())
+            if (HoldsRecord(db.Get(), table, where)) {
+                if (!watch.HasSeenAny()) // else it may be in a table before
+                    found = table;
                 return 1;
             }
         return 0;

@@ -27,6 +27,7 @@ struct FailureRule {
 /// Hands `e` to its handler, without the texts where there is no memory left for them.
 template <class Exception>
 void Report(const FailureRule& rule, Exception* e, void (*handler)(Exception*, CString, CString)) {
+    ++callState.failures;
     try {
         handler(e, rule.message, rule.label); // throws only while the texts are made
     } catch (const std::bad_alloc&) {
@@ -61,6 +62,13 @@ inline void RequireMemory() {
         throw CMemoryException::Instance();
 }
 
+/// The same for any failure that the watch has seen.
+inline void RequireNone(const FailureWatch& watch) {
+    RequireMemory();
+    if (watch.HasSeenAny())
+        throw ReportedFailure();
+}
+
 /// Gives an object to the host, as the last step of a call.
 template <class Object>
 Object* HandOver(std::unique_ptr<Object> object) {
@@ -84,6 +92,8 @@ bool Completes(const FailureRule& rule, Body body, int* errorNumber = nullptr) {
         HandleFailure(rule, e);
     } catch (const std::bad_alloc&) {
         HandleFailure(rule, CMemoryException::Instance());
+    } catch (const ReportedFailure&) {
+        return false;
     }
     return false;
 }

@@ -34,8 +34,9 @@ int CountDeletable(CSectionRecordset** rs, const char* notOpen, const char* noRe
         ShowMessageBox(notOpen, caption);
         return 0;
     }
+    const dbsection::FailureWatch watch;
     const int count = getRecordCount(rs);
-    if (count == 0)
+    if (count == 0 && !watch.HasSeenAny())
         ShowMessageBox(noRecords, caption);
     return count;
 }
@@ -158,14 +159,16 @@ int IsExistentRecord(CSectionRecordset** rs, CString where) {
 
 int deleteRecord(CSectionRecordset** rs, CString where) {
     constexpr const char* Caption = "Error - deleteRecordset()";
-    const int count =
-        CountDeletable(rs, "Failed to delete Recordset. Recordset does not exist or is not opened.",
-                       "Failed to delete Recordset. No records in database.", Caption);
-    if (count == 0)
-        return 0;
     return Guarded(DeletionFailure(), [&] {
+        const int count = CountDeletable(
+            rs, "Failed to delete Recordset. Recordset does not exist or is not opened.",
+            "Failed to delete Recordset. No records in database.", Caption);
+        if (count == 0)
+            return 0;
+        const dbsection::FailureWatch watch;
         if (!where.IsEmpty() && setRecordsetTo(rs, where, CSectionRecordset::FindFirst) == 0) {
-            ShowMessageBox("Failed to delete Recordset. Specified record not found.", Caption);
+            if (!watch.HasSeenAny())
+                ShowMessageBox("Failed to delete Recordset. Specified record not found.", Caption);
             return 0;
         }
         CSectionRecordset& rows = **rs;
@@ -182,11 +185,10 @@ int deleteRecord(CSectionRecordset** rs, CString where) {
 }
 
 int deleteAllRecords(CSectionRecordset** rs) {
-    constexpr const char* Caption = "Error - deleteAllRecords()";
-    const int count =
-        CountDeletable(rs, "Failed to delete records. Recordset does not exist or is not opened.",
-                       "Failed to delete records. No records in database.", Caption);
-    if (count == 0)
-        return 0;
-    return Guarded(DeletionFailure(), [&] { return (*rs)->DeleteAll(); });
+    return Guarded(DeletionFailure(), [&] {
+        const int count = CountDeletable(
+            rs, "Failed to delete records. Recordset does not exist or is not opened.",
+            "Failed to delete records. No records in database.", "Error - deleteAllRecords()");
+        return count == 0 ? 0 : (*rs)->DeleteAll();
+    });
 }

@@ -82,9 +82,11 @@ int deleteTable(CSectionDatabase* db, CString name) {
         ShowMessageBox("Failed to open table. No Table name specified.", "Error - openTableDef()");
         return 0;
     }
-    return Guarded({"deleteTable()", "Failed to delete table."}, [&] {
-        if (IsExistentTable(db, name) == 0)
-            return 0;
+    const FailureRule rule{
+        "deleteTable()", "Failed to delete table.", 0, {SectionError::NoSuchItem}};
+    return Guarded(rule, [&] {
+        CSectionTableDefInfo info;
+        db->GetTableDefInfo(name, info, PrimaryInformation);
         db->DeleteTableDef(name);
         return 1;
     });
@@ -117,13 +119,8 @@ int getTableCount(CSectionDatabase** db) {
                        "Error - getTableCount()");
         return 0;
     }
-    return dbsection::Operation("getTableCount()", [&] {
-        int count = 0;
-        CSectionTableDefInfo info;
-        for (int index = 0; getTableInfo(*db, &info, index, 0) == 1; ++index)
-            count += info.IsUserTable() ? 1 : 0;
-        return count;
-    });
+    return Guarded({"getTableCount()", "Failed to get table count."},
+                   [&] { return static_cast<int>((*db)->GetUserTableNames().size()); });
 }
 
 int createNewField(CSectionTableDef* table, CSectionFieldInfo* field) {

@@ -65,8 +65,11 @@ std::optional<Factors> ReadFactors(const Conversion& conversion) {
     Factors factors;
     factors.fill(1);
     CStringArray units;
+    const FailureWatch watch;
     const CString table =
         SectionDBInterface::GetTableFromSectionType(conversion.catalogue, conversion.type);
+    if (watch.HasSeenAny())
+        return std::nullopt;
     const FieldUnits found = ReadFieldUnits(gblSectionDatabase, table, units);
     if (found == FieldUnits::Unreadable)
         return std::nullopt;

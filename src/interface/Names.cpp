@@ -36,9 +36,13 @@ bool SearchCatalogue(int index, NameColumn column, const char* name, Found found
             return false;
         const int count = getRecordCount(rows.Address());
         dbsection::RequireMemory(); // a table before it may have been passed over
-        if (count > 0)
-            found(SectionDBInterface::GetSectionTypeFromTable(index, table), count, *rows);
-        return count > 0;
+        if (count == 0)
+            return false;
+        const dbsection::FailureWatch watch;
+        const int type = SectionDBInterface::GetSectionTypeFromTable(index, table);
+        dbsection::RequireNone(watch);
+        found(type, count, *rows);
+        return true;
     });
     return database != nullptr;
 }

@@ -36,9 +36,12 @@ CString Decimal(DWORD number) { return CString(std::to_string(static_cast<int>(n
 /// The key of a section type in the table-index file: the name of its table. Empty for catalogues
 /// that the file has no section for.
 CString SelectionKey(int index, int sectionType) {
-    return index > LastCatalogueIndex
-               ? CString()
-               : SectionDBInterface::GetTableFromSectionType(index, sectionType);
+    if (index > LastCatalogueIndex)
+        return {};
+    const dbsection::FailureWatch watch;
+    CString table = SectionDBInterface::GetTableFromSectionType(index, sectionType);
+    dbsection::RequireNone(watch);
+    return table;
 }
 
 CString SelectionText(const CDWordArray& selection) {

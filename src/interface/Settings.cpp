@@ -150,9 +150,10 @@ CString SectionDBInterface::GetDatabaseFileName(int index) {
         } else if (index == GenericTableIndex) {
             path = GetGenericTableFileName();
         }
+        const dbsection::FailureWatch watch;
         if (path.IsEmpty() || IsThere(path))
             return path;
-        if (customisation != Customisation::Replaced)
+        if (customisation != Customisation::Replaced || watch.HasSeenAny())
             return {};
         path = BesideSettingsFile(path);
         return IsThere(path) ? path : CString();

@@ -1,5 +1,5 @@
 // The host's call that is under way: who made a call of a public function, the host or the library
-// itself, and whether memory ran out in the course of it.
+// itself, and what failed in the course of it.
 //
 // What fails inside the library must reach the call that the host made, which alone can fail as a
 // whole; the host, even from a message box of the library, must never meet an exception.
@@ -15,6 +15,7 @@ struct CallState {
 
     int depth = 0; ///< public functions that the thread is in, from the host's call on
     Memory memory = Memory::Sufficed;
+    int failures = 0; ///< reported so far
 };
 
 inline constinit thread_local CallState callState;
@@ -30,7 +31,7 @@ class CallScope {
 public:
     CallScope() : m_isHosts(callState.depth++ == 0) {
         if (m_isHosts)
-            callState.memory = CallState::Memory::Sufficed;
+            callState = {.depth = 1};
     }
     CallScope(const CallScope&) = delete;
     CallScope& operator=(const CallScope&) = delete;
@@ -41,6 +42,21 @@ public:
 
 private:
     bool m_isHosts;
+};
+
+/// Ends a call of the host whose failure has been reported already.
+struct ReportedFailure {};
+
+/// Tells, inside a public function, whether something has failed since it was made: what was not
+/// found may then be there.
+class FailureWatch {
+public:
+    bool HasSeenAny() const {
+        return callState.failures != m_before || callState.memory != CallState::Memory::Sufficed;
+    }
+
+private:
+    int m_before = callState.failures;
 };
 
 /// The stay in the host's own code, which may call the library in its turn.

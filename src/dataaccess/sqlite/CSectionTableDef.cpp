@@ -5,6 +5,7 @@
 #include "dataaccess/sqlite/DatabaseReference.h"
 #include "dataaccess/sqlite/FieldTypes.h"
 #include "dataaccess/sqlite/TableDefinition.h"
+#include "dataaccess/sqlite/Transaction.h"
 #include "dataaccess/sqlite/Values.h"
 #include "platform/Text.h"
 
@@ -107,8 +108,9 @@ void CSectionTableDef::Append() {
         std::string columns;
         for (const CSectionFieldInfo& field : *m_fields)
             columns += (columns.empty() ? "" : ", ") + dbsection::ColumnDefinition(field);
-        connection.ChangeSchema("CREATE TABLE " + Quoted(m_name.View()) + " (" + columns + ")");
-        Reload();
+        Change([&] {
+            connection.ChangeSchema("CREATE TABLE " + Quoted(m_name.View()) + " (" + columns + ")");
+        });
     });
 }
 
@@ -118,7 +120,8 @@ void CSectionTableDef::Open(const char* name) {
         m_session = dbsection::SessionOf(m_database);
         Connection& connection = OpenConnection();
         m_name = CString(connection.RequireTable(name));
-        Reload();
+        m_fields = FieldsInFile();
+        m_state = State::InDatabase;
     });
 }
 
@@ -127,9 +130,20 @@ void CSectionTableDef::Close() {
     m_fields.reset();
 }
 
-void CSectionTableDef::Reload() {
+dbsection::FieldList CSectionTableDef::FieldsInFile() const {
     Connection& connection = OpenConnection();
-    m_fields = connection.Fields(connection.RequireTable(m_name.View()));
+    return connection.Fields(connection.RequireTable(m_name.View()));
+}
+
+/// Changes the table in the file. What can fail comes before the commit, so that a change that is
+/// told as failed is not there.
+template <class Body>
+void CSectionTableDef::Change(Body body) {
+    dbsection::Transaction transaction(OpenConnection());
+    body();
+    dbsection::FieldList fields = FieldsInFile();
+    transaction.Commit();
+    m_fields = std::move(fields);
     m_state = State::InDatabase;
 }
 
@@ -158,9 +172,10 @@ void CSectionTableDef::CreateField(const CSectionFieldInfo& field) {
             return;
         }
         connection.RequireWritable();
-        connection.ChangeSchema("ALTER TABLE " + Quoted(m_name.View()) + " ADD COLUMN " +
-                                definition);
-        Reload();
+        Change([&] {
+            connection.ChangeSchema("ALTER TABLE " + Quoted(m_name.View()) + " ADD COLUMN " +
+                                    definition);
+        });
     });
 }
 
@@ -181,9 +196,8 @@ void CSectionTableDef::DeleteField(const char* name) {
                          "the only column cannot be deleted; delete the table instead.");
         Connection& connection = OpenConnection();
         connection.RequireWritable();
-        dbsection::RemoveColumn(connection, std::string(m_name.View()),
-                                (*m_fields)[static_cast<std::size_t>(index)].m_strName);
-        Reload();
+        const CString column = (*m_fields)[static_cast<std::size_t>(index)].m_strName;
+        Change([&] { dbsection::RemoveColumn(connection, std::string(m_name.View()), column); });
     });
 }
 

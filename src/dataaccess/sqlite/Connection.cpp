@@ -3,6 +3,8 @@
 #include "dataaccess/sqlite/WholeFiles.h"
 #include "platform/Text.h"
 
+#include <new>
+
 namespace dbsection {
 
 void ConnectionCloser::operator()(Connection* connection) const noexcept {
@@ -86,8 +88,17 @@ StatementLease Connection::Own(const std::string& sql) {
     return StatementLease(m_kept.Keep({sql, std::move(statement), nullptr, false}));
 }
 
+/// Short of memory in the midst of its work, the engine's cipher frees some twice, or writes a page
+/// that nobody can read.
+void Connection::RequireCipherMemory() const {
+    constexpr std::size_t Needed = 64 * 1024; // several times what it takes
+    if (m_key)
+        ::operator delete(::operator new(Needed));
+}
+
 /// A file stays whole where it changes by this connection alone.
 void Connection::BeginChange() {
+    RequireCipherMemory();
     if (!IsInTransaction() && m_wholeVersion && m_wholeVersion != FileVersion::Find(m_path.c_str()))
         m_wholeVersion.reset();
 }

@@ -185,6 +185,7 @@ private:
     bool CheckPages();
     bool HasWriteAheadLog();
 
+    void RequireCipherMemory() const;
     void BeginChange();
     void EndChange();
     void ForgetUndoneChanges();

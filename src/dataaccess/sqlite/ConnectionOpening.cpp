@@ -226,6 +226,7 @@ void Connection::KeyProtectedFile(const unsigned char* firstBytes, std::string_v
 void Connection::UseKey(const FileSalt& salt, std::string_view secret) {
     const SecretText statement = KeyStatement(salt, secret, CipherMajorVersion(m_database));
     m_key = KeyUse{salt, FindKey(salt, secret)};
+    RequireCipherMemory();
     Execute(statement.Get(), Activity::Reading);
 }
 

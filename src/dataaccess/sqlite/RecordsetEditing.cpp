@@ -188,7 +188,9 @@ void RecordsetState::DeleteRow(int row) {
 void RecordsetState::Delete() {
     RequireEditable();
     RequireRow();
+    Transaction transaction(Engine(), Purpose::OneWrite);
     DeleteRow(m_position);
+    transaction.Commit();
     m_edit = Edit::None;
     m_onGap = true;
 }

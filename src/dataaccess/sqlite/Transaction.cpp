@@ -30,11 +30,23 @@ Transaction::~Transaction() {
 
 void Transaction::Commit() {
     m_connection->RequireWritable();
-    if (HasBounds())
-        Run("COMMIT", "RELEASE part");
+    try {
+        if (HasBounds())
+            Run("COMMIT", "RELEASE part");
+    } catch (CSectionException* e) {
+        if (!HasFailedToUnlock())
+            throw;
+        e->Delete();
+    }
     if (IsUndone())
         --m_connection->m_transactions;
     m_connection = nullptr;
+}
+
+/// The locks come last: the change is in the file by then.
+bool Transaction::HasFailedToUnlock() const {
+    const int code = sqlite3_extended_errcode(m_connection->m_database);
+    return code == SQLITE_IOERR_UNLOCK || code == SQLITE_IOERR_RDLOCK;
 }
 
 void Transaction::Run(const char* outermost, const char* part) {

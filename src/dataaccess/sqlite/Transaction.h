@@ -27,6 +27,7 @@ private:
     bool HasBounds() const { return !m_isPart || m_purpose == Purpose::Writing; }
     bool IsUndone() const { return HasBounds() && m_purpose != Purpose::Reading; }
 
+    bool HasFailedToUnlock() const;
     void Run(const char* outermost, const char* part);
     void Undo();
 
