@@ -9,7 +9,6 @@
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
 #include <optional>
-#include <ranges>
 #include <string_view>
 #include <unistd.h>
 
@@ -70,15 +69,16 @@ public:
     }
 
     const Entry* Find(const FileSalt& salt, std::string_view password) const {
-        return FirstOf(m_entries, [&](const Entry& entry) {
+        return FirstOf(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
             return entry.salt == salt && entry.password.Get() == password;
         });
     }
 
     std::optional<FileSalt> SaltOfOpener(std::string_view password) const {
-        const Entry* entry = FirstOf(m_entries | std::views::reverse, [&](const Entry& candidate) {
-            return candidate.hasOpened && candidate.password.Get() == password;
-        });
+        const Entry* entry =
+            FirstOf(m_entries.rbegin(), m_entries.rend(), [&](const Entry& candidate) {
+                return candidate.hasOpened && candidate.password.Get() == password;
+            });
         return entry == nullptr ? std::nullopt : std::optional(entry->salt);
     }
 
@@ -88,10 +88,10 @@ public:
     }
 
 private:
-    template <class Entries, class Condition>
-    static const Entry* FirstOf(Entries&& entries, Condition condition) {
-        const auto place = std::ranges::find_if(entries, condition);
-        return place == entries.end() ? nullptr : &*place;
+    template <class Iterator, class Condition>
+    static const Entry* FirstOf(Iterator begin, Iterator end, Condition condition) {
+        const auto place = std::find_if(begin, end, condition);
+        return place == end ? nullptr : &*place;
     }
 
     KeyNumber m_lastNumber = 0;
