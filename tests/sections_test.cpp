@@ -64,11 +64,15 @@ TEST_F(SectionsTest, TellTheirFiguresInAnyUnit) {
 
 TEST_F(SectionsTest, AreOrdinaryRanges) {
     const sections::Catalogue american = Library().open("AISCSections");
-    const auto shapes = american.family("w shape").sections();
-    ASSERT_EQ(std::ranges::size(shapes), 289);
-    auto strong = shapes | std::views::filter([](const sections::Section& shape) {
-                      return shape.majorPlasticModulus() >= sections::Modulus(95.4, pow<3>(in));
-                  });
+    const sections::Sections shapes = american.family("w shape").sections();
+    static_assert(std::ranges::random_access_range<const sections::Sections>);
+    static_assert(std::ranges::view<sections::Sections>);
+    ASSERT_EQ(shapes.size(), 289);
+    EXPECT_EQ((*std::ranges::find(shapes, "W12X26", &sections::Section::name))["D"].figure(), 12.2);
+    std::vector<sections::Section> strong;
+    std::ranges::copy_if(shapes, std::back_inserter(strong), [](const sections::Section& shape) {
+        return shape.majorPlasticModulus() >= sections::Modulus(95.4, pow<3>(in));
+    });
     EXPECT_EQ(std::ranges::min(strong, {}, &sections::Section::weight).name(), "W21X44");
     std::vector<sections::Section> sorted(shapes.begin(), shapes.end());
     std::ranges::sort(sorted, {}, &sections::Section::area);

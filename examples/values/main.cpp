@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 #include <span>
+#include <vector>
 
 int main(int argc, char** argv) {
     const std::span arguments(argv, static_cast<std::size_t>(argc));
@@ -19,9 +21,10 @@ int main(int argc, char** argv) {
         const sections::Library library(arguments[1]);
         const auto shapes = library.open(arguments[2]).family(arguments[3]).sections();
         const auto required = sections::Quantity(std::atof(arguments[4]), arguments[5]).as<3>();
-        auto strong = shapes | std::views::filter([&](const sections::Section& shape) {
-                          return shape.majorPlasticModulus() >= required;
-                      });
+        std::vector<sections::Section> strong;
+        std::ranges::copy_if(shapes, std::back_inserter(strong), [&](const auto& shape) {
+            return shape.majorPlasticModulus() >= required;
+        });
         if (strong.empty()) {
             std::cout << "No shape of the family is strong enough.\n";
             return 1;

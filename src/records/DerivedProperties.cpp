@@ -81,27 +81,27 @@ double RadiusOfGyration(double inertia, double area) {
 
 } // namespace
 
-DerivedProperties DeriveProperties(LayoutId layout, const ColumnValues& values,
-                                   double weightDensity) {
-    const NamedColumns row(layout, values);
+DerivedProperties DeriveProperties(LayoutId layout, const ColumnValues& row, double weightDensity) {
+    const NamedColumns named(layout, row);
     DerivedProperties derived;
-    derived.area = row.Value({"AX"});
-    derived.weightPerLength = row.Has("W") // strands do not fill the area of their cable
-                                  ? row.Value({"W"})
+    derived.area = named.Value({"AX"});
+    derived.weightPerLength = named.Has("W") // strands do not fill the area of their cable
+                                  ? named.Value({"W"})
                                   : weightDensity * derived.area;
-    derived.majorInertia = row.Value({"IZ", "I"});
-    derived.minorInertia = row.Value({"IY", "I"});
-    derived.majorModulus =
-        row.Has("SZ") ? row.Value({"SZ"}) : ElasticModulus(derived.majorInertia, MajorFibre(row));
-    derived.minorModulus = row.Has("SY")
-                               ? row.Value({"SY"})
-                               : ElasticModulus(derived.minorInertia, MinorFibre(row, layout));
+    derived.majorInertia = named.Value({"IZ", "I"});
+    derived.minorInertia = named.Value({"IY", "I"});
+    derived.majorModulus = named.Has("SZ")
+                               ? named.Value({"SZ"})
+                               : ElasticModulus(derived.majorInertia, MajorFibre(named));
+    derived.minorModulus = named.Has("SY")
+                               ? named.Value({"SY"})
+                               : ElasticModulus(derived.minorInertia, MinorFibre(named, layout));
     derived.majorRadius = RadiusOfGyration(derived.majorInertia, derived.area);
     derived.minorRadius = RadiusOfGyration(derived.minorInertia, derived.area);
     // The torsion constant of a round section is twice its moment of inertia.
-    derived.torsionConstant = row.Has("IX") ? row.Value({"IX"}) : 2 * row.Value({"I"});
-    derived.majorPlasticModulus = row.Value({"ZZ", "Z", "RV"});
-    derived.minorPlasticModulus = row.Value({"ZY", "Z", "ALPHA"});
+    derived.torsionConstant = named.Has("IX") ? named.Value({"IX"}) : 2 * named.Value({"I"});
+    derived.majorPlasticModulus = named.Value({"ZZ", "Z", "RV"});
+    derived.minorPlasticModulus = named.Value({"ZY", "Z", "ALPHA"});
     return derived;
 }
 

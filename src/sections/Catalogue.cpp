@@ -133,6 +133,11 @@ double Section::principalAngle() const {
     return angle ? angle->figure() : 0;
 }
 
+Sections::Sections(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family)
+    : m_catalogue(std::move(catalogue)),
+      m_family(&family),
+      m_size(std::ssize(family.names)) {}
+
 const std::string& Family::name() const { return m_family->table; }
 int Family::sectionType() const { return m_family->family->sectionType; }
 LayoutId Family::layout() const { return m_family->family->layout; }
@@ -140,6 +145,7 @@ const std::vector<Column>& Family::columns() const { return m_family->columns; }
 Catalogue Family::catalogue() const { return Catalogue(m_catalogue); }
 std::size_t Family::size() const { return m_family->names.size(); }
 Section Family::operator[](std::size_t row) const { return {m_catalogue, *m_family, row}; }
+Sections Family::sections() const { return {m_catalogue, *m_family}; }
 
 std::optional<Section> Family::find(std::string_view name) const {
     return Catalogue(m_catalogue).find(name, m_family);

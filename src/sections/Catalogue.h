@@ -16,13 +16,17 @@
 #include "records/SectionLayout.h"
 #include "sections/Quantity.h"
 
+#include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <ranges>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace dbsection {
@@ -92,8 +96,9 @@ public:
     double principalAngle() const;
 
 private:
-    friend class Family;
     friend class Catalogue;
+    friend class Family;
+    friend class Sections;
 
     Section(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family,
             std::size_t row)
@@ -112,6 +117,78 @@ private:
     std::size_t m_row;
 };
 
+/// The sections of a family: a random-access range of values, itself cheap to copy. Its iterators
+/// may outlive it.
+class DBSECTION_API Sections : public std::ranges::view_base {
+public:
+    class Iterator {
+    public:
+        using iterator_concept = std::random_access_iterator_tag;
+        using iterator_category = std::input_iterator_tag;
+        using value_type = Section;
+        using difference_type = std::ptrdiff_t;
+        using reference = Section;
+        using pointer = void;
+
+        Iterator() = default;
+
+        Section operator*() const { return (*this)[0]; }
+        Section operator[](std::ptrdiff_t offset) const {
+            return {m_catalogue, *m_family, static_cast<std::size_t>(m_row + offset)};
+        }
+
+        Iterator& operator++() { return *this += 1; }
+        Iterator& operator--() { return *this += -1; }
+        Iterator operator++(int) { return std::exchange(*this, *this + 1); }
+        Iterator operator--(int) { return std::exchange(*this, *this - 1); }
+        Iterator& operator+=(std::ptrdiff_t offset) {
+            m_row += offset;
+            return *this;
+        }
+        Iterator& operator-=(std::ptrdiff_t offset) { return *this += -offset; }
+        friend Iterator operator+(Iterator place, std::ptrdiff_t offset) { return place += offset; }
+        friend Iterator operator+(std::ptrdiff_t offset, Iterator place) { return place += offset; }
+        friend Iterator operator-(Iterator place, std::ptrdiff_t offset) { return place -= offset; }
+        friend std::ptrdiff_t operator-(const Iterator& left, const Iterator& right) {
+            return left.m_row - right.m_row;
+        }
+        friend bool operator==(const Iterator& left, const Iterator& right) {
+            return left.m_row == right.m_row;
+        }
+        friend std::strong_ordering operator<=>(const Iterator& left, const Iterator& right) {
+            return left.m_row <=> right.m_row;
+        }
+
+    private:
+        friend class Sections;
+
+        Iterator(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family,
+                 std::ptrdiff_t row)
+            : m_catalogue(std::move(catalogue)),
+              m_family(&family),
+              m_row(row) {}
+
+        std::shared_ptr<const CatalogueData> m_catalogue;
+        const FamilyData* m_family = nullptr;
+        std::ptrdiff_t m_row = 0;
+    };
+
+    Iterator begin() const { return {m_catalogue, *m_family, 0}; }
+    Iterator end() const { return {m_catalogue, *m_family, m_size}; }
+    std::size_t size() const { return static_cast<std::size_t>(m_size); }
+    bool empty() const { return m_size == 0; }
+    Section operator[](std::size_t row) const { return {m_catalogue, *m_family, row}; }
+
+private:
+    friend class Family;
+
+    Sections(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family);
+
+    std::shared_ptr<const CatalogueData> m_catalogue;
+    const FamilyData* m_family;
+    std::ptrdiff_t m_size;
+};
+
 /// A shape family of a catalogue: one of its tables.
 class DBSECTION_API Family {
 public:
@@ -125,11 +202,8 @@ public:
     Section
     operator[](std::size_t row) const; ///< in the catalogue's order; `row` must be below size()
 
-    /// All sections, a random-access range of values.
-    auto sections() const {
-        return std::views::iota(0U, static_cast<unsigned>(size())) |
-               std::views::transform([*this](unsigned row) { return (*this)[row]; });
-    }
+    /// All sections.
+    Sections sections() const;
 
     /// The section of that name, public or the program's, whatever its letter case: the first one;
     /// nothing where there is none.
@@ -184,3 +258,6 @@ private:
 };
 
 } // namespace sections
+
+template <>
+inline constexpr bool std::ranges::enable_borrowed_range<sections::Sections> = true;

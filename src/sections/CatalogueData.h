@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -45,7 +46,9 @@ struct SameName {
 struct Place {
     std::size_t family;
     std::size_t row;
-    auto operator<=>(const Place&) const = default;
+    bool operator<(const Place& other) const {
+        return std::tie(family, row) < std::tie(other.family, other.row);
+    }
 };
 
 struct CatalogueData {
