@@ -5,6 +5,7 @@
 #include "dataaccess/CSectionException.h"
 #include "sections/Error.h"
 #include "sections/Library.h"
+#include "sections/UserFile.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -146,6 +147,49 @@ TEST_F(SectionsTest, TellMissingValuesFromZero) {
     EXPECT_EQ(pipe["AX"].figure(), 3.17);
     EXPECT_FALSE(pipe.find("I"));
     EXPECT_THROW(pipe.majorRadius(), sections::Error);
+}
+
+TEST_F(SectionsTest, AreChangedTogetherOrNotAtAll) {
+    const std::string path = folder->File("mine.db3");
+    {
+        CatalogueFile file(path);
+        file.AddTable("Pipe", LayoutId::RoundTube, {{"P1", "P1", {4.5, 0.25, 3.34}}});
+        CSectionRecordset info(file.Database());
+        info.Open(CSectionRecordset::Table, "DBInfo");
+        info.Edit();
+        info.SetFieldValue(0, "User tables");
+        info.Update();
+    }
+    const sections::UserFile mine(path);
+    {
+        sections::Change change = mine.change();
+        change.add("Pipe", {.name = "P 60.3x5", .figures = {{"OD", {60.3, "mm"}}}});
+        EXPECT_THROW(change.add("Pipe", {.name = "p60.3X5"}), sections::Error);
+        EXPECT_THROW(change.add("Pipe", {.name = "it's"}), sections::Error);
+        EXPECT_THROW(change.add("Pipe", {.name = "P2", .figures = {{"OD", {1, "mm^2"}}}}),
+                     sections::Error);
+        EXPECT_THROW(mine.change(), sections::Error) << "somebody else writes";
+        EXPECT_EQ(mine.read().size(), 1);
+        change.commit();
+    }
+    const sections::Catalogue both = mine.read();
+    EXPECT_EQ(both.size(), 2);
+    EXPECT_EQ(both.at("P60.3X5").name(), "P 60.3x5");
+    EXPECT_DOUBLE_EQ(both.at("P60.3X5").depth().in("mm"), 60.3);
+    EXPECT_DOUBLE_EQ(both.at("P60.3X5")["OD"].figure(), 60.3 / 25.4);
+    {
+        sections::Change change = mine.change();
+        change.update(both.at("P1"), {.name = "P one", .figures = {{"T", {1, "in"}}}});
+        change.remove(both.at("P60.3X5"));
+        EXPECT_THROW(change.remove(both.at("P60.3X5")), sections::Error);
+        change.commit();
+    }
+    EXPECT_EQ(mine.read().size(), 1);
+    EXPECT_EQ(mine.read().at("P1").name(), "P one");
+    EXPECT_EQ(mine.read().at("P1").thickness().in("in"), 1);
+    mine.change().remove(mine.read().at("P1"));
+    EXPECT_EQ(mine.read().size(), 1) << "not committed";
+    EXPECT_THROW(sections::UserFile(folder->File("AISCSections.db3")).read(), sections::Error);
 }
 
 TEST_F(SectionsTest, ServeSeveralThreads) {

@@ -248,7 +248,9 @@ public:
     Section at(std::string_view name) const;
 
 private:
+    friend class Change;
     friend class Family;
+    friend class UserFile;
 
     explicit Catalogue(std::shared_ptr<const CatalogueData> data) : m_data(std::move(data)) {}
 

@@ -6,13 +6,11 @@
 #include "dataaccess/CSectionRecordset.h"
 #include "dataaccess/DatabaseTransaction.h"
 #include "platform/Text.h"
-#include "sections/Error.h"
+#include "sections/Failures.h"
 #include "units/UnitText.h"
 
 #include <algorithm>
 #include <limits>
-#include <new>
-#include <optional>
 
 namespace sections {
 namespace {
@@ -38,6 +36,8 @@ public:
 
     void read() {
         readInformation();
+        if (m_data.catalogue == nullptr)
+            m_data.catalogue = &personalCatalogue();
         readUnits();
         for (const SectionFamily& family : m_data.catalogue->families)
             if (isSectionTable(family) && hasTable(family.table))
@@ -83,6 +83,15 @@ private:
             fail(m_data.path, SectionError::NotADatabase,
                  "this is no catalogue: it has no catalogue information (table \"DBInfo\"); name "
                  "another file.");
+    }
+
+    const SectionCatalogue& personalCatalogue() const {
+        for (const SectionCatalogue& catalogue : GetCatalogues())
+            if (*catalogue.stem == '\0' && m_data.title == catalogue.name)
+                return catalogue;
+        fail(m_data.path, SectionError::NotADatabase,
+             "this is the catalogue \"" + m_data.title +
+                 "\", not a file of a person's own sections.");
     }
 
     void requireLayoutVersion(const std::string& version) const {
@@ -216,25 +225,23 @@ bool SameName::operator()(std::string_view left, std::string_view right) const {
     return dbsection::EqualNoCase(left, right);
 }
 
-CatalogueData readCatalogue(const std::string& path, int number, std::string_view password) {
-    CatalogueData data{FindCatalogue(number), path, {}, {}, {}, {}};
-    if (data.catalogue == nullptr)
-        fail(path, SectionError::NoSuchItem,
+CatalogueData readCatalogue(CSectionDatabase& database, int number) {
+    CatalogueData data{
+        FindCatalogue(number), std::string(database.GetName().View()), {}, {}, {}, {}};
+    if (data.catalogue == nullptr && number != PersonalFile)
+        fail(data.path, SectionError::NoSuchItem,
              "there is no catalogue " + std::to_string(number) + ".");
-    try {
+    const dbsection::DatabaseTransaction oneMoment(database, dbsection::Purpose::Reading);
+    CatalogueReader(database, data).read();
+    return data;
+}
+
+CatalogueData readCatalogue(const std::string& path, int number, std::string_view password) {
+    return translated(path, [&] {
         CSectionDatabase database;
         database.Open(path.c_str(), 0, 1, (";PWD=" + std::string(password)).c_str());
-        const dbsection::DatabaseTransaction oneMoment(database, dbsection::Purpose::Reading);
-        CatalogueReader(database, data).read();
-    } catch (CSectionException* e) {
-        const Error error(e->GetErrorNumber(), std::string(e->GetMessage().View()));
-        e->Delete();
-        throw error;
-    } catch (CException* e) {
-        e->Delete();
-        throw Error(0, path + ": memory is exhausted; the catalogue was not read.");
-    }
-    return data;
+        return readCatalogue(database, number);
+    });
 }
 
 } // namespace sections

@@ -12,6 +12,8 @@
 #include <unordered_map>
 #include <vector>
 
+class CSectionDatabase;
+
 namespace sections {
 
 struct FamilyColumn {
@@ -60,7 +62,14 @@ struct CatalogueData {
     std::unordered_multimap<std::string_view, Place, NameHash, SameName> index; ///< of all names
 };
 
-/// Reads a file; throws Error.
+/// The number of whichever kind of a person's own files it is.
+inline constexpr int PersonalFile = 0;
+
+/// Reads an open file as the catalogue of a number. Throws Error, and what the data-access classes
+/// throw.
+CatalogueData readCatalogue(CSectionDatabase& database, int number);
+
+/// Opens a file and reads it; throws Error.
 CatalogueData readCatalogue(const std::string& path, int number, std::string_view password);
 
 } // namespace sections

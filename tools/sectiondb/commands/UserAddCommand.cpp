@@ -1,19 +1,12 @@
 #include "commands/Command.h"
 #include "commands/UserSection.h"
-#include "platform/Text.h"
+#include "records/SectionNames.h"
 
 #include <algorithm>
 #include <fmt/format.h>
 
 namespace dbsection {
 namespace {
-
-/// The program's name of a section: its public name in capitals without blanks.
-std::string VessaNameOf(const std::string& name) {
-    std::string vessaName = UpperCase(name);
-    std::erase(vessaName, ' ');
-    return vessaName;
-}
 
 double FreeIdentifier(const UserTable& table) {
     double last = 0;

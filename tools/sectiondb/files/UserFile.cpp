@@ -4,7 +4,7 @@
 #include "interface/SectionDBInterface.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
-#include "sources/NameRule.h"
+#include "records/SectionNames.h"
 
 #include <algorithm>
 #include <array>
@@ -16,8 +16,8 @@
 namespace dbsection {
 namespace {
 
-constexpr std::array Kinds{UserFileKind{UserTableIndex, "User tables"},
-                           UserFileKind{GenericTableIndex, "Generic shapes"}};
+const std::array Kinds{UserFileKind{UserTableIndex, ::FindCatalogue(UserTableIndex)->name},
+                       UserFileKind{GenericTableIndex, ::FindCatalogue(GenericTableIndex)->name}};
 
 void RequireFile(const std::filesystem::path& path, UserFile::Purpose purpose) {
     const int error = LookForFile(path.c_str());

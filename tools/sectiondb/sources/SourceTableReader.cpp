@@ -1,7 +1,7 @@
 #include "sources/SourceTableReader.h"
 
 #include "platform/Text.h"
-#include "sources/NameRule.h"
+#include "records/SectionNames.h"
 #include "sources/SourceUnits.h"
 #include "units/UnitText.h"
 

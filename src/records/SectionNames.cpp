@@ -1,4 +1,4 @@
-#include "sources/NameRule.h"
+#include "records/SectionNames.h"
 
 #include "platform/Text.h"
 
@@ -35,6 +35,12 @@ std::string VessaNameFault(const std::string& name) {
     if (!std::ranges::all_of(name, IsPlain))
         return "it holds a letter that is not in ASCII";
     return "";
+}
+
+std::string VessaNameOf(std::string_view name) {
+    std::string vessaName = UpperCase(name);
+    std::erase(vessaName, ' ');
+    return vessaName;
 }
 
 } // namespace dbsection
