@@ -1,6 +1,7 @@
 #include "sections/Catalogue.h"
 
 #include "dataaccess/CSectionException.h"
+#include "geometry/Geometry.h"
 #include "platform/Text.h"
 #include "records/DerivedProperties.h"
 #include "sections/CatalogueData.h"
@@ -131,6 +132,31 @@ WeightPerLength Section::weight() const {
 double Section::principalAngle() const {
     const auto angle = find("ALPHA");
     return angle ? angle->figure() : 0;
+}
+
+dbsection::Outline Section::outline() const {
+    const RowInBaseUnits row(*m_family, m_row);
+    dbsection::Figures figures;
+    for (std::size_t i = 0; i < m_family->data.size(); ++i)
+        if (row.IsKept(i))
+            figures.emplace(m_family->data[i].column.name, row.Value(i));
+    const auto isTold = [&](const dbsection::GeometryModel& model) {
+        return model.layout == m_family->family->layout &&
+               std::ranges::none_of(model.parameters, &dbsection::GeometryParameter::isRequired) &&
+               std::ranges::all_of(model.inputs,
+                                   [&](const char* input) { return figures.contains(input); });
+    };
+    const auto models = dbsection::GetGeometryModels();
+    const auto model = std::ranges::find_if(models, isTold);
+    if (model == models.end())
+        failFor("outline: its figures do not tell its shape");
+    try {
+        return model->make(figures, {}).outline;
+    } catch (const dbsection::GeometryError& error) {
+        throw Error(SectionError::RuleBroken,
+                    m_catalogue->path + ": " + name() + " of table \"" + m_family->table +
+                        "\": its figures contradict each other: " + error.what());
+    }
 }
 
 Sections::Sections(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family)

@@ -12,6 +12,7 @@
 // each of them keeps the picture alive.
 #pragma once
 
+#include "geometry/Outline.h"
 #include "platform/Export.h"
 #include "records/SectionLayout.h"
 #include "sections/Quantity.h"
@@ -94,6 +95,10 @@ public:
 
     /// The angle of the principal axes in degrees; 0 for sections that are symmetric about an axis.
     double principalAngle() const;
+
+    /// The shape in mm, as far as the section's own figures tell it: fillets that no column tells
+    /// are those that give its area. Throws Error where they do not tell it.
+    dbsection::Outline outline() const;
 
 private:
     friend class Catalogue;
