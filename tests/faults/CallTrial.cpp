@@ -81,10 +81,12 @@ bool CallTrial::Make(const Disturbance& disturbance) {
 void CallTrial::Begin() {
     SetMessageBoxHandler(KeepBox);
     m_world.Begin();
+    if (m_isWarm) {
+        MakeOnce(Nothing());
+        m_world.GoOn();
+    }
     if (m_call.left)
         m_world.RestoreFiles();
-    if (m_isWarm)
-        MakeOnce(Nothing());
 }
 
 void CallTrial::MakeOnce(const Disturbance& disturbance) {

@@ -23,19 +23,7 @@ void Attach(int index, const char* file) {
 
 void AttachAmerican() { Attach(American, "AISCSections.db3"); }
 
-void AttachUserTables() {
-    Attach(UserTables, "User.db3");
-    object->SetWorkingTable("Wide Flange");
-}
-
-/// A row like that of the file, with another depth.
-SECTIONINFO NewSection(const char* name) {
-    SECTIONINFO section;
-    section.PublicName = name;
-    section.VessaName = name;
-    section.Values = {7.65, 99, 6.49, 0.38, 0.23, 204, 0.3, 607, 17.3, 37.2, 8.17};
-    return section;
-}
+void AttachTheUsers() { object = AttachUserTables("User.db3", "Wide Flange"); }
 
 std::string UserRows() { return RowsOf("User.db3", "Wide Flange"); }
 
@@ -117,7 +105,7 @@ PublicCalls CatalogueCalls() {
                  SECTIONINFO section = NewSection("A section of a long name");
                  return Tell(Under([&] { return object->AddSectionData(2, &section); }));
              })
-            .On(AttachUserTables)
+            .On(AttachTheUsers)
             .Leaving(UserRows));
     all.push_back(Call("UpdateSectionData", "1 -> MY 2 MY 2 7.650000e+00", {"0 -> " + before},
                        [] {
@@ -125,7 +113,7 @@ PublicCalls CatalogueCalls() {
                            return Tell(
                                Under([&] { return object->UpdateSectionData(1, &section); }));
                        })
-                      .On(AttachUserTables)
+                      .On(AttachTheUsers)
                       .Leaving(UserRows));
     return all;
 }

@@ -42,7 +42,8 @@ const std::string* WrongAnswer(const Answers& damaged, const Answers& whole) {
     return place == damaged.end() ? nullptr : &*place;
 }
 
-void DamageStretches(const Originals& originals, bool isProtected, long job, Progress& progress) {
+void DamageStretches(const Originals& originals, bool isProtected, long job, long step,
+                     Progress& progress) {
     const std::string content = testsupport::ReadFile(
         originals.folder + (isProtected ? "/real/protected.db3" : "/real/plain.db3"));
     const char* connect = isProtected ? originals.connect : "";
@@ -62,7 +63,7 @@ void DamageStretches(const Originals& originals, bool isProtected, long job, Pro
 
     const auto stretches = static_cast<long>((content.size() + Stretch - 1) / Stretch);
     for (;;) {
-        const long stretch = job + progress.next / 2 * JobsPerFile;
+        const long stretch = (job + progress.next / 2 * JobsPerFile) * step;
         if (stretch >= stretches)
             break;
         const bool isRandom = progress.next % 2 == 1;
@@ -81,15 +82,15 @@ void DamageStretches(const Originals& originals, bool isProtected, long job, Pro
 
 } // namespace
 
-std::vector<Job> DamageJobs(const Originals& originals) {
+std::vector<Job> DamageJobs(const Originals& originals, const Depth& depth) {
     std::vector<Job> jobs;
     for (const bool isProtected : {false, true})
         for (long job = 0; job < JobsPerFile; ++job) {
             const std::string subject =
                 isProtected ? "damage to a protected catalogue" : "damage to a plain catalogue";
-            jobs.push_back({subject, [=, &originals] {
+            jobs.push_back({subject, [=, &originals, step = depth.stretchStep] {
                                 return RunIsolated(subject, [&](Progress& progress) {
-                                    DamageStretches(originals, isProtected, job, progress);
+                                    DamageStretches(originals, isProtected, job, step, progress);
                                 });
                             }});
         }

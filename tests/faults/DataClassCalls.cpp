@@ -132,11 +132,6 @@ PublicCalls OfRows() {
 
 } // namespace
 
-PublicCalls DataClassCalls() {
-    PublicCalls all;
-    for (const auto& part : {OfDatabases(), OfTransactions(), OfRows()})
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
+PublicCalls DataClassCalls() { return AllOf({OfDatabases(), OfTransactions(), OfRows()}); }
 
 } // namespace faults

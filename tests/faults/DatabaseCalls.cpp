@@ -57,7 +57,7 @@ std::string StateOfNewFile(const char* connect) {
     closeDatabase(&db, 1);
     const int opened = openDatabase(&db, "New.db3", 0, 0, 0, connect, nullptr);
     closeDatabase(&db, 1);
-    return opened == 1 ? "opens" : std::filesystem::exists("New.db3") ? "of no use" : "missing";
+    return opened == 1 ? "opens" : std::filesystem::exists("New.db3") ? "unfinished" : "missing";
 }
 
 /// Another one for each call: its key is derived in the call.
@@ -180,11 +180,6 @@ PublicCalls OfFields() {
 
 } // namespace
 
-PublicCalls DatabaseCalls() {
-    PublicCalls all;
-    for (const auto& part : {OfDatabases(), OfTables(), OfFields()})
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
+PublicCalls DatabaseCalls() { return AllOf({OfDatabases(), OfTables(), OfFields()}); }
 
 } // namespace faults

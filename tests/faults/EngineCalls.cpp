@@ -1,54 +1,56 @@
-// The entry points of the analysis engine. Each answer ends in the kind that it has handed back,
-// unless that is 0: what is right has no kind, what failed has one.
+// The entry points of the analysis engine.
 #include "faults/PublicCall.h"
 
 #include "engine/SectionEngine.h"
 #include "interface/SectionDBInterface.h"
 
-#include <algorithm>
 #include <array>
+#include <tuple>
 
 namespace faults {
 namespace {
 
 using Facade = SectionDBInterface;
 
-/// What an entry point reads and writes. What it leaves alone stays -7, values -1.
-struct Arguments {
-    std::int32_t catalogue = American, type = WShape, unit = 1004, slot = 1;
-    std::int32_t count = -7, valueCount = -7, status = -7, result = -7, err = -7;
+/// What an entry point hands back. What it leaves alone stays -7, values -1.
+struct HandedBack {
+    std::int32_t type = -7, count = -7, valueCount = -7, status = -7, result = -7, err = -7;
     std::array<float, 17> values{};
     std::array<char, 32> name{};
 
-    Arguments() { values.fill(-1); }
-
-    std::string Values() const {
-        return Tell(double{values[0]}, double{values[1]}, double{values[2]});
-    }
+    HandedBack() { values.fill(-1); }
 };
 
-/// The answer; the kind that was handed back must be the one that is stored.
-std::string WithKind(const Arguments& arguments, const std::string& answer) {
-    return arguments.err == Facade::GetExceptionType() ? answer : answer + " with another kind";
+HandedBack out;
+
+/// An argument as the engine passes it: numbers by address, texts with their length.
+template <class Item>
+auto Passed(Item& item) {
+    if constexpr (std::is_same_v<Item, const char*>)
+        return std::tuple(item, static_cast<std::int32_t>(std::string_view(item).size()));
+    else if constexpr (std::is_same_v<Item, char*>)
+        return std::tuple(item, static_cast<std::int32_t>(out.name.size()));
+    else if constexpr (std::is_pointer_v<Item>)
+        return std::tuple(item);
+    else
+        return std::tuple(&item);
 }
 
-template <class Ask, class Told>
-std::function<std::string()> Entry(Arguments arguments, Ask ask, Told told) {
-    return [=]() mutable {
-        Arguments now = arguments;
-        Under([&] { ask(now); });
-        return WithKind(now, told(now));
-    };
-}
-
-std::string Section(const Arguments& a) { return Tell(a.count, a.valueCount) + " " + a.Values(); }
-
-Arguments Of(int catalogue, int type, int slot = 1) {
-    Arguments arguments;
-    arguments.catalogue = catalogue;
-    arguments.type = type;
-    arguments.slot = slot;
-    return arguments;
+/// A call of an entry point. Its answer is what `told` makes of what was handed back; the kind that
+/// was handed back must be the one that is stored.
+template <class Told, class Entry, class... Items>
+PublicCall Enters(const char* name, std::string right, std::vector<std::string> failed, Told told,
+                  Entry entry, Items... items) {
+    return Call(name, std::move(right), std::move(failed), [=] {
+        out = {};
+        std::tuple now(items...); // some are changed
+        const auto enter = [&](auto&... each) {
+            std::apply(entry, std::tuple_cat(Passed(each)...));
+        };
+        Under([&] { std::apply(enter, now); });
+        const bool isStored = out.err == -7 || out.err == Facade::GetExceptionType();
+        return std::string(told()) + (isStored ? "" : " with another kind");
+    });
 }
 
 std::function<void()> Opened(std::int32_t catalogue) {
@@ -58,219 +60,126 @@ std::function<void()> Opened(std::int32_t catalogue) {
     };
 }
 
-/// A section's values are handed over whole, or none of them.
-const std::vector<std::string> NoSection{"0 0 -1 -1 -1", "0 11 -1 -1 -1", "1 11 -1 -1 -1"};
+constexpr std::int32_t Millimetre = 1004, Kip = 2001, No = 0, TwoKeys = 2;
+constexpr std::array<std::int32_t, 4> AreaThenName{3, -1, 0, 0};
+const std::int32_t* const ByArea = AreaThenName.data();
+
+/// Opens the W shapes by area into slot 1.
+void OpenSorted() {
+    Opened(American)();
+    const std::int32_t catalogue = American, type = WShape;
+    GETSORTEDSECTIONS(&catalogue, &type, ByArea, &TwoKeys, &Millimetre, &out.count, &out.valueCount,
+                      &out.err);
+}
+
+std::string Result() { return Tell(out.result); }
+
+std::string FirstValues() {
+    return Tell(double{out.values[0]}, double{out.values[1]}, double{out.values[2]},
+                double{out.values[3]});
+}
+
+/// A lookup of one section: a catalogue's values are handed over whole, or none of them.
+template <class Entry, class... Items>
+PublicCall Finds(const char* name, int catalogue, const char* counts, const char* values,
+                 Entry entry, Items... items) {
+    const std::string right(counts);
+    const std::string width = right.substr(right.find(' '));
+    return Enters(
+               name, right + " " + values,
+               {"0 0 -1 -1 -1 -1", "* " + width.substr(1) + " -1 -1 -1 -1"},
+               [] { return Tell(out.count, out.valueCount) + " " + FirstValues(); }, entry,
+               catalogue, items..., out.values.data(), &out.count, &out.valueCount, &out.err)
+        .On(Opened(catalogue));
+}
+
+/// The same where the section type is found, too: none before, or that of the castellated beam.
+template <class Entry, class... Items>
+PublicCall FindsType(const char* name, int before, Entry entry, Items... items) {
+    return Enters(
+               name, "1 1 11 4935.5 309.88 164.85 9.652",
+               {Tell(before) + " 0 0 -1 -1 -1 -1", "1 * -1 -1 -1 -1"},
+               [] { return Tell(out.type, out.count, out.valueCount) + " " + FirstValues(); },
+               [=](auto... all) {
+                   out.type = before;
+                   entry(all...);
+               },
+               American, &out.type, items..., Millimetre, out.values.data(), &out.count,
+               &out.valueCount, &out.err)
+        .On([] { // the castellated beam counts the rows of the query before
+            Opened(American)();
+            const std::int32_t catalogue = American, type = WShape;
+            GETSECTION(&catalogue, &type, "W4X13", 5, &Millimetre, out.values.data(), &out.count,
+                       &out.valueCount, &out.err);
+        });
+}
 
 PublicCalls Lookups() {
-    const auto named = [](const char* name) {
-        return [=](Arguments& a) {
-            GETSECTION(&a.catalogue, &a.type, name,
-                       static_cast<std::int32_t>(std::string_view(name).size()), &a.unit,
-                       a.values.data(), &a.count, &a.valueCount, &a.err);
-        };
-    };
-    const auto withType = [](const Arguments& a) { return Tell(a.type) + " " + Section(a); };
     return {
-        Call("GETSECTION", "1 11 4935.5 309.88 164.85", NoSection,
-             Entry({}, named("w12x26 "), Section))
-            .On(Opened(American)),
-
+        Finds("GETSECTION", American, "1 11", "4935.5 309.88 164.85 9.652", GETSECTION, WShape,
+              "w12x26 ", Millimetre),
         // 0.38 in + 0.345 in
-        Call("GETSECTION of joined sections", "1 11 4935.5 309.88 164.85 18.415",
-             {"0 0 -1 -1 -1 -1", "0 11 -1 -1 -1 -1", "1 11 -1 -1 -1 -1"},
-             Entry({}, named("W12X26+W4X13"),
-                   [](const Arguments& a) { return Section(a) + " " + Tell(double{a.values[3]}); }))
-            .On(Opened(American)),
-        Call("GETSECTIONTYPEFROMVESSANAME", "1 1 11 4935.5 309.88 164.85",
-             {"-7 0 0 -1 -1 -1", "1 0 0 -1 -1 -1", "1 0 11 -1 -1 -1", "1 1 11 -1 -1 -1"},
-             [=] {
-                 Arguments a;
-                 a.type = -7;
-                 Under([&] {
-                     GETSECTIONTYPEFROMVESSANAME(&a.catalogue, &a.type, "w12x26", 6, &a.unit,
-                                                 a.values.data(), &a.count, &a.valueCount, &a.err);
-                 });
-                 return Tell(a.type) + " " + Section(a); // err only where it was found
-             })
-            .On(Opened(American)),
-        Call("GETCASTELLATEDROOTBEAMSECTION", "1 1 11 4935.5 309.88 164.85",
-             {"13 0 0 -1 -1 -1", "1 0 0 -1 -1 -1", "1 0 11 -1 -1 -1", "1 1 11 -1 -1 -1"},
-             Entry(
-                 Of(American, Castellated),
-                 [](Arguments& a) {
-                     GETCASTELLATEDROOTBEAMSECTION(&a.catalogue, &a.type, "cb18x26", 7, &a.unit,
-                                                   a.values.data(), &a.count, &a.valueCount,
-                                                   &a.err);
-                 },
-                 withType))
-            .On([] {
-                Opened(American)();
-                Arguments a;
-                GETSECTION(&a.catalogue, &a.type, "W4X13", 5, &a.unit, a.values.data(), &a.count,
-                           &a.valueCount, &a.err);
-            }),
-        Call("GETSTEELJOIST", "2 14 9", {"0 -1 -1", "2 -1 -1"},
-             Entry(
-                 Of(Joists, 1),
-                 [](Arguments& a) {
-                     GETSTEELJOIST(&a.catalogue, &a.type, "KCS", 3, &a.unit, a.values.data(),
-                                   &a.count, &a.valueCount, &a.err);
-                 },
-                 [](const Arguments& a) {
-                     return Tell(a.valueCount, double{a.values[0]}, double{a.values[1]});
-                 }))
-            .On(Opened(Joists)),
-        Call("GETJOISTGIRDER", "1 8 30 5 6", {"0 0 -1 -1 -1", "0 8 -1 -1 -1", "1 8 -1 -1 -1"},
-             Entry(
-                 Of(Joists, 5),
-                 [](Arguments& a) {
-                     GETJOISTGIRDER(&a.catalogue, &a.type, "30S24G5N4.5K", 12, &a.unit,
-                                    a.values.data(), &a.count, &a.valueCount, &a.err);
-                 },
-                 Section))
-            .On(Opened(Joists)),
-
+        Finds("GETSECTION of joined sections", American, "1 11", "4935.5 309.88 164.85 18.415",
+              GETSECTION, WShape, "W12X26+W4X13", Millimetre),
+        FindsType("GETSECTIONTYPEFROMVESSANAME", -7, GETSECTIONTYPEFROMVESSANAME, "w12x26"),
+        FindsType("GETCASTELLATEDROOTBEAMSECTION", Castellated, GETCASTELLATEDROOTBEAMSECTION,
+                  "cb18x26"),
+        Finds("GETSTEELJOIST", Joists, "0 2", "14 9 -1 -1", GETSTEELJOIST, 1, "KCS", Millimetre),
+        Finds("GETJOISTGIRDER", Joists, "1 8", "30 5 6 4.5", GETJOISTGIRDER, 5, "30S24G5N4.5K",
+              Millimetre),
         // thicknesses in mm
-        Call("GETALUMINIUMMATERIALPROPERTY", "1 10 0 25.4 0",
-             {"0 0 -1 -1 -1", "0 10 -1 -1 -1", "1 10 -1 -1 -1"},
-             Entry(
-                 Of(Aluminium, Alloy),
-                 [](Arguments& a) {
-                     const std::int32_t product = 1, no = 0, kip = 2001;
-                     const float thickness = 0.5F;
-                     GETALUMINIUMMATERIALPROPERTY(&a.catalogue, &a.type, "6061", 4, &product, &no,
-                                                  &no, &thickness, &a.unit, &kip, a.values.data(),
-                                                  &a.count, &a.valueCount, &a.err);
-                 },
-                 Section))
-            .On(Opened(Aluminium)),
+        Finds("GETALUMINIUMMATERIALPROPERTY", Aluminium, "1 10", "0 25.4 0 0",
+              GETALUMINIUMMATERIALPROPERTY, Alloy, "6061", 1, No, No, 0.5F, Millimetre, Kip),
     };
 }
 
-constexpr std::array<std::int32_t, 4> ByArea{3, -1, 0, 0};
-constexpr std::int32_t TwoKeys = 2;
-
-/// A list, and how it answers: the number of its rows and values.
-template <class Ask>
-PublicCall List(const char* name, Arguments arguments, Ask ask, const char* right) {
-    return Call(name, right, {"0 *", "-7 -7"},
-                Entry(arguments, ask,
-                      [](const Arguments& a) { return Tell(a.count, a.valueCount); }))
-        .On(Opened(arguments.catalogue));
+/// A list of the rows of a query; the answer is the number of its rows and values.
+template <class Entry, class... Items>
+PublicCall Lists(const char* name, int catalogue, const char* right, Entry entry, Items... items) {
+    return Enters(
+               name, right, {"0 *", "-7 -7"}, [] { return Tell(out.count, out.valueCount); }, entry,
+               catalogue, items..., Millimetre, &out.count, &out.valueCount, &out.err)
+        .On(Opened(catalogue));
 }
 
-PublicCall LoadType(const char* name, decltype(&FINDLHSERIESLOADTYPE) find, std::int32_t series) {
-    return Call(name, "2", {"0", "-7"},
-                Entry(
-                    Of(Joists, series),
-                    [=](Arguments& a) {
-                        const float span = 22, depth = 24;
-                        find(&a.catalogue, &a.type, &span, &depth, &a.result, &a.err);
-                    },
-                    [](const Arguments& a) { return Tell(a.result); }))
+PublicCall LoadType(const char* name, decltype(&FINDLHSERIESLOADTYPE) find, int series) {
+    return Enters(name, "2", {"0", "-7"}, Result, find, Joists, series, 22.F, 24.F, &out.result,
+                  &out.err)
         .On(Opened(Joists));
 }
 
-PublicCalls Lists() {
+PublicCalls Queries() {
     return {
-        List(
-            "GETSORTEDSECTIONS", {},
-            [](Arguments& a) {
-                GETSORTEDSECTIONS(&a.catalogue, &a.type, ByArea.data(), &TwoKeys, &a.unit, &a.count,
-                                  &a.valueCount, &a.err);
-            },
-            "2 11"),
-        List(
-            "GETLIKESORTEDSECTIONS", {},
-            [](Arguments& a) {
-                GETLIKESORTEDSECTIONS(&a.catalogue, &a.type, ByArea.data(), &TwoKeys, "W12", 3,
-                                      &a.unit, &a.count, &a.valueCount, &a.err);
-            },
-            "1 11"),
-        List(
-            "GETRANGESORTEDSECTIONS", {},
-            [](Arguments& a) {
-                const std::int32_t area = 3;
-                float upper = 3000, lower = 2000; // mm^2; the smaller one has 2471
-                GETRANGESORTEDSECTIONS(&a.catalogue, &a.type, ByArea.data(), &TwoKeys, &area,
-                                       &upper, &lower, &a.unit, &a.count, &a.valueCount, &a.err);
-            },
-            "1 11"),
-        List(
-            "GETASSIGNSECTIONS", {},
-            [](Arguments& a) {
-                GETASSIGNSECTIONS(&a.catalogue, &a.type, "W4X13", 5, &a.unit, &a.count,
-                                  &a.valueCount, &a.err);
-            },
-            "1 11"),
-        List(
-            "GETKSERIESSTEELJOISTS", Of(Joists, 1),
-            [](Arguments& a) {
-                const float span = 20, total = 250, live = 150;
-                GETKSERIESSTEELJOISTS(&a.catalogue, &a.type, &span, &total, &live, &a.unit,
-                                      &a.count, &a.valueCount, &a.err);
-            },
-            "2 7"),
-        List(
-            "GETKCSSERIESSTEELJOISTS", Of(Joists, 2),
-            [](Arguments& a) {
-                const float moment = 500, shear = 3000;
-                GETKCSSERIESSTEELJOISTS(&a.catalogue, &a.type, &moment, &shear, &a.unit, &a.count,
-                                        &a.valueCount, &a.err);
-            },
-            "1 7"),
-        List(
-            "GETLHSERIESSTEELJOISTS", Of(Joists, 3),
-            [](Arguments& a) {
-                const std::int32_t safe = 1;
-                const float span = 30, depth = 20, load = 8000, none = 0;
-                GETLHSERIESSTEELJOISTS(&a.catalogue, &a.type, &safe, &span, &depth, &load, &none,
-                                       &a.unit, &a.count, &a.valueCount, &a.err);
-            },
-            "1 6"),
-        List(
-            "GETDLHSERIESSTEELJOISTS", Of(Joists, 4),
-            [](Arguments& a) {
-                const std::int32_t both = 2;
-                const float span = 22, depth = 20, total = 900, live = 500;
-                GETDLHSERIESSTEELJOISTS(&a.catalogue, &a.type, &both, &span, &depth, &total, &live,
-                                        &a.unit, &a.count, &a.valueCount, &a.err);
-            },
-            "1 7"),
-        List(
-            "GETJOISTGIRDERS", Of(Joists, 5),
-            [](Arguments& a) {
-                const std::int32_t joists = 5;
-                const float span = 30, load = 5, depth = 24;
-                GETJOISTGIRDERS(&a.catalogue, &a.type, &span, &joists, &load, &depth, &a.unit,
-                                &a.count, &a.valueCount, &a.err);
-            },
-            "1 8"),
+        Lists("GETSORTEDSECTIONS", American, "2 11", GETSORTEDSECTIONS, WShape, ByArea, TwoKeys),
+        Lists("GETLIKESORTEDSECTIONS", American, "1 11", GETLIKESORTEDSECTIONS, WShape, ByArea,
+              TwoKeys, "W12"),
+        Lists("GETRANGESORTEDSECTIONS", American, "1 11", // in mm^2; the smaller one has 2471
+              GETRANGESORTEDSECTIONS, WShape, ByArea, TwoKeys, 3, 3000.F, 2000.F),
+        Lists("GETASSIGNSECTIONS", American, "1 11", GETASSIGNSECTIONS, WShape, "W4X13"),
+        Lists("GETKSERIESSTEELJOISTS", Joists, "2 7", GETKSERIESSTEELJOISTS, 1, 20.F, 250.F, 150.F),
+        Lists("GETKCSSERIESSTEELJOISTS", Joists, "1 7", GETKCSSERIESSTEELJOISTS, 2, 500.F, 3000.F),
+        Lists("GETLHSERIESSTEELJOISTS", Joists, "1 6", GETLHSERIESSTEELJOISTS, 3, 1, 30.F, 20.F,
+              8000.F, 0.F),
+        Lists("GETDLHSERIESSTEELJOISTS", Joists, "1 7", GETDLHSERIESSTEELJOISTS, 4, 2, 22.F, 20.F,
+              900.F, 500.F),
+        Lists("GETJOISTGIRDERS", Joists, "1 8", GETJOISTGIRDERS, 5, 30.F, 5, 5.F, 24.F),
         LoadType("FINDLHSERIESLOADTYPE", FINDLHSERIESLOADTYPE, 3),
         LoadType("FINDDLHSERIESLOADTYPE", FINDDLHSERIESLOADTYPE, 4),
     };
 }
 
-using CursorStep = void (*)(const std::int32_t*, char*, std::int32_t, float*, std::int32_t*,
-                            std::int32_t*);
+using CursorStep = decltype(&GETFIRSTSECTION);
 
 /// A step from the last or the first row of the W shapes by area.
 PublicCall Step(const char* name, CursorStep step, CursorStep before, const char* right) {
-    return Call(name, right, {"0 empty -1"},
-                Entry(
-                    {},
-                    [=](Arguments& a) {
-                        step(&a.slot, a.name.data(), 32, a.values.data(), &a.status, &a.err);
-                    },
-                    [](const Arguments& a) {
-                        return Tell(a.status, CString(a.name.data()), double{a.values[0]});
-                    }))
+    return Enters(
+               name, right, {"0 empty -1"},
+               [] { return Tell(out.status, CString(out.name.data()), double{out.values[0]}); },
+               step, 1, out.name.data(), out.values.data(), &out.status, &out.err)
         .On([=] {
-            Opened(American)();
-            Arguments a;
-            GETSORTEDSECTIONS(&a.catalogue, &a.type, ByArea.data(), &TwoKeys, &a.unit, &a.count,
-                              &a.valueCount, &a.err);
-            before(&a.slot, a.name.data(), 32, a.values.data(), &a.status, &a.err);
+            OpenSorted();
+            const std::int32_t slot = 1;
+            before(&slot, out.name.data(), 0, out.values.data(), &out.status, &out.err);
         });
 }
 
@@ -287,85 +196,53 @@ std::string OpenCatalogue() {
                                                                          : "closed";
 }
 
-template <class Setter>
-PublicCall Setting(const char* name, Setter set, CString& setting, const char* right) {
-    return Call(name, right, {"empty"},
-                [=, &setting] {
-                    constexpr std::string_view Path("/a/folder/of/a/long/name");
-                    Under([&] { set(Path.data(), static_cast<std::int32_t>(Path.size())); });
-                    return Tell(setting);
-                })
-        .On([&setting] { setting = {}; });
+const char* Done() { return "done"; }
+
+constexpr const char* LongPath = "/a/folder/of/a/long/name";
+
+PublicCall Sets(const char* name, decltype(&SETINIFILENAME) set, CString& setting,
+                const std::string& right) {
+    return Enters(
+               name, right, {"empty"}, [&] { return Tell(setting); }, set, LongPath)
+        .On([&] { setting = {}; });
 }
 
 PublicCalls Lifetime() {
-    const auto number = [](const Arguments& a) { return Tell(a.result); };
+    const auto counts = [](const char* name, decltype(&GETSECTIONCOUNT) count, const char* right) {
+        return Enters(name, right, {"0", "-7"}, Result, count, American, WShape, &out.result,
+                      &out.err);
+    };
     return {
-        Setting("SETUSERTABLEFILENAME", SETUSERTABLEFILENAME, Facade::m_szGenericTableFileName,
-                "/a/folder/of/a/long/name"),
-        Setting("SETPROFILEDBFOLDER", SETPROFILEDBFOLDER, Facade::m_szSectionDBFolder,
-                "/a/folder/of/a/long/name\\"),
-        Setting("SETINIFILENAME", SETINIFILENAME, Facade::m_szIniFileName,
-                "/a/folder/of/a/long/name"),
-        Setting("SETDBIFILENAME", SETDBIFILENAME, Facade::m_szDBIFileName, "empty"),
-        Call("OPENSECTIONDATABASE", "1", {"closed"},
-             Entry(
-                 {}, [](Arguments& a) { OPENSECTIONDATABASE(&a.catalogue, &a.err); },
-                 [](const Arguments&) { return OpenCatalogue(); })),
-        Call("CLOSESECTIONDATABASE", "closed", {},
-             Entry(
-                 {}, [](Arguments& a) { CLOSESECTIONDATABASE(&a.err); },
-                 [](const Arguments&) { return OpenCatalogue(); }))
+        Sets("SETUSERTABLEFILENAME", SETUSERTABLEFILENAME, Facade::m_szGenericTableFileName,
+             LongPath),
+        Sets("SETPROFILEDBFOLDER", SETPROFILEDBFOLDER, Facade::m_szSectionDBFolder,
+             LongPath + std::string("\\")),
+        Sets("SETINIFILENAME", SETINIFILENAME, Facade::m_szIniFileName, LongPath),
+        Sets("SETDBIFILENAME", SETDBIFILENAME, Facade::m_szDBIFileName, "empty"),
+        Enters("OPENSECTIONDATABASE", "1", {"closed"}, OpenCatalogue, OPENSECTIONDATABASE, American,
+               &out.err),
+        Enters("CLOSESECTIONDATABASE", "closed", {}, OpenCatalogue, CLOSESECTIONDATABASE, &out.err)
             .On(Opened(American)),
-        Call("CLOSESECTIONRECORDSET", "done", {},
-             Entry(
-                 {}, [](Arguments& a) { CLOSESECTIONRECORDSET(&a.slot, &a.err); },
-                 [](const Arguments&) { return std::string("done"); }))
-            .On([] {
-                Opened(American)();
-                Arguments a;
-                GETSORTEDSECTIONS(&a.catalogue, &a.type, ByArea.data(), &TwoKeys, &a.unit, &a.count,
-                                  &a.valueCount, &a.err);
-            }),
-        Call("TERMINATEDAOSESSION", "done", {}, TERMINATEDAOSESSION).On([] {
+        Enters("CLOSESECTIONRECORDSET", "done", {}, Done, CLOSESECTIONRECORDSET, 1, &out.err)
+            .On(OpenSorted),
+        Enters("TERMINATEDAOSESSION", "done", {}, Done, TERMINATEDAOSESSION).On([] {
             Opened(American)();
-            std::int32_t err = 0;
-            CLOSESECTIONDATABASE(&err);
+            CLOSESECTIONDATABASE(&out.err);
         }),
-        Call("ISSECTIONDATABASECUSTOMIZED", "1", {"0"},
-             Entry(
-                 Of(3, 1),
-                 [](Arguments& a) { ISSECTIONDATABASECUSTOMIZED(&a.catalogue, &a.result, &a.err); },
-                 number)),
-        Call("GETSECTIONCOUNT", "2", {"0", "-7"},
-             Entry(
-                 {},
-                 [](Arguments& a) { GETSECTIONCOUNT(&a.catalogue, &a.type, &a.result, &a.err); },
-                 number)),
-        Call("GETFIELDCOUNT", "11", {"0", "-7"},
-             Entry(
-                 {}, [](Arguments& a) { GETFIELDCOUNT(&a.catalogue, &a.type, &a.result, &a.err); },
-                 number)),
-        Call("GETUNITFORFIELDANDCONVFACT", "1001 25.4", {"-7 -1"},
-             Entry(
-                 {},
-                 [](Arguments& a) {
-                     const std::int32_t depth = 1;
-                     GETUNITFORFIELDANDCONVFACT(&a.catalogue, &a.type, &depth, &a.unit, &a.result,
-                                                a.values.data(), &a.err);
-                 },
-                 [](const Arguments& a) { return Tell(a.result, double{a.values[0]}); }))
+        Enters("ISSECTIONDATABASECUSTOMIZED", "1", {"0"}, Result, ISSECTIONDATABASECUSTOMIZED, 3,
+               &out.result, &out.err),
+        counts("GETSECTIONCOUNT", GETSECTIONCOUNT, "2"),
+        counts("GETFIELDCOUNT", GETFIELDCOUNT, "11"),
+        Enters(
+            "GETUNITFORFIELDANDCONVFACT", "1001 25.4", {"-7 -1"},
+            [] { return Tell(out.result, double{out.values[0]}); }, GETUNITFORFIELDANDCONVFACT,
+            American, WShape, 1, Millimetre, &out.result, out.values.data(), &out.err)
             .On(Opened(American)),
     };
 }
 
 } // namespace
 
-PublicCalls EngineCalls() {
-    PublicCalls all;
-    for (const auto& part : {Lifetime(), Lookups(), Lists(), Cursor()})
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
+PublicCalls EngineCalls() { return AllOf({Lifetime(), Lookups(), Queries(), Cursor()}); }
 
 } // namespace faults

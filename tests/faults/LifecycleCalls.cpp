@@ -242,11 +242,7 @@ PublicCalls Selections() {
 } // namespace
 
 PublicCalls LifecycleCalls() {
-    PublicCalls all;
-    for (const auto& part :
-         {Lifetime(), Settings(), Opening(), Transactions(), Tables(), Selections()})
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
+    return AllOf({Lifetime(), Settings(), Opening(), Transactions(), Tables(), Selections()});
 }
 
 } // namespace faults

@@ -197,11 +197,6 @@ PublicCalls Records() {
 
 } // namespace
 
-PublicCalls ListCalls() {
-    PublicCalls all;
-    for (const auto& part : {Lists(), DisplayValues(), Records()})
-        all.insert(all.end(), part.begin(), part.end());
-    return all;
-}
+PublicCalls ListCalls() { return AllOf({Lists(), DisplayValues(), Records()}); }
 
 } // namespace faults

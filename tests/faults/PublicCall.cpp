@@ -43,6 +43,13 @@ PublicCall PublicCall::Reporting(std::size_t times) && {
     return std::move(*this);
 }
 
+PublicCalls AllOf(std::initializer_list<PublicCalls> parts) {
+    PublicCalls all;
+    for (const PublicCalls& part : parts)
+        all.insert(all.end(), part.begin(), part.end());
+    return all;
+}
+
 std::string Tell(int value) { return std::to_string(value); }
 
 std::string Tell(double value) {

@@ -45,8 +45,10 @@ struct PublicCall {
 
 using PublicCalls = std::vector<PublicCall>;
 
+PublicCalls AllOf(std::initializer_list<PublicCalls> parts);
+
 /// Catalogues, and section types of theirs, of the world's files.
-inline constexpr int American = 1, Aluminium = 17, Joists = 21, UserTables = 1001;
+inline constexpr int American = 1, Aluminium = 17, Joists = 21;
 inline constexpr int WShape = 1, Angle = 8, Castellated = 13, Rod = 15, Alloy = 22;
 
 PublicCalls LifecycleCalls();

@@ -1,12 +1,8 @@
 #include "faults/Subjects.h"
 #include "faults/World.h"
 
-#include "interface/SectionDBInterface.h"
-
 #include <algorithm>
 #include <sstream>
-
-using Facade = SectionDBInterface;
 
 namespace faults {
 namespace {
@@ -28,9 +24,7 @@ std::string Name(int process, int number) {
 
 /// Adds a row; 1 when it is there, 0 when it is not.
 int AddRow(SectionDBBase& object, int recordNumber, const std::string& name) {
-    SECTIONINFO section;
-    section.PublicName = section.VessaName = name.c_str();
-    section.Values = {7.65, 99, 6.49, 0.38, 0.23, 204, 0.3, 607, 17.3, 37.2, 8.17};
+    SECTIONINFO section = NewSection(name.c_str());
     return object.AddSectionData(static_cast<WORD>(recordNumber), &section);
 }
 
@@ -41,10 +35,7 @@ constexpr const char* CommonName = "COMMON";
 /// a file how often it was refused and which of the common names it has won.
 int AddRows(World& world, int process) {
     world.Begin();
-    openDatabase(&db, File, 1, 0, 0, Connect(), nullptr);
-    SectionDBBase* object = Facade::m_SectionDBDrv.GetSectionDBObject(UserTables);
-    object->SetDatabase(db);
-    object->SetWorkingTable("Wide Flange");
+    SectionDBBase* object = AttachUserTables(File, "Wide Flange");
     int refused = 0;
     std::string won;
     for (int i = 0; i < RowsOfEach; ++i) {
@@ -137,30 +128,6 @@ void UpdateTogether(const Originals& originals, int processes, Progress& progres
     progress.next = 1;
 }
 
-constexpr int Contests = 10;
-
-/// Two processes give one name to sections of two families: one of them is refused.
-void NameTogether(const Originals& originals, Progress& progress) {
-    World world(originals.folder + "/plain", "");
-    RunProgram("user create Names.db3");
-    while (progress.next < Contests) {
-        const std::string name = "N" + std::to_string(progress.next);
-        const auto add = [&](int process) {
-            const std::string rest =
-                process == 0 ? "Pipe " + name + " OD=100 T=5 AX=14.9 I=168 Z=45.1"
-                             : "Prismatic " + name + " D=10 B=5 AX=50 IZ=416.7 IY=104.2 IX=286";
-            testsupport::WriteFile(std::to_string(process),
-                                   std::to_string(RunProgram("user add Names.db3 " + rest)));
-            return 0;
-        };
-        InProcesses(2, add);
-        const int taken = (testsupport::ReadFile("0") == "0" ? 1 : 0) +
-                          (testsupport::ReadFile("1") == "0" ? 1 : 0);
-        progress.Count(taken == 1 ? Verdict::Right : Verdict::Wrong,
-                       "two processes naming a section: " + std::to_string(taken) + " were taken");
-    }
-}
-
 } // namespace
 
 std::vector<Job> SharingJobs(const Originals& originals) {
@@ -175,7 +142,6 @@ std::vector<Job> SharingJobs(const Originals& originals) {
         add(subject, [=, &originals](Progress& p) { AddTogether(originals, processes, p); });
         add(subject, [=, &originals](Progress& p) { UpdateTogether(originals, processes, p); });
     }
-    add("two processes, one name", [&](Progress& p) { NameTogether(originals, p); });
     return jobs;
 }
 

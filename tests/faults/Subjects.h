@@ -26,7 +26,11 @@ struct Originals {
 struct Depth {
     long trialsPerCall;
     bool isLong; ///< the rarer paths too: calls made before, protected files
+    int kills;
+    long stretchStep; ///< from one damaged stretch to the next
 };
+
+constexpr Depth Everything{1000, true, 300, 1};
 
 /// Allocations and system calls that fail in the public calls, one by one.
 std::vector<Job> FailureJobs(const Originals& originals, const Depth& depth);
@@ -35,10 +39,10 @@ std::vector<Job> FailureJobs(const Originals& originals, const Depth& depth);
 std::vector<Job> ContentionJobs(const Originals& originals);
 
 /// Writers that are killed at every system call, and at any time.
-std::vector<Job> KillJobs(const Originals& originals, int kills);
+std::vector<Job> KillJobs(const Originals& originals, const Depth& depth);
 
 /// Catalogues damaged in every stretch of 256 bytes.
-std::vector<Job> DamageJobs(const Originals& originals);
+std::vector<Job> DamageJobs(const Originals& originals, const Depth& depth);
 
 /// Two and eight processes that write one file.
 std::vector<Job> SharingJobs(const Originals& originals);

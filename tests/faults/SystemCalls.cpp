@@ -49,55 +49,52 @@ Access OpeningAccess(int flags) {
     return (flags & O_CREAT) != 0 ? Access::Writing : Access::Reading;
 }
 
-mode_t ModeOf(int flags, std::va_list arguments) {
-    return (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
-}
-
 } // namespace
 
 // NOLINTBEGIN(cert-dcl50-cpp,readability-inconsistent-declaration-parameter-name)
+// NOLINTBEGIN(bugprone-macro-parentheses)
+
+#define FAILING_CALL(access, result, name, parameters, ...)                                        \
+    result name parameters { return Call<result>(Access::access, #name, __VA_ARGS__); }
+
+#define FAILING_OPEN(name)                                                                         \
+    int name(const char* path, int flags, ...) {                                                   \
+        std::va_list arguments;                                                                    \
+        va_start(arguments, flags);                                                                \
+        const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;                \
+        va_end(arguments);                                                                         \
+        return Call<int>(OpeningAccess(flags), #name, path, flags, mode);                          \
+    }
 
 extern "C" {
 
-int open(const char* path, int flags, ...) {
-    std::va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = ModeOf(flags, arguments);
-    va_end(arguments);
-    return Call<int>(OpeningAccess(flags), "open", path, flags, mode);
-}
+FAILING_OPEN(open)
+FAILING_OPEN(open64)
 
-int open64(const char* path, int flags, ...) {
-    std::va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = ModeOf(flags, arguments);
-    va_end(arguments);
-    return Call<int>(OpeningAccess(flags), "open64", path, flags, mode);
-}
-
-ssize_t read(int file, void* data, std::size_t size) {
-    return Call<ssize_t>(Access::Reading, "read", file, data, Transferred(size));
-}
-
-ssize_t pread64(int file, void* data, std::size_t size, off64_t offset) {
-    return Call<ssize_t>(Access::Reading, "pread64", file, data, Transferred(size), offset);
-}
-
-ssize_t write(int file, const void* data, std::size_t size) {
-    return Call<ssize_t>(Access::Writing, "write", file, data, Transferred(size));
-}
-
-ssize_t pwrite64(int file, const void* data, std::size_t size, off64_t offset) {
-    return Call<ssize_t>(Access::Writing, "pwrite64", file, data, Transferred(size), offset);
-}
-
-int fsync(int file) { return Call<int>(Access::Writing, "fsync", file); }
-
-int fdatasync(int file) { return Call<int>(Access::Writing, "fdatasync", file); }
-
-int ftruncate64(int file, off64_t size) noexcept {
-    return Call<int>(Access::Writing, "ftruncate64", file, size);
-}
+FAILING_CALL(Reading, ssize_t, read, (int file, void* data, std::size_t size), file, data,
+             Transferred(size))
+FAILING_CALL(Reading, ssize_t, pread64, (int file, void* data, std::size_t size, off64_t offset),
+             file, data, Transferred(size), offset)
+FAILING_CALL(Writing, ssize_t, write, (int file, const void* data, std::size_t size), file, data,
+             Transferred(size))
+FAILING_CALL(Writing, ssize_t, pwrite64,
+             (int file, const void* data, std::size_t size, off64_t offset), file, data,
+             Transferred(size), offset)
+FAILING_CALL(Writing, int, fsync, (int file), file)
+FAILING_CALL(Writing, int, fdatasync, (int file), file)
+FAILING_CALL(Writing, int, ftruncate64, (int file, off64_t size) noexcept, file, size)
+FAILING_CALL(Reading, int, flock, (int file, int operation) noexcept, file, operation)
+FAILING_CALL(Reading, int, stat, (const char* path, struct stat* status) noexcept, path, status)
+FAILING_CALL(Reading, int, stat64, (const char* path, struct stat64* status) noexcept, path, status)
+FAILING_CALL(Reading, int, fstat, (int file, struct stat* status) noexcept, file, status)
+FAILING_CALL(Reading, int, fstat64, (int file, struct stat64* status) noexcept, file, status)
+FAILING_CALL(Reading, int, lstat, (const char* path, struct stat* status) noexcept, path, status)
+FAILING_CALL(Reading, int, access, (const char* path, int mode) noexcept, path, mode)
+FAILING_CALL(Reading, int, faccessat, (int folder, const char* path, int mode, int flags) noexcept,
+             folder, path, mode, flags)
+FAILING_CALL(Writing, int, rename, (const char* from, const char* to) noexcept, from, to)
+FAILING_CALL(Reading, int, chmod, (const char* path, mode_t mode) noexcept, path, mode)
+FAILING_CALL(Reading, int, fchmod, (int file, mode_t mode) noexcept, file, mode)
 
 int fcntl64(int file, int command, ...) {
     std::va_list arguments;
@@ -107,54 +104,11 @@ int fcntl64(int file, int command, ...) {
     return Call<int>(Access::Reading, "fcntl64", file, command, argument);
 }
 
-int flock(int file, int operation) noexcept {
-    return Call<int>(Access::Reading, "flock", file, operation);
-}
-
-int stat(const char* path, struct stat* status) noexcept {
-    return Call<int>(Access::Reading, "stat", path, status);
-}
-
-int stat64(const char* path, struct stat64* status) noexcept {
-    return Call<int>(Access::Reading, "stat64", path, status);
-}
-
-int fstat(int file, struct stat* status) noexcept {
-    return Call<int>(Access::Reading, "fstat", file, status);
-}
-
-int fstat64(int file, struct stat64* status) noexcept {
-    return Call<int>(Access::Reading, "fstat64", file, status);
-}
-
-int lstat(const char* path, struct stat* status) noexcept {
-    return Call<int>(Access::Reading, "lstat", path, status);
-}
-
-int access(const char* path, int mode) noexcept {
-    return Call<int>(Access::Reading, "access", path, mode);
-}
-
-int faccessat(int folder, const char* path, int mode, int flags) noexcept {
-    return Call<int>(Access::Reading, "faccessat", folder, path, mode, flags);
-}
-
-int rename(const char* from, const char* to) noexcept {
-    return Call<int>(Access::Writing, "rename", from, to);
-}
-
 int unlink(const char* path) noexcept {
     return faults::IsLasting() ? Make<int>("unlink", path)
                                : Call<int>(Access::Reading, "unlink", path);
 }
-
-int chmod(const char* path, mode_t mode) noexcept {
-    return Call<int>(Access::Reading, "chmod", path, mode);
 }
 
-int fchmod(int file, mode_t mode) noexcept {
-    return Call<int>(Access::Reading, "fchmod", file, mode);
-}
-}
-
+// NOLINTEND(bugprone-macro-parentheses)
 // NOLINTEND(cert-dcl50-cpp,readability-inconsistent-declaration-parameter-name)

@@ -153,6 +153,21 @@ void World::RestoreFiles() {
 
 const char* Connect() { return connectHere.c_str(); }
 
+SectionDBBase* AttachUserTables(const char* file, const char* tableName) {
+    openDatabase(&db, file, 1, 0, 0, Connect(), nullptr);
+    SectionDBBase* object = Facade::m_SectionDBDrv.GetSectionDBObject(UserTableIndex);
+    object->SetDatabase(db);
+    object->SetWorkingTable(tableName);
+    return object;
+}
+
+SECTIONINFO NewSection(const char* name) {
+    SECTIONINFO section;
+    section.PublicName = section.VessaName = name;
+    section.Values = {7.65, 99, 6.49, 0.38, 0.23, 204, 0.3, 607, 17.3, 37.2, 8.17};
+    return section;
+}
+
 void OpenShapes() { openDatabase(&db, "Shapes.db3", 1, 0, 0, Connect(), nullptr); }
 
 void OpenRows(const char* sql, int type) {

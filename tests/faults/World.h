@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TestSupport.h"
+#include "catalogues/SectionDBBase.h"
 #include "dataaccess/DataAccess.h"
 
 #include <string>
@@ -43,6 +44,12 @@ private:
 extern CSectionDatabase* db;
 extern CSectionRecordset* rows;
 extern CSectionTableDef* table;
+
+/// The catalogue object of the user's tables, attached to a table of the file in `db`.
+SectionDBBase* AttachUserTables(const char* file, const char* tableName);
+
+/// A wide flange for the user's table.
+SECTIONINFO NewSection(const char* name);
 
 /// The connect text of the files.
 const char* Connect();

@@ -2,6 +2,7 @@
 //
 //     sectiondb_faults                         everything, in twenty minutes at most
 //     sectiondb_faults damage                  the subjects that have "damage" in their name
+//     sectiondb_faults --minutes 5             the same as far as it goes in five
 //     sectiondb_faults --sample 100 lists      at most 100 failures of each call, of plain files
 //     sectiondb_faults --list                  the names of the public calls that are tried
 //
@@ -35,11 +36,9 @@ namespace {
 
 using namespace faults;
 
-constexpr int MinutesAtMost = 20;
-constexpr int Kills = 300;
-
 struct Options {
-    long sample = 0; ///< 0: everything
+    Depth depth = Everything;
+    int minutes = 20;
     std::vector<std::string> subjects;
 };
 
@@ -83,13 +82,10 @@ void MakeFolder(const std::string& folder, Body body) {
     });
 }
 
-/// A sample needs the plain world alone.
-Originals MakeOriginals(const std::string& folder, bool isSample) {
+Originals MakeOriginals(const std::string& folder) {
     Originals originals{folder, ";PWD=right"};
     const std::string real = folder + "/real";
     MakeFolder(folder + "/plain", [&] { MakeWorld(folder + "/plain", ""); });
-    if (isSample)
-        return originals;
     MakeFolder(folder + "/protected", [&] { MakeWorld(folder + "/protected", originals.connect); });
     MakeFolder(real, [&] {
         const auto source = dbsection::CatalogueSource::Load(SECTIONDB_DATA_DIR "/AISCSections");
@@ -107,16 +103,16 @@ int List() {
 }
 
 int Run(const Options& options) {
-    const bool isSample = options.sample != 0;
     UseFolderInMemory();
     const testsupport::TempFolder folder;
     ::setenv("TMPDIR", folder.Path().c_str(), 1); // what a crash leaves behind goes with it
-    const Originals originals = MakeOriginals(folder.Path(), isSample);
-    std::vector<Job> jobs =
-        FailureJobs(originals, isSample ? Depth{options.sample, false} : Depth{1000, true});
-    if (!isSample)
-        for (const auto& more : {ContentionJobs(originals), KillJobs(originals, Kills),
-                                 SharingJobs(originals), DamageJobs(originals)})
+    const Originals originals = MakeOriginals(folder.Path());
+    std::vector<Job> jobs = FailureJobs(originals, options.depth);
+    for (const auto& more :
+         {KillJobs(originals, options.depth), DamageJobs(originals, options.depth)})
+        jobs.insert(jobs.end(), more.begin(), more.end());
+    if (options.depth.isLong)
+        for (const auto& more : {ContentionJobs(originals), SharingJobs(originals)})
             jobs.insert(jobs.end(), more.begin(), more.end());
     jobs = Chosen(jobs, options.subjects);
     if (jobs.empty()) {
@@ -124,7 +120,7 @@ int Run(const Options& options) {
         return 1;
     }
     int skipped = 0;
-    const auto lines = RunJobs(jobs, MinutesAtMost, skipped);
+    const auto lines = RunJobs(jobs, options.minutes, skipped);
     PrintTable(lines);
     if (skipped > 0)
         std::printf("The time is over: %d jobs were not begun.\n", skipped);
@@ -144,7 +140,9 @@ int main(int argumentCount, char** arguments) {
             if (std::strcmp(arguments[i], "--list") == 0)
                 return List();
             else if (std::strcmp(arguments[i], "--sample") == 0 && i + 1 < argumentCount)
-                options.sample = std::atol(arguments[++i]);
+                options.depth = {std::atol(arguments[++i]), false, 40, 16};
+            else if (std::strcmp(arguments[i], "--minutes") == 0 && i + 1 < argumentCount)
+                options.minutes = std::atoi(arguments[++i]);
             else
                 options.subjects.emplace_back(arguments[i]);
         return Run(options);

@@ -91,7 +91,7 @@ StatementLease Connection::Own(const std::string& sql) {
 /// Short of memory in the midst of its work, the engine's cipher frees some twice, or writes a page
 /// that nobody can read.
 void Connection::RequireCipherMemory() const {
-    constexpr std::size_t Needed = 64 * 1024; // several times what it takes
+    constexpr std::size_t Needed = 65536; // several times what it takes
     if (m_key)
         ::operator delete(::operator new(Needed));
 }
@@ -149,6 +149,17 @@ bool Connection::CheckStep(int code, const std::string& message, sqlite3_stmt* s
     if (code == SQLITE_ROW)
         m_work.Renew();
     return code == SQLITE_ROW;
+}
+
+void Connection::RequireTextsWhole(std::size_t size) {
+    constexpr std::size_t Long = 256; // shorter ones stand in the page of their row
+    if (!m_key || size < Long)
+        return;
+    const StatementLease lease = Own("SELECT 1 FROM sqlite_master");
+    const int code = sqlite3_step(lease.Get());
+    if (code != SQLITE_ROW)
+        FailFromEngine(code == SQLITE_ERROR ? SQLITE_CORRUPT : code, nullptr, m_path,
+                       Activity::Reading);
 }
 
 int Connection::Write(sqlite3_stmt* statement, const std::string& subject) {

@@ -102,6 +102,10 @@ public:
     /// Steps a statement: true at a row, false at the end. The work between two rows is bound.
     bool Step(sqlite3_stmt* statement, const std::string& subject, Activity activity);
 
+    /// To be called at a row whose texts have that many bytes. Of a protected file the engine gives
+    /// zeros for the end of a long text whose page is damaged, and tells that with the next page.
+    void RequireTextsWhole(std::size_t size);
+
     /// A statement of a caller: it must read tables, and nothing may follow it. Its first
     /// `ownParameters` parameters are left to be bound.
     ReadyQuery Query(std::string_view sql, Editing editing, SectionError::Number unknownName,

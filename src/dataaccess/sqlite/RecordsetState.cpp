@@ -67,8 +67,11 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow) {
     std::optional<CSectionDataStamp> stamp;
     if (atRow)
         stamp = Engine().Stamp();
-    for (; atRow; atRow = Engine().NextRow(query))
+    for (; atRow; atRow = Engine().NextRow(query)) {
+        const std::size_t before = rows.TextSize();
         rows.Append(query.lease.Get(), shape->IsEditable());
+        Engine().RequireTextsWhole(rows.TextSize() - before);
+    }
     // From here on nothing fails: a failed query leaves the rows that there were.
     if (m_shape != shape)
         m_edit = Edit::None; // of columns that may be others now

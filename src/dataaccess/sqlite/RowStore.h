@@ -32,6 +32,9 @@ class RowStore {
 public:
     explicit RowStore(int columns = 0) : m_columns(static_cast<std::size_t>(columns)) {}
 
+    /// Bytes of all texts.
+    std::size_t TextSize() const { return m_texts.size(); }
+
     int Count() const { return static_cast<int>(m_ids.size()); }
 
     /// Appends the row that a statement is at; the identifier is the column behind the last one.
