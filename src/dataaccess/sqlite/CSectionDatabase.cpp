@@ -85,6 +85,8 @@ CSectionDatabase::CSectionDatabase(const CSectionDatabase& other) : CSectionData
 }
 
 CSectionDatabase& CSectionDatabase::operator=(const CSectionDatabase& other) {
+    if (this == &other)
+        return *this;
     WithMemoryErrors([&] { m_name = other.m_name; });
     *m_reference = *other.m_reference;
     return *this;

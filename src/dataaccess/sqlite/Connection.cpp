@@ -91,7 +91,7 @@ StatementLease Connection::Own(const std::string& sql) {
 /// Short of memory in the midst of its work, the engine's cipher frees some twice, or writes a page
 /// that nobody can read.
 void Connection::RequireCipherMemory() const {
-    constexpr std::size_t Needed = 65536; // several times what it takes
+    constexpr std::size_t Needed = std::size_t{64} << 10; // several times what it takes
     if (m_key)
         ::operator delete(::operator new(Needed));
 }

@@ -258,7 +258,7 @@ void Connection::LockExclusively() {
 /// Damage that the engine would stumble over is found before anything of a plain file is used; the
 /// pages of a protected file carry a checksum each.
 void Connection::RequireWhole() {
-    constexpr off_t LargestChecked = 128 * 1024 * 1024; // a tenth of a second
+    constexpr off_t LargestChecked = off_t{128} << 20; // a tenth of a second
     const auto now = std::chrono::system_clock::now();
     const auto version = FileVersion::Find(m_path.c_str());
     if (!version || version->Size() > LargestChecked)
