@@ -29,7 +29,7 @@ struct SectionFamily {
 struct SectionCatalogue {
     int index;
     const char* stem; ///< of its file's name; empty where the user names it
-    const char* name;                        ///< as it is displayed, the title of its files
+    const char* name; ///< as it is displayed, the title of its files
     double density;   ///< of its material in kg/m^3; 0 where there are several
     std::span<const SectionFamily> families; ///< in the order in which table names are compared
 };

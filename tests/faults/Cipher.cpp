@@ -84,7 +84,7 @@ void faults::InstallCipherHooks() {
     if (CRYPTO_set_mem_functions(Malloc, Realloc, Free) != 1)
         throw std::logic_error("the cryptography has allocated before its hooks were set");
     // It crashes when its first use meets no memory; it is in use from now on.
-    sqlite3* first = nullptr;
+    static sqlite3* first = nullptr;
     if (sqlite3_open(":memory:", &first) != SQLITE_OK ||
         sqlite3_exec(first, "PRAGMA key = 'x'", nullptr, nullptr, nullptr) != SQLITE_OK)
         throw std::runtime_error("the engine does not begin");

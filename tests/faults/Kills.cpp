@@ -1,8 +1,8 @@
 #include "faults/CallTrial.h"
 #include "faults/Subjects.h"
 
-#include "interface/SectionDBInterface.h"
 #include "files/CatalogueBuilder.h"
+#include "interface/SectionDBInterface.h"
 
 #include <algorithm>
 #include <csignal>

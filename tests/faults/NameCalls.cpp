@@ -8,16 +8,20 @@ using Facade = SectionDBInterface;
 namespace faults {
 namespace {
 
+constexpr std::size_t TablesOfEach = 4;
+
 /// In all catalogues. What was found before a failure stays in the arrays, and a table that cannot
-/// be opened is passed over.
+/// be opened is reported and passed over.
 PublicCall InAll(const char* name, int (*search)(const char*, CUIntArray&, CUIntArray&),
                  const char* section) {
-    return Call(name, "1 1,7 1,7", {"0*", "1 1 1", "1 7 7"}, [=] {
-        CUIntArray catalogues;
-        CUIntArray types;
-        const int result = Under([&] { return search(section, catalogues, types); });
-        return Tell(result, catalogues, types);
-    });
+    return Call(name, "1 1,7 1,7", {"0*", "1 1 1", "1 7 7"},
+                [=] {
+                    CUIntArray catalogues;
+                    CUIntArray types;
+                    const int result = Under([&] { return search(section, catalogues, types); });
+                    return Tell(result, catalogues, types);
+                })
+        .Reporting(TablesOfEach + 1);
 }
 
 PublicCall InOne(const char* name, int (*search)(int, const char*, CUIntArray&),

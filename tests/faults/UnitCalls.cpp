@@ -54,9 +54,9 @@ PublicCalls UnitCalls() {
             .On(OpenUserTables),
         Call("GetFieldUnitArray", "14", {"0"},
              [] {
-                 CStringArray units;
-                 Under([&] { UNIT::GetFieldUnitArray(db, WideFlange, &units); });
-                 return Tell(units.GetSize());
+                 CStringArray read;
+                 Under([&] { UNIT::GetFieldUnitArray(db, WideFlange, &read); });
+                 return Tell(read.GetSize());
              })
             .On(OpenUserTables),
         Changes(
