@@ -66,7 +66,8 @@ struct Change::State {
     }
 
     /// The figures and texts of a draft by their place in the table, in the units of its columns.
-    std::vector<std::pair<int, COleVariant>> valuesOf(const Family& family, const Draft& draft) {
+    std::vector<std::pair<int, COleVariant>> valuesOf(const Family& family,
+                                                      const Draft& draft) const {
         std::vector<std::pair<int, COleVariant>> values;
         const std::vector<Column>& columns = family.columns();
         const auto placeOf = [&](const std::string& name, bool isText) {
