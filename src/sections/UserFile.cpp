@@ -70,26 +70,26 @@ struct Change::State {
                                                       const Draft& draft) const {
         std::vector<std::pair<int, COleVariant>> values;
         const std::vector<Column>& columns = family.columns();
-        const auto placeOf = [&](const std::string& name, bool isText) {
-            const auto place = std::ranges::find_if(columns, [&](const Column& column) {
-                return dbsection::EqualNoCase(column.name, name) &&
-                       (column.quantity == ::Quantity::Text) == isText;
+        const auto columnOf = [&](const std::string& name, bool isText) {
+            const auto column = std::ranges::find_if(columns, [&](const Column& candidate) {
+                return dbsection::EqualNoCase(candidate.name, name) &&
+                       (candidate.quantity == ::Quantity::Text) == isText;
             });
-            if (place == columns.end())
+            if (column == columns.end())
                 fail(SectionError::NoSuchItem, "table " + inQuotes(family.name()) + " has no " +
                                                    (isText ? "text" : "figure") + " " + name + ".");
-            return place;
+            return column;
+        };
+        const auto add = [&](auto column, const COleVariant& value) {
+            values.emplace_back(BookkeepingColumns + static_cast<int>(column - columns.begin()),
+                                value);
         };
         for (const auto& [name, figure] : draft.figures) {
-            const auto place = placeOf(name, false);
-            values.emplace_back(BookkeepingColumns + static_cast<int>(place - columns.begin()),
-                                COleVariant(figure.in(place->unit)));
+            const auto column = columnOf(name, false);
+            add(column, COleVariant(figure.in(column->unit)));
         }
-        for (const auto& [name, text] : draft.texts) {
-            const auto place = placeOf(name, true);
-            values.emplace_back(BookkeepingColumns + static_cast<int>(place - columns.begin()),
-                                COleVariant(text.c_str()));
-        }
+        for (const auto& [name, text] : draft.texts)
+            add(columnOf(name, true), COleVariant(text.c_str()));
         return values;
     }
 
