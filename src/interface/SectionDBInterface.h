@@ -169,7 +169,8 @@ public:
     /// The display name of a catalogue. `index` must be 0 to 37; it is not checked.
     static CString GetCountryName(int index);
 
-    /// The catalogue of a display name, by letter case too; 38 when there is none.
+    /// The catalogue of a display name, by letter case too; LastCatalogueIndex + 1 when there is
+    /// none.
     static int GetCountryID(CString name);
 
     /// The table that holds a section type, or empty.
@@ -419,8 +420,8 @@ public:
 
     /// File stems and display names of the catalogues, by catalogue index. Callers match on the
     /// display names: they stay letter for letter.
-    static const char* const m_saSectionFile[38];
-    static const char* const m_saCountryName[38];
+    static const char* const m_saSectionFile[LastCatalogueIndex + 1];
+    static const char* const m_saCountryName[LastCatalogueIndex + 1];
 
 private:
     /// The catalogue object of an index with a database attached; null when either is missing.

@@ -11,14 +11,14 @@
 
 using dbsection::PublicCall;
 
-const char* const SectionDBInterface::m_saSectionFile[38] = {
+const char* const SectionDBInterface::m_saSectionFile[LastCatalogueIndex + 1] = {
     "Untitled",
 #define SECTION_CATALOGUE(index, Class, Record, stem, name, density) stem,
 #define SECTION_PERSONAL_CATALOGUE(index, Class, Record, title, density)
 #include "records/Catalogues.def"
 };
 
-const char* const SectionDBInterface::m_saCountryName[38] = {
+const char* const SectionDBInterface::m_saCountryName[LastCatalogueIndex + 1] = {
     "Untitled",
 #define SECTION_CATALOGUE(index, Class, Record, stem, name, density) name,
 #define SECTION_PERSONAL_CATALOGUE(index, Class, Record, title, density)

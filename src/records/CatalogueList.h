@@ -14,9 +14,15 @@ inline constexpr int AmericanIndex = 1; ///< kept in inches and kips
 inline constexpr int AluminiumIndex = 17;
 inline constexpr int AmericanColdFormedIndex = 18; ///< calls its area "Area"
 inline constexpr int SteelJoistIndex = 21;
-inline constexpr int LastCatalogueIndex = 37; ///< of those that are counted from 1
 inline constexpr int UserTableIndex = 1001;
 inline constexpr int GenericTableIndex = 1010;
+
+/// The number of the catalogues that are counted from 1.
+inline constexpr int LastCatalogueIndex = 0
+#define SECTION_CATALOGUE(index, Class, Record, stem, name, density) +1
+#define SECTION_PERSONAL_CATALOGUE(index, Class, Record, title, density)
+#include "records/Catalogues.def"
+    ;
 
 /// A shape family of a catalogue: one section table.
 struct SectionFamily {
