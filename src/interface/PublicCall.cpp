@@ -18,16 +18,19 @@ constinit std::atomic<ThreadMark> inside = nullptr;
 /// Whether nobody was inside, and this thread is now.
 bool EnterFirst() {
     ThreadMark nobody = nullptr;
-    return inside.compare_exchange_strong(nobody, &callState);
+    return inside.compare_exchange_strong(nobody, &callState, std::memory_order_acquire,
+                                          std::memory_order_relaxed);
 }
 
 } // namespace
 
-Admission::Admission() : m_isFirst(EnterFirst()), m_isGranted(inside == &callState) {}
+Admission::Admission()
+    : m_isFirst(EnterFirst()),
+      m_isGranted(m_isFirst || inside.load(std::memory_order_relaxed) == &callState) {}
 
 Admission::~Admission() {
     if (m_isFirst)
-        inside = nullptr;
+        inside.store(nullptr, std::memory_order_release);
 }
 
 void ShowRefusal(const char* label) {

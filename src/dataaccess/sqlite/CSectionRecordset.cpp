@@ -24,9 +24,13 @@ std::string StatementOf(Connection& connection, const std::string& text) {
     return table ? "SELECT * FROM " + dbsection::Quoted(*table) : text;
 }
 
+[[noreturn]] void FailClosed() {
+    Fail(SectionError::ObjectClosed, "The recordset is closed; open it first.");
+}
+
 RecordsetState& OpenState(const std::unique_ptr<RecordsetState>& state) {
     if (!state || !state->IsOpen())
-        Fail(SectionError::ObjectClosed, "The recordset is closed; open it first.");
+        FailClosed();
     return *state;
 }
 

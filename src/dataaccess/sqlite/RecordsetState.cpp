@@ -83,9 +83,7 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow) {
 }
 
 /// Reads the rows where that was left for later; the row that was the first is current still.
-void RecordsetState::RequireRows() {
-    if (m_isRead)
-        return;
+void RecordsetState::ReadRowsLeft() {
     ReadRows();
     Visit(std::max(m_rows.FindId(m_firstId), 0));
 }
@@ -117,14 +115,8 @@ void RecordsetState::Visit(int position) {
     m_visited = std::max(m_visited, std::min(m_position + 1, m_rows.Count()));
 }
 
-bool RecordsetState::IsAtRow() {
-    RequireRows();
-    return !m_onGap && m_position >= 0 && m_position < m_rows.Count();
-}
-
-void RecordsetState::RequireRow() {
-    if (!IsAtRow())
-        Fail(SectionError::NoCurrentRecord, "There is no current record; move to one first.");
+void RecordsetState::FailWithoutRow() {
+    Fail(SectionError::NoCurrentRecord, "There is no current record; move to one first.");
 }
 
 int RecordsetState::Position() { return IsAtRow() ? m_position : -1; }
@@ -232,10 +224,9 @@ double RecordsetState::Number(int column) {
     return AsNumber(Value(column));
 }
 
-void RecordsetState::RequireColumn(int column) const {
-    if (column < 0 || static_cast<std::size_t>(column) >= m_shape->columns.size())
-        Fail(SectionError::NoSuchItem,
-             "There is no column number " + std::to_string(column) + " in the recordset.");
+void RecordsetState::FailWithoutColumn(int column) {
+    Fail(SectionError::NoSuchItem,
+         "There is no column number " + std::to_string(column) + " in the recordset.");
 }
 
 } // namespace dbsection

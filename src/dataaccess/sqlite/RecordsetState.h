@@ -65,10 +65,28 @@ private:
     void WithFirstRow(Use use);
     void ReadRows();
     void ReadRows(const ReadyQuery& query, bool atRow);
-    void RequireRows();
-    bool IsAtRow();
-    void RequireRow();
-    void RequireColumn(int column) const;
+    void ReadRowsLeft();
+
+    // Asked for every value: short enough to be part of their callers.
+    void RequireRows() {
+        if (!m_isRead)
+            ReadRowsLeft();
+    }
+    bool IsAtRow() {
+        RequireRows();
+        return !m_onGap && m_position >= 0 && m_position < m_rows.Count();
+    }
+    void RequireRow() {
+        if (!IsAtRow())
+            FailWithoutRow();
+    }
+    void RequireColumn(int column) const {
+        if (column < 0 || static_cast<std::size_t>(column) >= m_shape->columns.size())
+            FailWithoutColumn(column);
+    }
+    [[noreturn]] static void FailWithoutRow();
+    [[noreturn]] static void FailWithoutColumn(int column);
+
     int FindFrom(int first, int step, std::string_view condition);
     void LeaveRow();
     void Visit(int position);
