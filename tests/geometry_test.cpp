@@ -89,6 +89,7 @@ TEST(Outline, HasTheExactPropertiesOfArcsHolesAndSlopes) {
     EXPECT_NEAR(leaning.MajorAxis().centroid, 2, 1e-12);
     EXPECT_NEAR(leaning.MajorAxis().inertia, 18, 1e-12);
     EXPECT_NEAR(leaning.ProductOfInertia(), -4.5, 1e-12);
+    EXPECT_NEAR(Outline(RectangleCorners(100, 50, 8)).ProductOfInertia(), 0, 1e-6);
 }
 
 // Flanges of 60, a web of 120, walls of 3 (Timoshenko and Gere, Theory of Elastic Stability, 1961).

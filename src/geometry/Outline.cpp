@@ -60,15 +60,17 @@ void ForEachEdge(const Outline::Loop& loop, Visit visit) {
         visit(loop[i].at, loop[(i + 1) % loop.size()].at, loop[i].bulge);
 }
 
-/// The part of an arc between two of its angles.
+/// Visits the parts of an arc above a level by their first and last angle, in the arc's direction.
 template <class Visit>
 void ForEachPieceAbove(const Arc& arc, double level, Visit visit) {
+    const double sine = (level - arc.center.y) / arc.radius;
+    if (sine >= 1)
+        return;
     const double end = arc.start + arc.sweep;
     const double low = std::min(arc.start, end);
     const double high = std::max(arc.start, end);
     std::vector<double> cuts{low};
-    const double sine = (level - arc.center.y) / arc.radius;
-    if (std::abs(sine) < 1) {
+    if (sine > -1) {
         const double angle = std::asin(sine);
         for (const double base : {angle, pi - angle}) {
             int turns = static_cast<int>(std::ceil((low - base) / (2 * pi)));
@@ -80,7 +82,7 @@ void ForEachPieceAbove(const Arc& arc, double level, Visit visit) {
     std::ranges::sort(cuts);
     for (std::size_t i = 0; i + 1 < cuts.size(); ++i) {
         const double middle = (cuts[i] + cuts[i + 1]) / 2;
-        if (arc.center.y + arc.radius * std::sin(middle) <= level)
+        if (std::sin(middle) < sine) // never where the level touches the arc from below
             continue;
         arc.sweep > 0 ? visit(cuts[i], cuts[i + 1]) : visit(cuts[i + 1], cuts[i]);
     }
