@@ -1,5 +1,6 @@
 // Catalogues, families and sections as values.
 #include "CatalogueFixture.h"
+#include "JoistFixture.h"
 #include "files/CatalogueBuilder.h"
 
 #include "dataaccess/CSectionException.h"
@@ -147,6 +148,119 @@ TEST_F(SectionsTest, TellWhatIsWrong) {
     }
 }
 
+TEST_F(SectionsTest, OfEveryCatalogueAreRead) {
+    const TempFolder all;
+    for (const auto& source : std::filesystem::directory_iterator(SECTIONDB_DATA_DIR))
+        if (std::filesystem::exists(source.path() / "_catalogue.csv"))
+            dbsection::BuildCatalogue(dbsection::CatalogueSource::Load(source),
+                                      all.File(source.path().filename().string() + ".db3"), "",
+                                      [] {});
+    const sections::Library library(all.Path());
+    EXPECT_EQ(library.numbers().size(), 37);
+    for (const int number : library.numbers())
+        EXPECT_FALSE(library.open(number).families().empty()) << number;
+}
+
+/// Thin strips without bends, in inches: long legs of 200 and short ones of 100 between middle
+/// lines.
+TEST_F(SectionsTest, TellTheirPrincipalAngles) {
+    const std::string path = folder->File("angles.db3");
+    {
+        CatalogueFile file(path);
+        std::vector<Column> columns{{"RECNO", SectionField::Long}, {"Name"}, {"VessaName"}};
+        for (const char* name : {"Area", "D", "B", "T", "R", "IZ", "IX", "IY", "CW", "CZ"})
+            columns.emplace_back(name, SectionField::Double);
+        file.AddPlainTable("Angle without Lips", columns,
+                           {{1, COleVariant("L"), COleVariant("L"), 6.0, 2.01, 1.01, 0.02, 0.0},
+                            {2, COleVariant("E"), COleVariant("E"), 6.0, 2.01, 2.01, 0.02, 0.0}});
+        file.AddPlainTable("Zee without Lips", columns,
+                           {{1, COleVariant("Z"), COleVariant("Z"), 8.0, 2.02, 1.01, 0.02, 0.0},
+                            {2, COleVariant("none"), COleVariant("none"), 8.0, 2.02}});
+        file.AddPlainTable("Channel without Lips", columns,
+                           {{1, COleVariant("C"), COleVariant("C"), 8.0}});
+        for (const char* table : {"Angle without Lips", "Zee without Lips"})
+            file.AddUnits(table, {"NUMBER", "TEXT", "TEXT", "INCHES^2", "INCHES", "INCHES",
+                                  "INCHES", "INCHES"});
+    }
+    const sections::Catalogue catalogue = sections::Catalogue::read(path, 18);
+    EXPECT_NEAR(catalogue.at("L").principalAngle(), 15.80, 0.1);
+    EXPECT_NEAR(catalogue.at("E").principalAngle(), 45, 1e-6);
+    EXPECT_NEAR(catalogue.at("Z").principalAngle(), -22.5, 0.1);
+    EXPECT_THROW(catalogue.at("none").principalAngle(), sections::Error);
+    EXPECT_EQ(catalogue.at("C").principalAngle(), 0);
+    EXPECT_EQ(catalogue.at("Z").area().in("in^2"), 8) << "which this catalogue calls Area";
+}
+
+TEST_F(SectionsTest, KeepWhatATableHasBesidesItsLayout) {
+    const std::string path = folder->File("more.db3");
+    {
+        CatalogueFile file(path);
+        file.AddPlainTable(
+            "Rod",
+            {{"RECNO", SectionField::Long},
+             "Name",
+             "VessaName",
+             {"D", SectionField::Double},
+             {"AX", SectionField::Double},
+             {"I", SectionField::Double},
+             {"Paint", SectionField::Double},
+             "Colour"},
+            {{2, COleVariant("R2"), COleVariant("R2"), 1.0, 2.0, 3.0, 5.5, COleVariant("red")},
+             {1, COleVariant("R1"), COleVariant("R1"), 1.0, 2.0, 3.0}});
+        file.AddPlainTable("Cable", {{"RECNO", SectionField::Long}, "Name", "VessaName"}, {});
+        file.AddUnits("Rod", {"NUMBER", "TEXT", "TEXT", "INCHES", "INCHES^2", "INCHES^4", "CM^2"});
+    }
+    const auto read = [&] { return sections::Catalogue::read(path, 1); };
+    EXPECT_THROW(read(), sections::Error) << "a table lacks columns of its layout";
+    {
+        CSectionDatabase database;
+        database.Open(path.c_str());
+        database.DeleteTableDef("Cable");
+    }
+    const sections::Section painted = read().at("R2");
+    EXPECT_EQ(painted["Paint"].in("mm^2"), 550);
+    EXPECT_EQ(painted.text("colour"), "red");
+    EXPECT_FALSE(read().at("R1").findText("Colour"));
+    EXPECT_THROW(read().at("R1").text("Colour"), sections::Error);
+    EXPECT_EQ(read().family("Rod")[0].name(), "R1") << "by record number";
+}
+
+TEST_F(SectionsTest, OfJoistsStandInTheirSeries) {
+    const std::string path = folder->File("joists.db3");
+    MakeJoistCatalogue(path);
+    const sections::Catalogue joists = sections::Catalogue::read(path, 21);
+    std::vector<std::size_t> sizes;
+    for (const sections::Family& family : joists.families())
+        sizes.push_back(family.size());
+    EXPECT_EQ(sizes, (std::vector<std::size_t>{2, 1, 2, 1, 3}));
+    EXPECT_EQ(joists.at("LH-24").family().sectionType(), 3);
+    EXPECT_EQ(joists.at("LH-24")["Weight"].figure(), 13);
+}
+
+TEST_F(SectionsTest, OfOneNameAreFoundInAllFamilies) {
+    const std::string path = folder->File("twins.db3");
+    {
+        CatalogueFile file(path);
+        file.AddTable("Rod", LayoutId::RoundBar, {{"Twin", "R1", {1.0}}, {"R2", "TWIN", {2.0}}});
+        file.AddTable("W Shape", LayoutId::IShape, {{"twin", "twin", {3.0}}});
+    }
+    std::vector<std::string> names;
+    for (const sections::Section& section : sections::Catalogue::read(path, 1).findAll("TWIN"))
+        names.push_back(section.family().name() + ' ' + section.name());
+    EXPECT_EQ(names, (std::vector<std::string>{"W Shape twin", "Rod Twin", "Rod R2"}));
+}
+
+TEST_F(SectionsTest, OpenWithPasswordsOfAnyCharacters) {
+    const std::string path = folder->File("locked.db3");
+    for (const auto& [password, connect] : {std::pair("a;b", "a;b"), {"a=b", ";PWD=a=b"}}) {
+        std::filesystem::remove(path);
+        CatalogueFile(path, connect).AddTable("Rod", LayoutId::RoundBar);
+        EXPECT_EQ(sections::Catalogue::read(path, 1, password).families().size(), 1) << password;
+        for (const char* wrong : {"a", "b", " ", "a=;b"})
+            EXPECT_THROW(sections::Catalogue::read(path, 1, wrong), sections::Error) << wrong;
+    }
+}
+
 TEST_F(SectionsTest, TellMissingValuesFromZero) {
     const std::string path = folder->File("user.db3");
     {
@@ -181,6 +295,7 @@ TEST_F(SectionsTest, AreChangedTogetherOrNotAtAll) {
                      sections::Error);
         EXPECT_THROW(mine.change(), sections::Error) << "somebody else writes";
         EXPECT_EQ(mine.read().size(), 1);
+        EXPECT_EQ(change.read().size(), 2);
         change.commit();
     }
     const sections::Catalogue both = mine.read();

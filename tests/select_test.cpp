@@ -159,6 +159,25 @@ TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
     }
 }
 
+TEST_F(SelectTest, HonoursTheSelectionOfThePerson) {
+    const std::string file = folder->File("user.dbi");
+    testsupport::WriteFile(file, "[AISCSections]\nW Shape=3,2,9999\nM Shape=-1\nS Shape=0\n");
+    ::setenv("SECTIONDB_DBI", file.c_str(), 1);
+    EXPECT_EQ(Names(Selected(WShapes)), (NameList{"W44X368", "W44X335"}));
+    EXPECT_EQ(Names(Selected(WShapes + "--sort AX")), (NameList{"W44X335", "W44X368"}));
+    EXPECT_EQ(Names(Selected(WShapes + "--like W12")), NameList{});
+    EXPECT_EQ(Names(Selected("American 'M Shape'")), NameList{});
+    EXPECT_EQ(Names(Selected("American 'S Shape'")).size(), 28U);
+    EXPECT_EQ(Names(Selected("American 'HP Shape'")).size(), 22U);
+    std::filesystem::remove(file);
+    std::filesystem::create_symlink(file, file);
+    const Outcome unreadable = On("select " + WShapes);
+    EXPECT_EQ(unreadable.status, 1);
+    EXPECT_NE(unreadable.output.find("user.dbi"), std::string::npos) << unreadable.output;
+    ::unsetenv("SECTIONDB_DBI");
+    std::filesystem::remove(file);
+}
+
 TEST_F(SelectTest, TakesAFamilyByItsFirstWords) {
     EXPECT_EQ(Names(Selected("American w --like W12X26")), NameList{"W12X26"});
     EXPECT_EQ(Names(Selected("American 'hss round' --like HSS28X.875")),

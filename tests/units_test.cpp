@@ -150,6 +150,9 @@ TEST(UnitTexts, TellWhatTheyMeasure) {
         {"inches^4", UnitDimension{4}, 416231.4256},
         {"KIPS/INCHES^2", UnitDimension{-2, 1}, 1000 * Pound / 645.16},
         {"ksi", UnitDimension{-2, 1}, 1000 * Pound / 645.16},
+        {"MPa", std::nullopt}, // printed only
+        {"MPa", UnitDimension{-2, 1}, 1, UnitNames::Printed},
+        {"gpa", UnitDimension{-2, 1}, 1000, UnitNames::Printed},
         {"PSI", UnitDimension{-2, 1}, Pound / 645.16},
         {"KG/METER", UnitDimension{-1, 1}, 9.80665e-3},
         {"KNS.M/MM^2", UnitDimension{-1, 1}, 1e6},

@@ -7,6 +7,7 @@
 #include "dataaccess/Guard.h"
 #include "dataaccess/NameSearch.h"
 #include "platform/MessageBox.h"
+#include "records/SectionNames.h"
 
 #include <algorithm>
 #include <cmath>
@@ -107,6 +108,6 @@ int CatalogueSectionDB::StoreSection(const char* label, const char* message, WOR
     });
     closeRecordset(&m_pRecordset);
     if (!captionOfTaken.IsEmpty()) // others are not kept waiting for an answer
-        dbsection::ShowMessageBox("Duplicate section name!! Record not saved.", captionOfTaken);
+        dbsection::ShowMessageBox(dbsection::DuplicateNameText, captionOfTaken);
     return result;
 }

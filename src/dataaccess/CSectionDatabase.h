@@ -11,6 +11,7 @@
 #include "platform/Export.h"
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace dbsection {
@@ -77,6 +78,10 @@ public:
     /// its versions: damage is error 3049 then. Those of a protected file are checked as they are
     /// read.
     void Open(const char* path, int exclusive = 0, int readOnly = 0, const char* connect = "");
+
+    /// The connect text of a password, empty for an empty one. Error 3031 where none can carry it:
+    /// of blanks and semicolons, or with both "=" and ";" in it.
+    static CString ConnectText(std::string_view password);
 
     bool IsOpen() const;
     void Close();

@@ -161,6 +161,14 @@ double Outline::ProductOfInertia() const {
     return turned - (MajorAxis().inertia + MinorAxis().inertia) / 2;
 }
 
+double PrincipalAngle(double major, double minor, double product) {
+    return std::atan2(-product, (major - minor) / 2) / 2 * 180 / pi;
+}
+
+double Outline::PrincipalAngle() const {
+    return dbsection::PrincipalAngle(MajorAxis().inertia, MinorAxis().inertia, ProductOfInertia());
+}
+
 double Outline::OuterPerimeter() const {
     double length = 0;
     for (const Loop& loop : m_loops)

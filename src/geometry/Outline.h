@@ -55,6 +55,10 @@ struct AxisProperties {
     double plasticModulus; ///< sum of the two halves' first moments about the equal-area axis
 };
 
+/// The angle in degrees, counter-clockwise, of the axis of the largest second moment of area, from
+/// those about two axes and their product.
+DBSECTION_API double PrincipalAngle(double major, double minor, double product);
+
 /// The rectangle, along the axes, that an outline touches from inside.
 struct Extent {
     Point low;
@@ -85,6 +89,10 @@ public:
     /// Product of inertia about the centroid: positive for an area that lies where z and y have
     /// the same sign.
     double ProductOfInertia() const;
+
+    /// The angle in degrees, counter-clockwise from z, of the axis through the centroid about which
+    /// the second moment of area is largest.
+    double PrincipalAngle() const;
 
     /// Length of the loops around bodies, or around holes.
     double OuterPerimeter() const;

@@ -15,6 +15,9 @@ namespace dbsection {
 DBSECTION_API std::string NameFault(const std::string& name);
 DBSECTION_API std::string VessaNameFault(const std::string& name);
 
+/// What is told where a table has another section of the public name.
+inline constexpr const char* DuplicateNameText = "Duplicate section name!! Record not saved.";
+
 /// The VessaName of a section that was given none: its public name in capitals without blanks.
 DBSECTION_API std::string VessaNameOf(std::string_view name);
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace sections {
 namespace {
@@ -22,7 +23,7 @@ public:
         return IsKept(column) ? m_family.data[column].figures[m_row] * SizeOf(column) : 0;
     }
     bool IsKept(std::size_t column) const override {
-        return column < m_family.data.size() && !m_family.data[column].figures.empty() &&
+        return column < m_family.layoutColumns && !m_family.data[column].figures.empty() &&
                !std::isnan(m_family.data[column].figures[m_row]);
     }
 
@@ -69,11 +70,17 @@ Quantity Section::operator[](std::string_view column) const {
     failFor("figure " + std::string(column));
 }
 
-std::string_view Section::text(std::string_view column) const {
+std::optional<std::string_view> Section::findText(std::string_view column) const {
     const FamilyColumn* data = m_family->find(column);
     if (data == nullptr || data->texts.empty())
-        failFor("text " + std::string(column));
+        return std::nullopt;
     return data->texts[m_row];
+}
+
+std::string_view Section::text(std::string_view column) const {
+    if (const auto text = findText(column))
+        return *text;
+    failFor("text " + std::string(column));
 }
 
 template <int L>
@@ -130,16 +137,35 @@ WeightPerLength Section::weight() const {
 }
 
 double Section::principalAngle() const {
-    const auto angle = find("ALPHA");
-    return angle ? angle->figure() : 0;
+    if (const auto angle = find("ALPHA")) {
+        const bool isInRadians = dbsection::EqualNoCase(angle->unit(), "RADIAN");
+        return isInRadians ? angle->figure() * 180 / std::numbers::pi : angle->figure();
+    }
+    switch (m_family->family->layout) {
+    case LayoutId::Angle:
+    case LayoutId::ColdFormedAngle:
+    case LayoutId::ColdFormedAngleLipped:
+    case LayoutId::ColdFormedZee:
+    case LayoutId::ColdFormedZeeLipped:
+    case LayoutId::EaveStrut:
+    case LayoutId::BulbFlat:
+        return outline().PrincipalAngle();
+    case LayoutId::General:
+    case LayoutId::AluminiumAlloy:
+    case LayoutId::Joist:
+    case LayoutId::JoistGirder:
+        failFor("principal angle");
+    default: // symmetric about an axis
+        return 0;
+    }
 }
 
 dbsection::Outline Section::outline() const {
     const RowInBaseUnits row(*m_family, m_row);
     dbsection::Figures figures;
-    for (std::size_t i = 0; i < m_family->data.size(); ++i)
+    for (std::size_t i = 0; i < m_family->layoutColumns; ++i)
         if (row.IsKept(i))
-            figures.emplace(m_family->data[i].column.name, row.Value(i));
+            figures.emplace(m_family->data[i].layoutName, row.Value(i));
     const auto isTold = [&](const dbsection::GeometryModel& model) {
         return model.layout == m_family->family->layout &&
                std::ranges::none_of(model.parameters, &dbsection::GeometryParameter::isRequired) &&
@@ -202,12 +228,15 @@ std::vector<Family> Catalogue::families() const {
 
 Family Catalogue::family(std::string_view name) const {
     std::string known;
+    std::string_view last;
     for (const FamilyData& family : m_data->families) {
         if (dbsection::EqualNoCase(family.table, name))
             return {m_data, family};
-        known += (known.empty() ? "" : ", ") + family.table;
+        if (family.table != last) // series of joists share one
+            known += (known.empty() ? "" : ", ") + family.table;
+        last = family.table;
     }
-    throw Error(SectionError::NoSuchItem, m_data->path + ": there is no family \"" +
+    throw Error(SectionError::NoSuchItem, m_data->path + ": There is no family \"" +
                                               std::string(name) + "\"; the families are " + known +
                                               ".");
 }
@@ -225,6 +254,18 @@ std::optional<Section> Catalogue::find(std::string_view name, const FamilyData* 
 }
 
 std::optional<Section> Catalogue::find(std::string_view name) const { return find(name, nullptr); }
+
+std::vector<Section> Catalogue::findAll(std::string_view name) const {
+    const auto [begin, end] = m_data->index.equal_range(name);
+    std::vector<Place> places;
+    for (auto entry = begin; entry != end; ++entry)
+        places.push_back(entry->second);
+    std::ranges::sort(places);
+    std::vector<Section> sections;
+    for (const auto& [family, row] : places)
+        sections.push_back(Section(m_data, m_data->families[family], row));
+    return sections;
+}
 
 Section Catalogue::at(std::string_view name) const {
     if (auto section = find(name))

@@ -41,12 +41,13 @@ struct FamilyData;
 class Family;
 class Catalogue;
 
-/// A property column of a family.
+/// A column of a family behind the bookkeeping ones: those of its layout, and then what else the
+/// table has.
 struct Column {
     std::string name; ///< as the table names it, e.g. "IZ"
     std::string unit; ///< as the catalogue keeps it, e.g. "INCHES^4"; empty where it keeps none
     ::Quantity quantity;
-    std::string meaning;
+    std::string meaning; ///< empty where the layout does not know the column
 };
 
 /// One section: a row of a family.
@@ -67,7 +68,10 @@ public:
     /// The same; throws Error where there is none.
     Quantity operator[](std::string_view column) const;
 
-    /// The text of a column, such as the product form of an alloy.
+    /// The text of a column, such as the product form of an alloy; nothing where it keeps none.
+    std::optional<std::string_view> findText(std::string_view column) const;
+
+    /// The same; throws Error where there is none.
     std::string_view text(std::string_view column) const;
 
     Area area() const;
@@ -93,7 +97,9 @@ public:
     Length minorRadius() const;
     WeightPerLength weight() const; ///< of steel or aluminium, by the catalogue's density
 
-    /// The angle of the principal axes in degrees; 0 for sections that are symmetric about an axis.
+    /// The angle in degrees, counter-clockwise as the outline lies, from the major axis to the
+    /// principal axis about which the section is stiffest; 0 for those that are symmetric about an
+    /// axis. Where the catalogue does not keep it, it follows from the outline.
     double principalAngle() const;
 
     /// The shape in mm, as far as the section's own figures tell it: fillets that no column tells
@@ -251,6 +257,9 @@ public:
 
     /// The same; throws Error where there is none.
     Section at(std::string_view name) const;
+
+    /// All sections of that name, in the order of families.
+    std::vector<Section> findAll(std::string_view name) const;
 
 private:
     friend class Change;

@@ -11,6 +11,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
+#include <span>
+#include <utility>
 
 namespace sections {
 namespace {
@@ -24,6 +27,21 @@ using Units = std::vector<std::string>; ///< by column
 
 std::string textAt(const CSectionRecordset& rows, int column) {
     return std::string(CCrack::strVARIANT(rows.GetFieldValue(column)).View());
+}
+
+std::optional<std::string> textOrNothing(const CSectionRecordset& rows, int column) {
+    if (rows.GetFieldValue(column).vt == VT_NULL)
+        return std::nullopt;
+    return textAt(rows, column);
+}
+
+/// The tables of joists keep what their own look-ups need, at places of their own.
+bool isOfJoists(const SectionFamily& family) {
+    return family.layout == LayoutId::Joist || family.layout == LayoutId::JoistGirder;
+}
+
+bool isText(const CSectionFieldInfo& field) {
+    return field.m_nType == SectionField::Text || field.m_nType == SectionField::Memo;
 }
 
 /// Reads the tables of an open file.
@@ -40,7 +58,7 @@ public:
             m_data.catalogue = &personalCatalogue();
         readUnits();
         for (const SectionFamily& family : m_data.catalogue->families)
-            if (isSectionTable(family) && hasTable(family.table))
+            if (hasTable(family.table))
                 readFamily(family);
         indexNames();
     }
@@ -50,11 +68,6 @@ private:
         return std::ranges::any_of(m_tables, [name](const CString& table) {
             return dbsection::EqualNoCase(table.View(), name);
         });
-    }
-
-    /// The tables of joists are of another kind.
-    static bool isSectionTable(const SectionFamily& family) {
-        return family.layout != LayoutId::Joist && family.layout != LayoutId::JoistGirder;
     }
 
     /// Calls `visit` on each row of a table.
@@ -81,8 +94,8 @@ private:
             });
         if (!isKnown)
             fail(m_data.path, SectionError::NotADatabase,
-                 "this is no catalogue: it has no catalogue information (table \"DBInfo\"); name "
-                 "another file.");
+                 "this is no catalogue, but maybe another program's database: it has no catalogue "
+                 "information (table \"DBInfo\"); name another file.");
     }
 
     const SectionCatalogue& personalCatalogue() const {
@@ -91,7 +104,7 @@ private:
                 return catalogue;
         fail(m_data.path, SectionError::NotADatabase,
              "this is the catalogue \"" + m_data.title +
-                 "\", not a file of a person's own sections.");
+                 "\", not a file of user tables or generic shapes.");
     }
 
     void requireLayoutVersion(const std::string& version) const {
@@ -104,85 +117,141 @@ private:
                  "; use the version of this library that made it.");
     }
 
+    /// Of two rows for one table neither counts.
     void readUnits() {
         if (!hasTable("Field Units"))
             return;
         forEachRow("Field Units", [&](const CSectionRecordset& rows) {
-            Units& units = m_units[dbsection::UpperCase(textAt(rows, 0))];
+            Units units;
             for (int column = 1; column < rows.GetFieldCount(); ++column)
-                units.push_back(textAt(rows, column));
+                units.push_back(textOrNothing(rows, column).value_or(""));
+            const auto [place, isFirst] =
+                m_units.try_emplace(dbsection::UpperCase(textAt(rows, 0)));
+            place->second = isFirst ? std::move(units) : Units();
         });
     }
 
     void readFamily(const SectionFamily& family) {
-        CSectionRecordset rows(&m_database);
-        rows.Open(CSectionRecordset::Snapshot,
-                  ("Select * From [" + std::string(family.table) + "]").c_str());
         FamilyData& data = m_data.families.emplace_back();
         data.family = &family;
         data.table = family.table;
-        const std::vector<int> places = findColumns(rows, data);
-        for (; !rows.IsEOF(); rows.MoveNext())
-            readRow(rows, places, data);
-    }
-
-    /// Which columns of the table are those of the layout, and fills in what they are.
-    std::vector<int> findColumns(const CSectionRecordset& rows, FamilyData& data) const {
-        std::vector<int> places;
-        const auto& columns = GetSectionLayout(data.family->layout).columns;
-        for (std::size_t i = 0; i < columns.size(); ++i) {
-            const LayoutColumn& column = columns[i];
-            const int place = BookkeepingColumns + static_cast<int>(i);
-            if (!isColumn(rows, place, column.name)) {
-                if (column.isAdded)
-                    break;
-                fail(m_data.path, SectionError::NoSuchItem,
-                     "table \"" + data.table + "\" has no column " + column.name + " at place " +
-                         std::to_string(place + 1) + "; it is no table of its layout.");
-            }
-            places.push_back(place);
-            data.columns.push_back(
-                {column.name, unitOf(data.table, place), column.quantity, column.meaning});
-            data.data.push_back(columnOf(data.columns.back(), i));
+        try {
+            translated(m_data.path, [&] { readTable(data); });
+        } catch (const Error& error) {
+            throw Error(error.number(),
+                        "Table \"" + data.table + "\" cannot be read: " + error.what());
         }
-        return places;
     }
 
-    static bool isColumn(const CSectionRecordset& rows, int place, std::string_view name) {
-        if (place >= rows.GetFieldCount())
-            return false;
-        CSectionFieldInfo field;
-        rows.GetFieldInfo(place, field);
-        return dbsection::EqualNoCase(field.m_strName.View(), name);
+    void readTable(FamilyData& data) {
+        const std::string series =
+            data.family->layout == LayoutId::Joist
+                ? " WHERE [SeriesID] = " + std::to_string(data.family->sectionType)
+                : "";
+        CSectionRecordset rows(&m_database);
+        rows.Open(CSectionRecordset::Snapshot,
+                  ("Select * From [" + data.table + "]" + series + " ORDER BY 1").c_str());
+        readColumns(rows, data);
+        for (; !rows.IsEOF(); rows.MoveNext())
+            readRow(rows, data);
     }
 
-    std::string unitOf(const std::string& table, int place) const {
+    /// Those of the layout, which stand at its places, and then whatever the table has besides.
+    void readColumns(const CSectionRecordset& rows, FamilyData& data) const {
+        std::vector<CSectionFieldInfo> fields(static_cast<std::size_t>(rows.GetFieldCount()));
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            rows.GetFieldInfo(static_cast<int>(i), fields[i]);
+        if (fields.size() < BookkeepingColumns)
+            fail(m_data.path, SectionError::NoSuchItem,
+                 "table \"" + data.table + "\" has " + std::to_string(fields.size()) +
+                     " columns; a table of sections begins with RECNO, Name and VessaName.");
+        const SectionLayout& layout = GetSectionLayout(data.family->layout);
+        if (!isOfJoists(*data.family))
+            data.layoutColumns = countLayoutColumns(fields, layout, data.table);
+        for (std::size_t place = BookkeepingColumns; place < fields.size(); ++place) {
+            const std::size_t i = place - BookkeepingColumns;
+            const LayoutColumn* known =
+                i < data.layoutColumns ? &layout.columns[i] : findColumn(layout, fields[place]);
+            data.data.push_back(columnOf(fields[place], known, unitOf(data.table, place)));
+            data.columns.push_back(data.data.back().column);
+        }
+    }
+
+    /// How many of a layout's columns a table has; it may lack those that were added since.
+    std::size_t countLayoutColumns(std::span<const CSectionFieldInfo> fields,
+                                   const SectionLayout& layout, const std::string& table) const {
+        std::string expected = "RECNO, Name, VessaName";
+        for (const LayoutColumn& column : layout.columns)
+            expected += std::string(", ") + tableName(column.name);
+        for (std::size_t i = 0; i < layout.columns.size(); ++i) {
+            const LayoutColumn& column = layout.columns[i];
+            const std::size_t place = BookkeepingColumns + i;
+            if (place < fields.size() &&
+                dbsection::EqualNoCase(fields[place].m_strName.View(), tableName(column.name)))
+                continue;
+            if (column.isAdded)
+                return i;
+            std::string found;
+            for (const CSectionFieldInfo& field : fields)
+                found += (found.empty() ? "" : ", ") + std::string(field.m_strName.View());
+            fail(m_data.path, SectionError::NoSuchItem,
+                 "table \"" + table + "\": its columns are " + found + "; expected " + expected +
+                     ".");
+        }
+        return layout.columns.size();
+    }
+
+    /// How the catalogue's tables name a column of a layout.
+    const char* tableName(const char* column) const {
+        return m_data.catalogue->index == AmericanColdFormedIndex &&
+                       std::string_view("AX") == column
+                   ? "Area"
+                   : column;
+    }
+
+    static const LayoutColumn* findColumn(const SectionLayout& layout,
+                                          const CSectionFieldInfo& field) {
+        const auto place = std::ranges::find_if(layout.columns, [&](const LayoutColumn& column) {
+            return dbsection::EqualNoCase(column.name, field.m_strName.View());
+        });
+        return place == layout.columns.end() ? nullptr : &*place;
+    }
+
+    /// `known`: what the layout says of the column, or null.
+    static FamilyColumn columnOf(const CSectionFieldInfo& field, const LayoutColumn* known,
+                                 const std::string& unit) {
+        const ::Quantity quantity = known != nullptr ? known->quantity
+                                    : isText(field)  ? ::Quantity::Text
+                                                     : ::Quantity::Number;
+        const bool isMeasured = quantity != ::Quantity::Number && quantity != ::Quantity::Angle &&
+                                quantity != ::Quantity::Text;
+        const bool isKnown = dbsection::DimensionOf(unit).has_value();
+        const std::string name(field.m_strName.View());
+        return {{name, unit, quantity, known == nullptr ? "" : known->meaning},
+                known == nullptr ? name : known->name,
+                isMeasured && isKnown ? dbsection::SizeOf(unit) : 0,
+                {},
+                {}};
+    }
+
+    std::string unitOf(const std::string& table, std::size_t place) const {
         const auto units = m_units.find(dbsection::UpperCase(table));
-        const auto column = static_cast<std::size_t>(place);
-        return units != m_units.end() && column < units->second.size() ? units->second[column]
-                                                                       : std::string();
+        return units != m_units.end() && place < units->second.size() ? units->second[place]
+                                                                      : std::string();
     }
 
-    static FamilyColumn columnOf(const Column& column, std::size_t place) {
-        const bool isMeasured = column.quantity != ::Quantity::Number &&
-                                column.quantity != ::Quantity::Angle &&
-                                column.quantity != ::Quantity::Text;
-        const bool isKnown = dbsection::DimensionOf(column.unit).has_value();
-        return {column, place, isMeasured && isKnown ? dbsection::SizeOf(column.unit) : 0, {}, {}};
-    }
-
-    void readRow(const CSectionRecordset& rows, const std::vector<int>& places, FamilyData& data) {
+    static void readRow(const CSectionRecordset& rows, FamilyData& data) {
         data.recordNumbers.push_back(
             static_cast<std::int64_t>(dbsection::AsNumber(rows.GetFieldValue(IdentifierColumn))));
         data.names.push_back(textAt(rows, NameColumn));
         data.programNames.push_back(textAt(rows, VessaNameColumn));
-        for (std::size_t i = 0; i < places.size(); ++i) {
-            FamilyColumn& column = data.data[i];
+        int place = BookkeepingColumns;
+        for (FamilyColumn& column : data.data) {
             if (column.column.quantity == ::Quantity::Text) {
-                column.texts.push_back(textAt(rows, places[i]));
+                column.texts.push_back(textOrNothing(rows, place++));
                 continue;
             }
-            const COleVariant value = rows.GetFieldValue(places[i]);
+            const COleVariant value = rows.GetFieldValue(place++);
             column.figures.push_back(value.vt == VT_NULL ? std::numeric_limits<double>::quiet_NaN()
                                                          : dbsection::AsNumber(value));
         }
@@ -209,7 +278,8 @@ private:
 
 const FamilyColumn* FamilyData::find(std::string_view name) const {
     const auto place = std::ranges::find_if(data, [name](const FamilyColumn& column) {
-        return dbsection::EqualNoCase(column.column.name, name);
+        return dbsection::EqualNoCase(column.column.name, name) ||
+               dbsection::EqualNoCase(column.layoutName, name);
     });
     return place == data.end() ? nullptr : &*place;
 }
@@ -239,7 +309,7 @@ CatalogueData readCatalogue(CSectionDatabase& database, int number) {
 CatalogueData readCatalogue(const std::string& path, int number, std::string_view password) {
     return translated(path, [&] {
         CSectionDatabase database;
-        database.Open(path.c_str(), 0, 1, (";PWD=" + std::string(password)).c_str());
+        database.Open(path.c_str(), 0, 1, CSectionDatabase::ConnectText(password));
         return readCatalogue(database, number);
     });
 }

@@ -4,11 +4,12 @@
 #include "records/CatalogueList.h"
 #include "sections/Catalogue.h"
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -18,10 +19,10 @@ namespace sections {
 
 struct FamilyColumn {
     Column column;
-    std::size_t place;              ///< in the layout
-    double size;                    ///< of its unit in mm and N; 0 where that is not known
-    std::vector<double> figures;    ///< by row, not-a-number where the row keeps none
-    std::vector<std::string> texts; ///< by row, of a column of texts
+    std::string layoutName;      ///< as the layout names it; that of the table where it does not
+    double size;                 ///< of its unit in mm and N; 0 where that is not known
+    std::vector<double> figures; ///< by row, not-a-number where the row keeps none
+    std::vector<std::optional<std::string>> texts; ///< by row, of a column of texts
 };
 
 struct FamilyData {
@@ -29,11 +30,12 @@ struct FamilyData {
     std::string table;
     std::vector<Column> columns;
     std::vector<FamilyColumn> data; ///< in the order of `columns`
+    std::size_t layoutColumns = 0;  ///< how many of the first ones are those of the layout
     std::vector<std::int64_t> recordNumbers;
     std::vector<std::string> names;
     std::vector<std::string> programNames;
 
-    /// The column of that name, or null.
+    /// The column of that name, of the table's or the layout's, or null.
     const FamilyColumn* find(std::string_view name) const;
 };
 
@@ -48,9 +50,7 @@ struct SameName {
 struct Place {
     std::size_t family;
     std::size_t row;
-    bool operator<(const Place& other) const {
-        return std::tie(family, row) < std::tie(other.family, other.row);
-    }
+    auto operator<=>(const Place&) const = default;
 };
 
 struct CatalogueData {

@@ -64,6 +64,7 @@ inline constexpr Unit<0, 1> kg{9.80665}; ///< the weight of that mass
 inline constexpr Unit<0, 1> t{9806.65};
 
 inline constexpr Unit<-2, 1> MPa{1};
+inline constexpr Unit<-2, 1> GPa{1000};
 inline constexpr Unit<-2, 1> ksi = kip / (in * in);
 
 } // namespace units

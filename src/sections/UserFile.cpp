@@ -4,14 +4,15 @@
 #include "dataaccess/CSectionDatabase.h"
 #include "dataaccess/CSectionRecordset.h"
 #include "dataaccess/DatabaseTransaction.h"
+#include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "records/SectionNames.h"
 #include "sections/CatalogueData.h"
 #include "sections/Failures.h"
+#include "sections/TakenNames.h"
 
 #include <algorithm>
 #include <optional>
-#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -20,22 +21,38 @@ namespace {
 
 std::string inQuotes(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
+NamedPlace placeOf(const Section& section) {
+    return {section.family().name(), section.name(), section.programName()};
+}
+
 } // namespace
 
 /// The file as it was when the change began, and what is being written to it.
 struct Change::State {
     State(const std::string& path, const std::string& password) {
-        database.Open(path.c_str(), 0, 0, (";PWD=" + password).c_str());
+        if (const unsigned attributes = GetFileAttributesA(path.c_str());
+            attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0)
+            throw Error(SectionError::ReadOnly,
+                        path + ": the file is read-only; make it writable.");
+        database.Open(path.c_str(), 0, 0, CSectionDatabase::ConnectText(password));
         transaction.emplace(database, dbsection::Purpose::Writing);
-        before.emplace(Catalogue(
-            std::make_shared<const CatalogueData>(readCatalogue(database, PersonalFile))));
+        before.emplace(read());
         for (const Family& family : before->families())
-            for (const Section& section : family.sections())
-                names.insert(dbsection::UpperCase(section.programName()));
+            for (const Section& section : family.sections()) {
+                names.add(placeOf(section));
+                std::int64_t& last = lastNumbers[family.name()];
+                last = std::max(last, section.recordNumber());
+            }
     }
 
-    [[noreturn]] void fail(SectionError::Number number, const std::string& fault) const {
-        throw Error(number, before->path() + ": " + fault);
+    Catalogue read() {
+        return Catalogue(
+            std::make_shared<const CatalogueData>(readCatalogue(database, PersonalFile)));
+    }
+
+    [[noreturn]] void fail(SectionError::Number number, const std::string& table,
+                           const std::string& fault) const {
+        throw Error(number, before->path() + ": table " + inQuotes(table) + ": " + fault);
     }
 
     /// The rows of a family's table, to be changed.
@@ -49,20 +66,21 @@ struct Change::State {
     }
 
     /// Throws where a section cannot have the names.
-    void requireNames(const std::string& name, const std::string& programName,
-                      std::string_view present) const {
-        if (const std::string fault = dbsection::NameFault(name); !fault.empty())
-            fail(SectionError::InvalidName,
-                 inQuotes(name) + " cannot be a section's name: " + fault + ".");
-        if (const std::string fault = dbsection::VessaNameFault(programName); !fault.empty())
-            fail(SectionError::InvalidName, inQuotes(programName) +
-                                                " cannot be a section's program name: " + fault +
-                                                "; give another one.");
-        if (!dbsection::EqualNoCase(programName, present) &&
-            names.contains(dbsection::UpperCase(programName)))
-            fail(SectionError::DuplicateKey, "there is a section of the program name " +
-                                                 inQuotes(programName) +
-                                                 " already; give another one.");
+    void requireNames(const NamedPlace& place, const NamedPlace* present = nullptr) const {
+        if (const auto fault = names.fault(place, present))
+            fail(fault->number, place.table, fault->text);
+    }
+
+    /// The record number of the next section of a table.
+    std::int32_t nextNumber(const std::string& table) const {
+        const auto last = lastNumbers.find(table);
+        const std::int64_t number = last == lastNumbers.end() ? 0 : last->second;
+        if (number >= LastRecordNumber)
+            fail(SectionError::RuleBroken, table,
+                 "its last record number is " + std::to_string(number) +
+                     ", and no section can be added beyond " + std::to_string(LastRecordNumber) +
+                     "; begin another file.");
+        return static_cast<std::int32_t>(number + 1);
     }
 
     /// The figures and texts of a draft by their place in the table, in the units of its columns.
@@ -76,8 +94,8 @@ struct Change::State {
                        (candidate.quantity == ::Quantity::Text) == isText;
             });
             if (column == columns.end())
-                fail(SectionError::NoSuchItem, "table " + inQuotes(family.name()) + " has no " +
-                                                   (isText ? "text" : "figure") + " " + name + ".");
+                fail(SectionError::NoSuchItem, family.name(),
+                     std::string("it has no ") + (isText ? "text" : "figure") + " " + name + ".");
             return column;
         };
         const auto add = [&](auto column, const COleVariant& value) {
@@ -95,20 +113,38 @@ struct Change::State {
 
     /// Makes the row of a section current.
     CSectionRecordset& rowOf(const Section& section) {
-        CSectionRecordset& rows = rowsOf(section.family().name());
-        const std::string condition = "[RECNO] = " + std::to_string(section.recordNumber());
-        if (rows.Find(CSectionRecordset::FindFirst, condition.c_str()) == 0)
-            fail(SectionError::NoCurrentRecord, inQuotes(section.name()) + " is gone; read anew.");
+        const std::string& table = section.family().name();
+        const std::string number = std::to_string(section.recordNumber());
+        if (section.recordNumber() < 1 || section.recordNumber() > LastRecordNumber)
+            fail(SectionError::RuleBroken, table,
+                 inQuotes(section.name()) + " has the record number " + number +
+                     "; only those of 1 to " + std::to_string(LastRecordNumber) +
+                     " can be changed.");
+        CSectionRecordset& rows = rowsOf(table);
+        if (rows.Find(CSectionRecordset::FindFirst, ("[RECNO] = " + number).c_str()) == 0)
+            fail(SectionError::NoCurrentRecord, table,
+                 inQuotes(section.name()) + " is gone; read anew.");
         if (CCrack::strVARIANT(rows.GetFieldValue(VessaNameColumn)).View() != section.programName())
-            fail(SectionError::ChangedByOther,
+            fail(SectionError::ChangedByOther, table,
                  inQuotes(section.name()) + " was changed by another user; read it anew.");
         return rows;
+    }
+
+    /// Writes the edit buffer of a row.
+    static void store(CSectionRecordset& rows, const NamedPlace& place,
+                      const std::vector<std::pair<int, COleVariant>>& values) {
+        rows.SetFieldValue(NameColumn, place.name.c_str());
+        rows.SetFieldValue(VessaNameColumn, place.programName.c_str());
+        for (const auto& [column, value] : values)
+            rows.SetFieldValue(column, value);
+        rows.Update();
     }
 
     CSectionDatabase database;
     std::optional<dbsection::DatabaseTransaction> transaction;
     std::optional<Catalogue> before;
-    std::unordered_set<std::string> names; ///< program names in capitals
+    TakenNames names;
+    std::map<std::string, std::int64_t> lastNumbers; ///< by table
     std::map<std::string, std::unique_ptr<CSectionRecordset>> tables;
 };
 
@@ -117,42 +153,43 @@ Change::Change(Change&&) noexcept = default;
 Change& Change::operator=(Change&&) noexcept = default;
 Change::~Change() = default;
 
-void Change::add(std::string_view familyName, const Draft& draft) {
+Catalogue Change::read() const {
+    return translated(m_state->before->path(), [&] { return m_state->read(); });
+}
+
+std::int64_t Change::add(std::string_view familyName, const Draft& draft) {
     State& state = *m_state;
-    translated(state.before->path(), [&] {
+    return translated(state.before->path(), [&] {
         const Family family = state.before->family(familyName);
-        const std::string programName =
-            draft.programName.empty() ? dbsection::VessaNameOf(draft.name) : draft.programName;
-        state.requireNames(draft.name, programName, {});
+        const NamedPlace place{family.name(), draft.name,
+                               draft.programName.empty() ? dbsection::VessaNameOf(draft.name)
+                                                         : draft.programName};
+        state.requireNames(place);
         const auto values = state.valuesOf(family, draft);
-        CSectionRecordset& rows = state.rowsOf(family.name());
+        const std::int32_t number = state.nextNumber(place.table);
+        CSectionRecordset& rows = state.rowsOf(place.table);
         rows.AddNew();
-        rows.SetFieldValue(NameColumn, draft.name.c_str());
-        rows.SetFieldValue(VessaNameColumn, programName.c_str());
-        for (const auto& [place, value] : values)
-            rows.SetFieldValue(place, value);
-        rows.Update();
-        state.names.insert(dbsection::UpperCase(programName));
+        rows.SetFieldValue(IdentifierColumn, COleVariant(number));
+        State::store(rows, place, values);
+        state.names.add(place);
+        state.lastNumbers[place.table] = number;
+        return number;
     });
 }
 
 void Change::update(const Section& section, const Draft& draft) {
     State& state = *m_state;
     translated(state.before->path(), [&] {
-        const std::string& name = draft.name.empty() ? section.name() : draft.name;
-        const std::string& programName =
-            draft.programName.empty() ? section.programName() : draft.programName;
-        state.requireNames(name, programName, section.programName());
+        const NamedPlace old = placeOf(section);
+        const NamedPlace place{old.table, draft.name.empty() ? old.name : draft.name,
+                               draft.programName.empty() ? old.programName : draft.programName};
+        state.requireNames(place, &old);
         const auto values = state.valuesOf(section.family(), draft);
         CSectionRecordset& rows = state.rowOf(section);
         rows.Edit();
-        rows.SetFieldValue(NameColumn, name.c_str());
-        rows.SetFieldValue(VessaNameColumn, programName.c_str());
-        for (const auto& [place, value] : values)
-            rows.SetFieldValue(place, value);
-        rows.Update();
-        state.names.erase(dbsection::UpperCase(section.programName()));
-        state.names.insert(dbsection::UpperCase(programName));
+        State::store(rows, place, values);
+        state.names.remove(old);
+        state.names.add(place);
     });
 }
 
@@ -160,7 +197,7 @@ void Change::remove(const Section& section) {
     State& state = *m_state;
     translated(state.before->path(), [&] {
         state.rowOf(section).Delete();
-        state.names.erase(dbsection::UpperCase(section.programName()));
+        state.names.remove(placeOf(section));
     });
 }
 

@@ -10,12 +10,17 @@
 #include "platform/Export.h"
 #include "sections/Catalogue.h"
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace sections {
+
+/// The largest record number that analysis engines know: no section is added beyond it, nor changed
+/// there.
+inline constexpr std::int64_t LastRecordNumber = 65535;
 
 /// A section as a person gives it. Figures are by column, in any unit of their dimension; what is
 /// left out is not kept.
@@ -34,9 +39,13 @@ public:
     Change& operator=(Change&&) noexcept;
     ~Change(); ///< undoes what was not committed
 
-    /// Adds a section to a family. Its program name must be new in the file, whatever its letter
-    /// case.
-    void add(std::string_view family, const Draft& draft);
+    /// The sections with the changes so far.
+    Catalogue read() const;
+
+    /// Adds a section to a family, under the record number behind the last one. Its name must be
+    /// new in the family, its program name in the file, whatever its letter case. Returns the
+    /// record number.
+    std::int64_t add(std::string_view family, const Draft& draft);
 
     /// Gives a section that was read from the file the names, figures and texts of the draft; an
     /// empty name, and what the draft leaves out, stay. Error 3197 where the section has another
@@ -67,7 +76,8 @@ public:
     /// another catalogue.
     Catalogue read() const;
 
-    /// Throws Error where the file cannot be written, or somebody else writes to it.
+    /// Throws Error where the file cannot be written, is marked read-only, or somebody else writes
+    /// to it.
     Change change() const;
 
 private:

@@ -67,15 +67,31 @@ unsigned int IdIn(const Entries& entries, Name nameOf, std::string_view wanted) 
     return place == entries.end() ? 0 : place->id;
 }
 
-bool IsOneOf(std::string_view text, std::string_view upper, std::string_view lower,
-             std::string_view mixed) {
-    return text == upper || text == lower || text == mixed;
-}
+/// A name of a whole unit text.
+struct Abbreviation {
+    std::string_view name;
+    std::string_view unit;
+    UnitNames names;
+};
 
-std::string_view SpelledOut(std::string_view unit) {
-    if (IsOneOf(unit, "KSI", "ksi", "Ksi"))
-        return "KIPS/INCHES^2";
-    return IsOneOf(unit, "PSI", "psi", "Psi") ? "POUND/INCHES^2" : unit;
+constexpr std::array Abbreviations{
+    Abbreviation{"KSI", "KIPS/INCHES^2", UnitNames::Kept},
+    Abbreviation{"Ksi", "KIPS/INCHES^2", UnitNames::Kept},
+    Abbreviation{"ksi", "KIPS/INCHES^2", UnitNames::Kept},
+    Abbreviation{"PSI", "POUND/INCHES^2", UnitNames::Kept},
+    Abbreviation{"Psi", "POUND/INCHES^2", UnitNames::Kept},
+    Abbreviation{"psi", "POUND/INCHES^2", UnitNames::Kept},
+    Abbreviation{"MPa", "NEWTON/MMS^2", UnitNames::Printed},
+    Abbreviation{"GPa", "KNS/MMS^2", UnitNames::Printed},
+};
+
+std::string_view SpelledOut(std::string_view unit, UnitNames names) {
+    const auto place = std::ranges::find_if(Abbreviations, [&](const Abbreviation& candidate) {
+        return names == UnitNames::Printed
+                   ? EqualNoCase(candidate.name, unit)
+                   : candidate.name == unit && candidate.names == UnitNames::Kept;
+    });
+    return place == Abbreviations.end() ? unit : place->unit;
 }
 
 /// The exponent of a factor where it is a whole number above zero, else 0.
@@ -115,7 +131,7 @@ double UnitExponent(std::string_view factor) {
 }
 
 UnitFactors::UnitFactors(std::string_view unit, UnitNames names)
-    : m_rest(SpelledOut(unit)),
+    : m_rest(SpelledOut(unit, names)),
       m_names(names) {}
 
 std::optional<UnitFactor> UnitFactors::Next() {

@@ -6,7 +6,8 @@
 //
 // A text is a chain of factors, taken from left to right, joined by "/" (divided) and "."
 // (multiplied); a factor is the name of a unit, of any letter case, with its exponent behind "^"
-// where that is not 1. "KSI" and "PSI" stand for what they abbreviate.
+// where that is not 1. "KSI" and "PSI" stand for what they abbreviate, among printed names "MPa"
+// and "GPa", too.
 #pragma once
 
 #include "platform/Export.h"

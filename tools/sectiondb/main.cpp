@@ -1,7 +1,6 @@
 // sectiondb: builds section catalogues and looks at them.
 #include "commands/Command.h"
 #include "dataaccess/CSectionException.h"
-#include "files/CatalogueAccess.h"
 #include "files/LibraryFailure.h"
 #include "interface/SectionDBInterface.h"
 #include "output/Messages.h"
@@ -51,7 +50,6 @@ int main(int argc, char** argv) {
     try {
         KeepMessages();
         const int status = Run(argc, argv);
-        CloseLibraryDatabase();
         SectionDBInterface::ExitSectionDBInterface();
         return status;
     } catch (const UsageError& error) {

@@ -17,11 +17,13 @@ using dbsection::Workspace;
 
 namespace {
 
+constexpr const char* Blanks = "; \t\r\n";
+
 /// The password in a connect text: the value behind PWD among `key=value` parts, or the whole text
 /// where it has no `=`; a text of blanks and semicolons has none.
 std::string_view PasswordIn(const char* connectText) {
     std::string_view connect(connectText == nullptr ? "" : connectText);
-    if (connect.find_first_not_of("; \t\r\n") == std::string_view::npos)
+    if (connect.find_first_not_of(Blanks) == std::string_view::npos)
         return {};
     if (connect.find('=') == std::string_view::npos)
         return connect;
@@ -106,6 +108,17 @@ void CSectionDatabase::Create(const char* path, const char* descriptor, int /*op
 void CSectionDatabase::Open(const char* path, int exclusive, int readOnly, const char* connect) {
     const Connection::Access access{.exclusive = exclusive != 0, .readOnly = readOnly != 0};
     Begin(path, [&] { return Connection::Open(path, PasswordIn(connect), access); });
+}
+
+CString CSectionDatabase::ConnectText(std::string_view password) {
+    if (!password.empty() && password.find_first_not_of(Blanks) == std::string_view::npos)
+        Fail(SectionError::WrongPassword,
+             "A password of blanks protects nothing; choose another one.");
+    const bool hasEquals = password.find('=') != std::string_view::npos;
+    if (hasEquals && password.find(';') != std::string_view::npos)
+        Fail(SectionError::WrongPassword,
+             R"(A password cannot hold both "=" and ";"; choose another one.)");
+    return CString((hasEquals ? ";PWD=" : "") + std::string(password));
 }
 
 /// Opens last what is opened, so that nothing fails when a file has been created.

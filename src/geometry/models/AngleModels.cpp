@@ -8,8 +8,6 @@
 namespace dbsection {
 namespace {
 
-using std::numbers::pi;
-
 /// Two thin rectangles, their junction and their ends (El Darwish and Johnston, Torsion of
 /// Structural Shapes, 1965): of the ends some standards count the toes alone (2), others the heel,
 /// too (3); others take the rectangles alone (0).
@@ -89,7 +87,7 @@ SectionGeometry Angle(const Figures& section, const Figures& parameters) {
              {"CY", major.centroid},
              {"CZ", minor.centroid},
              {"RV", std::sqrt(least / outline.Area())},
-             {"ALPHA", std::atan2(-product, difference) / 2 * 180 / pi}},
+             {"ALPHA", PrincipalAngle(major.inertia, minor.inertia, product)}},
             angle.radius.Assumed()};
 }
 

@@ -2,23 +2,13 @@
 
 namespace dbsection {
 
-std::vector<FamilyCount> CountFamilies(const OpenCatalogue& open) {
-    std::vector<FamilyCount> counts;
-    for (const SectionFamily* family : PresentFamilies(open)) {
-        CSectionTableDefInfo info;
-        ReadTable(*family,
-                  [&] { open.database->GetTableDefInfo(family->table, info, AllInformation); });
-        counts.push_back({family, info.m_lRecordCount});
-    }
-    return counts;
-}
+const char* RemarkOn(std::size_t sections) { return sections == 0 ? "no figures" : ""; }
 
-const char* RemarkOn(int sections) { return sections == 0 ? "no figures" : ""; }
-
-Table FamilyTable(const OpenCatalogue& open) {
+Table FamilyTable(const sections::Catalogue& catalogue) {
     Table table({{"family"}, {"type"}, {"sections"}, {"remark"}});
-    for (const auto& [family, sections] : CountFamilies(open))
-        table.rows.push_back({family->table, family->sectionType, sections, RemarkOn(sections)});
+    for (const sections::Family& family : catalogue.families())
+        table.rows.push_back({family.name(), family.sectionType(), static_cast<int>(family.size()),
+                              RemarkOn(family.size())});
     return table;
 }
 

@@ -1,9 +1,7 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
-#include "files/CatalogueAccess.h"
-#include "interface/SectionDBInterface.h"
 #include "output/Messages.h"
-#include "platform/FileSystem.h"
+#include "records/CatalogueList.h"
 
 #include <fmt/format.h>
 
@@ -18,16 +16,19 @@ class Find : public Command {
     }
 
     void Run() const override {
-        m_catalogues.Apply();
+        const CatalogueFolder folder = m_catalogues.Folder();
         Table found({{"catalogue"}, {"family"}, {"programName"}, {"name"}});
         CatalogueFaults faults;
         int catalogues = 0;
-        for (int index = 1; index <= LastCatalogueIndex; ++index)
+        for (int number = 1; number <= LastCatalogueIndex; ++number)
             faults.Try([&] {
-                if (!HasFile(index))
+                if (folder.FileOf(number).empty())
                     return;
                 ++catalogues;
-                AddHits(index, found);
+                for (const sections::Section& section : folder.Open(number).findAll(m_name))
+                    found.rows.push_back({sections::Library::nameOf(number),
+                                          section.family().name(), section.programName(),
+                                          section.name()});
             });
         if (!found.rows.empty())
             Print(found, m_form.Form());
@@ -36,16 +37,7 @@ class Find : public Command {
             throw CommandError(fmt::format(
                 "There is no section \"{}\" in the {} catalogues in the folder \"{}\"; \"sectiondb "
                 "list CATALOGUE FAMILY\" prints the names.",
-                m_name, catalogues,
-                NativePath(SectionDBInterface::GetDatabaseDirectoryName().View())));
-    }
-
-    void AddHits(int index, Table& found) const {
-        VisitSections(
-            Open(index), m_name, [&](const SectionFamily& family, const CSectionRecordset& rows) {
-                found.rows.push_back({SectionDBInterface::m_saCountryName[index], family.table,
-                                      TextAt(rows, VessaNameColumn), TextAt(rows, NameColumn)});
-            });
+                m_name, catalogues, folder.Path()));
     }
 
     std::string m_name;

@@ -1,43 +1,36 @@
 #include "commands/Command.h"
 #include "commands/FamilyTable.h"
 #include "commands/Options.h"
-#include "interface/SectionDBInterface.h"
-
-#include <numeric>
+#include "records/CatalogueList.h"
 
 namespace dbsection {
 namespace {
 
-Table::Row CatalogueRow(int index, CatalogueFaults& faults) {
+Table::Row CatalogueRow(const CatalogueFolder& folder, int number, CatalogueFaults& faults) {
     Table::Cell families;
     Table::Cell sections;
     const char* remark = "at fault";
     faults.Try([&] {
-        if (!HasFile(index)) {
+        if (folder.FileOf(number).empty()) {
             remark = "no file";
             return;
         }
-        const auto counts = CountFamilies(Open(index));
-        const int total =
-            std::accumulate(counts.begin(), counts.end(), 0,
-                            [](int sum, const FamilyCount& count) { return sum + count.sections; });
-        families = static_cast<int>(counts.size());
-        sections = total;
-        remark = RemarkOn(total);
+        const sections::Catalogue catalogue = folder.Open(number);
+        families = static_cast<int>(catalogue.families().size());
+        sections = static_cast<int>(catalogue.size());
+        remark = RemarkOn(catalogue.size());
     });
-    return {index,
-            SectionDBInterface::m_saCountryName[index],
-            SectionDBInterface::m_saSectionFile[index],
-            families,
-            sections,
-            remark};
+    const SectionCatalogue& catalogue = *FindCatalogue(number);
+    return {number, catalogue.name, catalogue.stem, families, sections, remark};
 }
 
-Table SectionTable(const OpenCatalogue& open, const SectionFamily& family) {
+/// The sections of all families that have the family's table.
+Table SectionTable(const sections::Catalogue& catalogue, const sections::Family& wanted) {
     Table table({{"name"}, {"programName"}});
-    VisitRows(open, family, " ORDER BY 1", [&](const CSectionRecordset& rows) {
-        table.rows.push_back({TextAt(rows, NameColumn), TextAt(rows, VessaNameColumn)});
-    });
+    for (const sections::Family& family : catalogue.families())
+        if (family.name() == wanted.name())
+            for (const sections::Section& section : family.sections())
+                table.rows.push_back({section.name(), section.programName()});
     return table;
 }
 
@@ -50,21 +43,22 @@ class List : public Command {
     }
 
     void Run() const override {
-        m_catalogues.Apply();
+        const CatalogueFolder folder = m_catalogues.Folder();
         if (m_catalogue.empty()) {
-            ListCatalogues();
+            ListCatalogues(folder);
             return;
         }
-        const OpenCatalogue open = Open(FindCatalogue(m_catalogue));
-        Print(m_family.empty() ? FamilyTable(open) : SectionTable(open, FindFamily(open, m_family)),
+        const sections::Catalogue catalogue = folder.Open(sections::Library::numberOf(m_catalogue));
+        Print(m_family.empty() ? FamilyTable(catalogue)
+                               : SectionTable(catalogue, FindFamily(catalogue, m_family)),
               m_form.Form());
     }
 
-    void ListCatalogues() const {
+    void ListCatalogues(const CatalogueFolder& folder) const {
         CatalogueFaults faults;
         Table table({{"number"}, {"name"}, {"file"}, {"families"}, {"sections"}, {"remark"}});
-        for (int index = 1; index <= LastCatalogueIndex; ++index)
-            table.rows.push_back(CatalogueRow(index, faults));
+        for (int number = 1; number <= LastCatalogueIndex; ++number)
+            table.rows.push_back(CatalogueRow(folder, number, faults));
         Print(table, m_form.Form());
         faults.ThrowIfAny();
     }

@@ -1,7 +1,5 @@
 #include "commands/Options.h"
 
-#include "interface/SectionDBInterface.h"
-
 namespace dbsection {
 
 void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning) {
@@ -21,10 +19,8 @@ void CatalogueOptions::Declare(CLI::App& app) {
     DeclarePassword(app, m_password, "Password of the catalogue files");
 }
 
-void CatalogueOptions::Apply() const {
-    if (!m_folder.empty())
-        SectionDBInterface::SetProfileDBFolder(CString(m_folder + '\\'));
-    SetPassword(m_password);
+CatalogueFolder CatalogueOptions::Folder() const {
+    return {m_folder, ReadPassword(m_password, PasswordUse::Existing)};
 }
 
 void FormOptions::Declare(CLI::App& app) {

@@ -1,6 +1,7 @@
 // Options that several commands take.
 #pragma once
 
+#include "files/CatalogueFolder.h"
 #include "files/Password.h"
 #include "output/Table.h"
 #include "output/UnitLabels.h"
@@ -18,8 +19,7 @@ class CatalogueOptions {
 public:
     void Declare(CLI::App& app);
 
-    /// Has the library use them.
-    void Apply() const;
+    CatalogueFolder Folder() const;
 
 private:
     std::string m_folder;

@@ -1,31 +1,27 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
-#include "dataaccess/Handles.h"
 #include "files/LibraryFailure.h"
 #include "files/SectionColumns.h"
-#include "output/Messages.h"
-#include "sources/CsvTable.h"
-
 #include "interface/SectionDBInterface.h"
+#include "interface/Selection.h"
+#include "output/Messages.h"
 #include "platform/Text.h"
+#include "sources/CsvTable.h"
 
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
-#include <limits>
-#include <memory>
+#include <iterator>
 #include <optional>
+#include <set>
 
 namespace dbsection {
 namespace {
 
-/// The table of a family, and what its columns are in the chosen unit.
+/// A family, and what its columns are in the chosen unit.
 struct SectionTable {
-    const OpenCatalogue& open;
-    const SectionFamily& family;
+    sections::Family family;
     std::vector<SectionColumn> columns;
-
-    const SectionColumn& At(int column) const { return columns[static_cast<std::size_t>(column)]; }
 };
 
 std::vector<std::string> Split(const std::string& text, char separator) {
@@ -39,24 +35,24 @@ std::vector<std::string> Split(const std::string& text, char separator) {
 }
 
 /// The number of the column that a person named.
-int FindColumn(const SectionTable& table, const std::string& field) {
+std::size_t FindColumn(const SectionTable& table, const std::string& field) {
     if (EqualNoCase(field, "name"))
         return VessaNameColumn;
     std::string known = "name";
-    for (int i = 0; i < std::ssize(table.columns); ++i) {
-        const std::string& name = table.At(i).name;
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        const std::string& name = table.columns[i].name;
         if (EqualNoCase(name, field))
             return i;
         if (i >= BookkeepingColumns)
             known += ", " + name;
     }
     throw CommandError(fmt::format("There is no field \"{}\" in the family {}; the fields are {}.",
-                                   field, table.family.table, known));
+                                   field, table.family.name(), known));
 }
 
 /// Bounds of a column in the chosen unit, both inclusive.
 struct Range {
-    int column;
+    std::size_t column;
     double low;
     double high;
 
@@ -77,28 +73,28 @@ Range ParseRange(const SectionTable& table, const std::string& text) {
     if (*low > *high)
         throw UsageError(fmt::format(
             "The range \"{}\" is empty: its lower bound is above the upper one.", text));
-    const int column = FindColumn(table, parts[0]);
-    if (table.At(column).isText)
+    const std::size_t column = FindColumn(table, parts[0]);
+    if (table.columns[column].isText)
         throw UsageError(
             fmt::format("The range \"{}\" is of a field of texts; give one of numbers.", text));
     return {column, *low, *high};
 }
 
-/// Sort keys as the queries take them. The last one keeps the catalogue's order among equals.
-std::unique_ptr<int[][2]> ParseSort(const SectionTable& table, const std::string& text) {
-    const auto fields = text.empty() ? std::vector<std::string>() : Split(text, ',');
-    auto keys = std::make_unique<int[][2]>(fields.size() + 2);
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        const auto parts = Split(fields[i], ':');
+struct SortKey {
+    std::size_t column;
+    bool isDescending;
+};
+
+std::vector<SortKey> ParseSort(const SectionTable& table, const std::string& text) {
+    std::vector<SortKey> keys;
+    for (const std::string& field : text.empty() ? std::vector<std::string>() : Split(text, ',')) {
+        const auto parts = Split(field, ':');
         const bool isDescending = parts.size() == 2 && EqualNoCase(parts[1], "desc");
         if (parts.size() > 1 && !isDescending)
             throw UsageError(fmt::format(
-                "\"{}\" is no order; give FIELD, or FIELD:desc for the largest first.", fields[i]));
-        keys[i][0] = FindColumn(table, parts[0]);
-        keys[i][1] = isDescending ? 1 : 0;
+                "\"{}\" is no order; give FIELD, or FIELD:desc for the largest first.", field));
+        keys.push_back({FindColumn(table, parts[0]), isDescending});
     }
-    keys[fields.size()][0] = IdentifierColumn;
-    keys[fields.size() + 1][0] = -1;
     return keys;
 }
 
@@ -113,7 +109,7 @@ struct Wanted {
 struct Criteria {
     std::string prefix;
     std::optional<Range> range;
-    std::unique_ptr<int[][2]> keys;
+    std::vector<SortKey> keys;
 };
 
 Criteria ParseCriteria(const SectionTable& table, const Wanted& wanted) {
@@ -127,68 +123,53 @@ Criteria ParseCriteria(const SectionTable& table, const Wanted& wanted) {
     return criteria;
 }
 
-/// The nearest bound of a range query in a direction. The query writes single-precision bounds with
-/// six decimals, which may lie on either side of the number.
-float BoundTowards(double direction, double bound) {
-    constexpr double Decimals = 1e-6;
-    constexpr double BeyondAnyFigure = 1e30;
-    const double outside =
-        std::clamp(bound + direction * Decimals, -BeyondAnyFigure, BeyondAnyFigure);
-    return std::nextafter(static_cast<float>(outside),
-                          static_cast<float>(direction) * std::numeric_limits<float>::max());
-}
-
-/// Opens at least the rows that meet the criteria, sorted: by the prefix where there is one, or
-/// else by the range.
-void Query(const SectionTable& table, const Criteria& criteria, RecordsetHandle& rows) {
-    const int catalogue = table.open.index;
-    const int type = table.family.sectionType;
-    const auto* keys = criteria.keys.get();
-    ForgetFailure();
-    if (!criteria.prefix.empty()) {
-        SectionDBInterface::GetLikeSortedSectionRecords(
-            catalogue, type, keys, criteria.prefix.c_str(), &gblSectionDatabase, rows.Address());
-    } else if (criteria.range) {
-        const auto& [column, low, high] = *criteria.range;
-        const double unit = table.At(column).factor;
-        SectionDBInterface::GetRangeSortedSectionRecords(
-            catalogue, type, keys, column, BoundTowards(+1, high / unit),
-            BoundTowards(-1, low / unit), &gblSectionDatabase, rows.Address());
-    } else {
-        SectionDBInterface::GetSortedSectionRecords(catalogue, type, keys, &gblSectionDatabase,
-                                                    rows.Address());
-    }
-    if (rows.Get() == nullptr)
-        throw CommandError(
-            fmt::format("Table \"{}\" cannot be read: {}.", table.family.table, ReasonOfFailure()));
-}
-
-/// Whether the current row is asked for: a prefix is meant letter by letter, where the query takes
-/// "%" and "_" for any letters.
-bool Meets(const Criteria& criteria, const SectionTable& table, const CSectionRecordset& rows) {
-    const std::string name = TextAt(rows, VessaNameColumn);
+bool Meets(const Criteria& criteria, const SectionTable& table, const sections::Section& section) {
+    const std::string_view name = section.programName();
     if (!EqualNoCase(name.substr(0, criteria.prefix.size()), criteria.prefix))
         return false;
     if (!criteria.range)
         return true;
-    const int column = criteria.range->column;
-    const Table::Cell cell = CellAt(rows, column, table.At(column));
+    const Table::Cell cell = CellAt(section, table.columns, criteria.range->column);
     const auto* figure = std::get_if<Figure>(&cell);
     return figure != nullptr && criteria.range->Holds(figure->Value());
 }
 
-Table Collect(const SectionTable& table, const Criteria& criteria, CSectionRecordset& rows) {
-    Table selected;
-    for (int i = NameColumn; i < std::ssize(table.columns); ++i)
-        selected.columns.push_back({table.At(i).name, table.At(i).unit});
-    for (; !rows.IsEOF(); rows.MoveNext()) {
-        if (!Meets(criteria, table, rows))
-            continue;
-        Table::Row& row = selected.rows.emplace_back();
-        for (int i = NameColumn; i < std::ssize(table.columns); ++i)
-            row.push_back(CellAt(rows, i, table.At(i)));
+/// Whether a section stands before another one. What is not known stands before all else.
+bool Precedes(const sections::Section& left, const sections::Section& right,
+              const SectionTable& table, std::span<const SortKey> keys) {
+    for (const auto& [column, isDescending] : keys) {
+        const Table::Cell a = CellAt(left, table.columns, column);
+        const Table::Cell b = CellAt(right, table.columns, column);
+        if (a != b)
+            return isDescending ? b < a : a < b;
     }
-    return selected;
+    return false;
+}
+
+/// The record numbers that the user's selection leaves of a family; nothing where it leaves all.
+std::optional<std::set<std::int64_t>> SelectionOf(const sections::Family& family) {
+    CDWordArray numbers;
+    AskLibrary([&] {
+        return ReadSelection(family.catalogue().number(), CString(family.name()), numbers);
+    });
+    const DWORD first = numbers.GetAt(0);
+    if (first == SectionDBInterface::EverySection)
+        return std::nullopt;
+    return std::set<std::int64_t>(numbers.begin(), numbers.end());
+}
+
+std::vector<sections::Section> Choose(const SectionTable& table, const Criteria& criteria) {
+    const auto selection = SelectionOf(table.family);
+    std::vector<sections::Section> chosen;
+    std::ranges::copy_if(table.family.sections(), std::back_inserter(chosen),
+                         [&](const sections::Section& section) {
+                             return (!selection || selection->contains(section.recordNumber())) &&
+                                    Meets(criteria, table, section);
+                         });
+    std::ranges::stable_sort(chosen, [&](const auto& left, const auto& right) {
+        return Precedes(left, right, table, criteria.keys);
+    });
+    return chosen;
 }
 
 class Select : public Command {
@@ -206,23 +187,16 @@ class Select : public Command {
     }
 
     void Run() const override {
-        m_catalogues.Apply();
         const UnitChoice units = m_units.Choice();
-        const OpenCatalogue open = Open(FindCatalogue(m_catalogue));
-        const SectionFamily& family = FindFamily(open, m_family);
-        if (!HasSectionTable(family))
+        const sections::Catalogue catalogue =
+            m_catalogues.Folder().Open(sections::Library::numberOf(m_catalogue));
+        const sections::Family family = FindFamily(catalogue, m_family);
+        if (family.layout() == LayoutId::Joist || family.layout() == LayoutId::JoistGirder)
             throw CommandError(fmt::format("The family {} holds joists, which are chosen by span "
                                            "and load; name a catalogue of sections.",
-                                           family.table));
-        const SectionTable table{open, family, ReadColumns(open, family, units)};
-        const Criteria criteria = ParseCriteria(table, m_wanted);
-        Table selected;
-        ReadTable(family, [&] {
-            RecordsetHandle rows;
-            Query(table, criteria, rows);
-            selected = Collect(table, criteria, *rows);
-        });
-        Print(selected, m_form.Form());
+                                           family.name()));
+        const SectionTable table{family, ColumnsOf(family, units)};
+        Print(TableOf(Choose(table, ParseCriteria(table, m_wanted)), table.columns), m_form.Form());
     }
 
     std::string m_catalogue;

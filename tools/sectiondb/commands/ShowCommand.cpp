@@ -1,37 +1,27 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
 #include "files/SectionColumns.h"
-#include "interface/SectionDBInterface.h"
 #include "output/Messages.h"
-#include "platform/Text.h"
+#include "records/CatalogueList.h"
 
 #include <fmt/format.h>
 
 namespace dbsection {
 namespace {
 
-const char* MeaningOf(LayoutId layout, std::string_view column) {
-    for (const LayoutColumn& candidate : GetSectionLayout(layout).columns)
-        if (EqualNoCase(candidate.name, column))
-            return candidate.meaning;
-    return "";
-}
-
-Table TableOf(const char* catalogue, const SectionFamily& family, const CSectionRecordset& rows,
-              const std::vector<SectionColumn>& columns) {
-    const std::string name = TextAt(rows, NameColumn);
+Table TableOf(const char* catalogue, const sections::Section& section, const UnitChoice& units) {
+    const std::string& family = section.family().name();
     Table table({{"column"}, {"value"}, {"unit"}, {"meaning"}});
-    table.subject = {fmt::format("{} ({}, {})", name, catalogue, family.table),
+    table.subject = {fmt::format("{} ({}, {})", section.name(), catalogue, family),
                      {{"catalogue", catalogue},
-                      {"table", family.table},
-                      {"name", name},
-                      {"programName", TextAt(rows, VessaNameColumn)}},
+                      {"table", family},
+                      {"name", section.name()},
+                      {"programName", section.programName()}},
                      "properties"};
-    for (int i = BookkeepingColumns; i < std::ssize(columns); ++i) {
-        const SectionColumn& column = columns[static_cast<std::size_t>(i)];
-        table.rows.push_back({column.name, CellAt(rows, i, column), column.unit,
-                              MeaningOf(family.layout, column.name)});
-    }
+    const std::vector<SectionColumn> columns = ColumnsOf(section.family(), units);
+    for (std::size_t i = BookkeepingColumns; i < columns.size(); ++i)
+        table.rows.push_back(
+            {columns[i].name, CellAt(section, columns, i), columns[i].unit, columns[i].meaning});
     return table;
 }
 
@@ -46,22 +36,17 @@ class Show : public Command {
     }
 
     void Run() const override {
-        m_catalogues.Apply();
         const UnitChoice units = m_units.Choice();
-        const int index = FindCatalogue(m_catalogue);
-        const char* catalogue = SectionDBInterface::m_saCountryName[index];
-        const OpenCatalogue open = Open(index);
-        std::vector<Table> sections; // a name may stand in several families
-        VisitSections(open, m_name,
-                      [&](const SectionFamily& family, const CSectionRecordset& rows) {
-                          const auto columns = ReadColumns(open, family, units);
-                          sections.push_back(TableOf(catalogue, family, rows, columns));
-                      });
-        if (sections.empty())
+        const int number = sections::Library::numberOf(m_catalogue);
+        const char* catalogue = FindCatalogue(number)->name;
+        std::vector<Table> found; // a name may stand in several families
+        for (const sections::Section& section : m_catalogues.Folder().Open(number).findAll(m_name))
+            found.push_back(TableOf(catalogue, section, units));
+        if (found.empty())
             throw CommandError(fmt::format("There is no section \"{}\" in the catalogue {}; "
                                            "\"sectiondb list {} FAMILY\" prints the names.",
-                                           m_name, catalogue, index));
-        Print(sections, m_form.Form());
+                                           m_name, catalogue, number));
+        Print(found, m_form.Form());
     }
 
     std::string m_catalogue;

@@ -1,23 +1,9 @@
 #include "commands/Command.h"
 #include "commands/UserSection.h"
-#include "records/SectionNames.h"
-
-#include <algorithm>
-#include <fmt/format.h>
+#include "files/CatalogueFolder.h"
 
 namespace dbsection {
 namespace {
-
-double FreeIdentifier(const UserTable& table) {
-    double last = 0;
-    for (const UserTable::Row& row : table.Rows())
-        last = std::max(last, row.id);
-    if (last >= UserTable::LastIdentifier)
-        throw table.Error(fmt::format("its last record number is {}, and no section can be added "
-                                      "beyond {}; begin another file.",
-                                      last, UserTable::LastIdentifier));
-    return last + 1;
-}
 
 class UserAdd : public Command {
     void Declare(CLI::App& app) override {
@@ -26,16 +12,17 @@ class UserAdd : public Command {
     }
 
     void Run() const override {
-        SetPassword(m_file.password);
-        UserFile file(m_file.path, UserFile::Purpose::Change);
-        const UserTable table(file, m_section.family);
-        const UserTable::Row row{FreeIdentifier(table), m_section.name,
-                                 m_section.vessaName.empty() ? VessaNameOf(m_section.name)
-                                                             : m_section.vessaName,
-                                 RequireAll(table, ParseValues(table, m_section.values))};
-        table.Add(row);
-        file.Commit();
-        Print(TableOf(table, {row}), TableForm::Text);
+        sections::Change change = m_file.File().change();
+        const sections::Family family = FindFamily(change.read(), m_section.family);
+        const sections::Draft draft{.name = m_section.name,
+                                    .programName = m_section.vessaName,
+                                    .figures = ParseValues(family, m_section.values)};
+        RequireAll(family, draft.figures);
+        RequireVessaName(draft);
+        const std::int64_t number = change.add(family.name(), draft);
+        const sections::Catalogue changed = change.read();
+        change.commit();
+        PrintSection(changed.family(family.name()), number);
     }
 
     UserFileOptions m_file;

@@ -3,6 +3,7 @@
 #include "files/CatalogueBuilder.h"
 #include "interface/SectionDBInterface.h"
 #include "output/Escapes.h"
+#include "records/CatalogueList.h"
 
 #include <fmt/format.h>
 
@@ -10,12 +11,12 @@ namespace dbsection {
 namespace {
 
 /// The empty tables of a kind of files.
-CatalogueSource SourceOf(const UserFileKind& kind, const UnitSystem& units) {
+CatalogueSource SourceOf(const SectionCatalogue& kind, const UnitSystem& units) {
     SectionDBInterface::InitSectionDBInterface();
     const auto& catalogue = dynamic_cast<const CatalogueSectionDB&>(
         *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(kind.index)));
     CatalogueSource source;
-    source.title = kind.title;
+    source.title = kind.name;
     source.standard = "None";
     source.sourceNote = "The user's own sections";
     source.units = &units;
@@ -35,7 +36,8 @@ class UserCreate : public Command {
         if (units == nullptr)
             throw UsageError(
                 fmt::format("\"{}\" is no system of units; give metric or US.", m_units));
-        const CatalogueSource source = SourceOf(KindOf(m_isGeneric), *units);
+        const CatalogueSource source =
+            SourceOf(*FindCatalogue(m_isGeneric ? GenericTableIndex : UserTableIndex), *units);
         const std::string password = ReadPassword(m_file.password, PasswordUse::New);
         BuildCatalogue(
             source, m_file.path, password, [] {}, Existing::Refuse);

@@ -2,6 +2,7 @@
 #include "commands/FamilyTable.h"
 #include "commands/Options.h"
 #include "commands/UserSection.h"
+#include "files/SectionColumns.h"
 
 namespace dbsection {
 namespace {
@@ -14,14 +15,15 @@ class UserList : public Command {
     }
 
     void Run() const override {
-        SetPassword(m_file.password);
-        const UserFile file(m_file.path, UserFile::Purpose::Read);
-        Print(m_family.empty() ? FamilyTable(file.Catalogue()) : SectionsOf(file), m_form.Form());
+        const sections::Catalogue catalogue = m_file.File().read();
+        Print(m_family.empty() ? FamilyTable(catalogue)
+                               : SectionsOf(FindFamily(catalogue, m_family)),
+              m_form.Form());
     }
 
-    Table SectionsOf(const UserFile& file) const {
-        const UserTable table(file, m_family);
-        return TableOf(table, table.Rows());
+    static Table SectionsOf(const sections::Family& family) {
+        const sections::Sections all = family.sections();
+        return TableOf(std::vector(all.begin(), all.end()), ColumnsOf(family));
     }
 
     UserFileOptions m_file;

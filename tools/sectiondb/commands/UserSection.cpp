@@ -1,20 +1,22 @@
 #include "commands/UserSection.h"
 
 #include "commands/Options.h"
+#include "files/SectionColumns.h"
 #include "platform/Text.h"
+#include "records/SectionNames.h"
 #include "sources/CsvTable.h"
+#include "units/UnitText.h"
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <string_view>
+#include <optional>
 
 namespace dbsection {
 namespace {
 
-bool MayBeZero(const LayoutColumn& column) {
+bool MayBeZero(const sections::Column& column) {
     return column.quantity == Quantity::Number || column.quantity == Quantity::Angle ||
-           column.quantity == Quantity::Warping ||
-           std::string_view(column.name) == "GAP"; // two angles may touch
+           column.quantity == Quantity::Warping || column.name == "GAP"; // two angles may touch
 }
 
 } // namespace
@@ -24,6 +26,10 @@ void UserFileOptions::Declare(CLI::App& app) {
     DeclarePassword(app, password, "Password of the file");
 }
 
+sections::UserFile UserFileOptions::File() const {
+    return sections::UserFile(path.string(), ReadPassword(password, PasswordUse::Existing));
+}
+
 void UserSectionOptions::Declare(CLI::App& app) {
     app.add_option("family", family, "Shape family, e.g. \"Wide Flange\"")->required();
     app.add_option("name", name, "Section name")->required();
@@ -31,58 +37,64 @@ void UserSectionOptions::Declare(CLI::App& app) {
     app.add_option("--vessa-name", vessaName, "The analysis program's name");
 }
 
-std::map<std::string, double> ParseValues(const UserTable& table,
-                                          const std::vector<std::string>& texts) {
-    std::map<std::string, double> values;
+CommandError TableError(const sections::Family& family, const std::string& fault) {
+    CommandError error(
+        fmt::format("{}: table \"{}\": {}", family.catalogue().path(), family.name(), fault));
+    return error;
+}
+
+Quantities ParseValues(const sections::Family& family, const std::vector<std::string>& texts) {
+    Quantities figures;
     for (const std::string& text : texts) {
         const std::size_t equals = text.find('=');
-        const std::string title = UpperCase(text.substr(0, equals));
-        const auto& properties = table.Properties();
-        const auto property = std::ranges::find_if(
-            properties, [&](const auto& candidate) { return candidate.column->name == title; });
-        if (property == properties.end())
-            throw table.Error(fmt::format("\"{}\" names none of its columns; \"sectiondb user list "
-                                          "FILE FAMILY\" prints them.",
-                                          text));
+        const std::string title = text.substr(0, equals);
+        const auto& columns = family.columns();
+        const auto column = std::ranges::find_if(columns, [&](const sections::Column& candidate) {
+            return candidate.quantity != Quantity::Text && EqualNoCase(candidate.name, title);
+        });
+        if (column == columns.end())
+            throw TableError(family, fmt::format("\"{}\" names none of its columns; \"sectiondb "
+                                                 "user list FILE FAMILY\" prints them.",
+                                                 text));
         const std::optional<double> value =
             equals == std::string::npos ? std::nullopt : ParseNumber(text.substr(equals + 1));
-        if (!value || *value < 0 || (*value == 0 && !MayBeZero(*property->column)))
-            throw table.Error(fmt::format("\"{}\": the {} must be a number above zero, in {}.",
-                                          text, property->column->meaning, property->unit));
-        if (!values.try_emplace(title, *value).second)
-            throw table.Error(fmt::format("\"{}\": {} is given twice.", text, title));
+        if (!value || *value < 0 || (*value == 0 && !MayBeZero(*column)))
+            throw TableError(family,
+                             fmt::format("\"{}\": the {} must be a number above zero, in {}.", text,
+                                         column->meaning, column->unit));
+        if (!figures.try_emplace(column->name, *value, column->unit).second)
+            throw TableError(family, fmt::format("\"{}\": {} is given twice.", text, column->name));
     }
-    return values;
+    return figures;
 }
 
-std::vector<std::optional<double>> RequireAll(const UserTable& table,
-                                              const std::map<std::string, double>& values) {
-    std::vector<std::optional<double>> all;
+void RequireAll(const sections::Family& family, const Quantities& figures) {
     std::string missing;
-    for (const auto& [column, unit] : table.Properties()) {
-        const auto place = values.find(column->name);
-        if (place == values.end())
-            missing += fmt::format("{}{} ({}, in {})", missing.empty() ? "" : ", ", column->name,
-                                   column->meaning, unit);
-        else
-            all.emplace_back(place->second);
+    for (const sections::Column& column : family.columns()) {
+        const bool isOfLayout = !column.meaning.empty();
+        if (isOfLayout && column.quantity != Quantity::Text && !figures.contains(column.name))
+            missing += fmt::format("{}{} ({}, in {})", missing.empty() ? "" : ", ", column.name,
+                                   column.meaning, column.unit);
     }
     if (!missing.empty())
-        throw table.Error("these values are missing: " + missing + ".");
-    return all;
+        throw TableError(family, "these values are missing: " + missing + ".");
 }
 
-Table TableOf(const UserTable& table, const std::vector<UserTable::Row>& rows) {
-    Table printed({{"Name"}, {"VessaName"}});
-    for (const auto& [column, unit] : table.Properties())
-        printed.columns.push_back({column->name, LabelOf(unit)});
-    for (const UserTable::Row& row : rows) {
-        Table::Row& cells = printed.rows.emplace_back();
-        cells = {row.name, row.vessaName};
-        for (const std::optional<double>& value : row.values)
-            cells.push_back(value ? Table::Cell(Figure{*value}) : Table::Cell());
-    }
-    return printed;
+void RequireVessaName(const sections::Draft& draft) {
+    if (!NameFault(draft.name).empty())
+        return;
+    const std::string name =
+        draft.programName.empty() ? VessaNameOf(draft.name) : draft.programName;
+    if (const std::string fault = VessaNameFault(name); !fault.empty())
+        throw CommandError(fmt::format(
+            "\"{}\" cannot be a section's VessaName: {}; choose another one with --vessa-name.",
+            name, fault));
+}
+
+void PrintSection(const sections::Family& family, std::int64_t recordNumber) {
+    const auto section =
+        std::ranges::find(family.sections(), recordNumber, &sections::Section::recordNumber);
+    Print(TableOf({{*section}}, ColumnsOf(family)), TableForm::Text);
 }
 
 } // namespace dbsection

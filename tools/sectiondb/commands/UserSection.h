@@ -2,13 +2,13 @@
 #pragma once
 
 #include "files/Password.h"
-#include "files/UserFile.h"
+#include "output/Messages.h"
 #include "output/Table.h"
+#include "sections/UserFile.h"
 
 #include <CLI/App.hpp>
 #include <filesystem>
 #include <map>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -20,6 +20,7 @@ struct UserFileOptions {
     PasswordSource password;
 
     void Declare(CLI::App& app);
+    sections::UserFile File() const;
 };
 
 /// A section as a person writes it.
@@ -32,14 +33,21 @@ struct UserSectionOptions {
     void Declare(CLI::App& app);
 };
 
-/// "COLUMN=VALUE" texts by column, which must be properties of the table. Throws CommandError.
-std::map<std::string, double> ParseValues(const UserTable& table,
-                                          const std::vector<std::string>& texts);
+/// An error of a table: path, table and what is wrong.
+CommandError TableError(const sections::Family& family, const std::string& fault);
 
-/// The values of all properties in order. Throws a CommandError of those that are missing.
-std::vector<std::optional<double>> RequireAll(const UserTable& table,
-                                              const std::map<std::string, double>& values);
+using Quantities = std::map<std::string, sections::Quantity, std::less<>>; ///< by column
 
-Table TableOf(const UserTable& table, const std::vector<UserTable::Row>& rows);
+/// "COLUMN=VALUE" texts, of which the columns must be of figures. Throws CommandError.
+Quantities ParseValues(const sections::Family& family, const std::vector<std::string>& texts);
+
+/// Throws a CommandError of the figures of the layout that are missing.
+void RequireAll(const sections::Family& family, const Quantities& figures);
+
+/// Throws a CommandError where a section of a possible name cannot have the VessaName.
+void RequireVessaName(const sections::Draft& draft);
+
+/// Prints the section of a record number.
+void PrintSection(const sections::Family& family, std::int64_t recordNumber);
 
 } // namespace dbsection

@@ -1,21 +1,23 @@
 #include "commands/Command.h"
 #include "commands/UserSection.h"
+#include "files/CatalogueFolder.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 
 namespace dbsection {
 namespace {
 
-using Row = UserTable::Row;
-
-Row FindRow(const UserTable& table, const std::string& name) {
-    const std::vector<Row> rows = table.Rows();
-    for (const auto kind : {&Row::name, &Row::vessaName}) // a public name goes before
-        for (const Row& row : rows)
-            if (EqualNoCase(row.*kind, name))
-                return row;
-    throw table.Error(fmt::format("there is no section \"{}\".", name));
+sections::Section FindSection(const sections::Family& family, const std::string& name) {
+    const sections::Sections all = family.sections();
+    const auto isNamed = [&name](const std::string& candidate) {
+        return EqualNoCase(candidate, name);
+    };
+    for (const auto names : {&sections::Section::name, &sections::Section::programName})
+        if (const auto place = std::ranges::find_if(all, isNamed, names); place != all.end())
+            return *place; // a public name goes before
+    throw TableError(family, fmt::format("there is no section \"{}\".", name));
 }
 
 class UserUpdate : public Command {
@@ -26,27 +28,21 @@ class UserUpdate : public Command {
     }
 
     void Run() const override {
-        SetPassword(m_file.password);
-        UserFile file(m_file.path, UserFile::Purpose::Change);
-        const UserTable table(file, m_section.family);
-        const Row row = Changed(table, FindRow(table, m_section.name));
-        table.Update(row);
-        file.Commit();
-        Print(TableOf(table, {row}), TableForm::Text);
-    }
-
-    /// The row with what is given in place of what it has.
-    Row Changed(const UserTable& table, Row row) const {
-        if (!m_newName.empty())
-            row.name = m_newName;
-        if (!m_section.vessaName.empty())
-            row.vessaName = m_section.vessaName;
-        auto values = ParseValues(table, m_section.values);
-        for (std::size_t i = 0; i < row.values.size(); ++i)
-            if (row.values[i])
-                values.try_emplace(table.Properties()[i].column->name, *row.values[i]);
-        row.values = RequireAll(table, values);
-        return row;
+        sections::Change change = m_file.File().change();
+        const sections::Family family = FindFamily(change.read(), m_section.family);
+        const sections::Section section = FindSection(family, m_section.name);
+        const sections::Draft draft{.name = m_newName,
+                                    .programName = m_section.vessaName,
+                                    .figures = ParseValues(family, m_section.values)};
+        Quantities figures = draft.figures;
+        for (const sections::Column& column : family.columns())
+            if (const auto kept = section.find(column.name))
+                figures.try_emplace(column.name, *kept);
+        RequireAll(family, figures);
+        change.update(section, draft);
+        const sections::Catalogue changed = change.read();
+        change.commit();
+        PrintSection(changed.family(family.name()), section.recordNumber());
     }
 
     UserFileOptions m_file;

@@ -1,6 +1,6 @@
 #include "files/Password.h"
 
-#include "interface/SectionDBInterface.h"
+#include "dataaccess/CSectionDatabase.h"
 #include "output/Messages.h"
 
 #include <array>
@@ -99,18 +99,8 @@ std::string ReadPassword(const PasswordSource& source, PasswordUse use) {
     return FirstLine(file, source.file);
 }
 
-void SetPassword(const PasswordSource& source) {
-    SectionDBInterface::SetSectionDBPassword(
-        ConnectText(ReadPassword(source, PasswordUse::Existing)).c_str());
-}
-
 std::string ConnectText(const std::string& password) {
-    if (!password.empty() && password.find_first_not_of(" \t;") == std::string::npos)
-        throw CommandError("A password of blanks protects nothing; choose another one.");
-    const bool hasEquals = password.find('=') != std::string::npos;
-    if (hasEquals && password.find(';') != std::string::npos)
-        throw CommandError(R"(A password cannot hold both "=" and ";"; choose another one.)");
-    return hasEquals ? ";PWD=" + password : password;
+    return std::string(CSectionDatabase::ConnectText(password).View());
 }
 
 } // namespace dbsection

@@ -20,10 +20,7 @@ enum class PasswordUse { Existing, New };
 /// existing files, is taken for new ones here. Throws CommandError.
 std::string ReadPassword(const PasswordSource& source, PasswordUse use);
 
-/// Makes that of existing files the library's.
-void SetPassword(const PasswordSource& source);
-
-/// The connect text that carries a password. Throws CommandError where none can.
+/// The connect text that carries a password. Throws CSectionException* where none can.
 std::string ConnectText(const std::string& password);
 
 } // namespace dbsection

@@ -1,36 +1,56 @@
 #include "files/SectionColumns.h"
 
+#include "records/SectionLayout.h"
+#include "units/UNIT.h"
+
 namespace dbsection {
 
-std::vector<SectionColumn> ReadColumns(const OpenCatalogue& open, const SectionFamily& family,
-                                       const UnitChoice& units) {
-    std::vector<std::string> stored = UnitsOf(open, family);
-    std::vector<SectionColumn> columns;
-    ReadTable(family, [&] {
-        CSectionTableDef table(open.database);
-        table.Open(family.table);
-        stored.resize(static_cast<std::size_t>(table.GetFieldCount()));
-        for (int i = 0; i < table.GetFieldCount(); ++i) {
-            CSectionFieldInfo field;
-            table.GetFieldInfo(i, field);
-            const bool isText =
-                field.m_nType == SectionField::Text || field.m_nType == SectionField::Memo;
-            const auto& [factor, unit] =
-                InChosenUnits(1, isText ? "" : stored[static_cast<std::size_t>(i)], units);
-            columns.push_back({std::string(field.m_strName.View()), unit, factor, isText});
-        }
-    });
-    RequireBookkeeping(open, family, static_cast<int>(columns.size()));
+std::vector<SectionColumn> ColumnsOf(const sections::Family& family, const UnitChoice& units) {
+    std::vector<SectionColumn> columns{
+        {.name = "RECNO"}, {.name = "Name", .isText = true}, {.name = "VessaName", .isText = true}};
+    for (const sections::Column& column : family.columns()) {
+        if (column.quantity == Quantity::Text)
+            columns.push_back({.name = column.name, .isText = true, .meaning = column.meaning});
+        else // by the factors of the façade
+            columns.push_back(
+                {column.name, LabelOf(column.unit, units),
+                 UNIT::ConvertUnitTo(1, CString(column.unit), units.force, units.length), false,
+                 column.meaning});
+    }
     return columns;
 }
 
-Table::Cell CellAt(const CSectionRecordset& rows, int index, const SectionColumn& column) {
-    const COleVariant value = rows.GetFieldValue(index);
-    if (value.vt == VT_NULL)
-        return {};
-    if (value.vt == VT_BSTR)
-        return std::string(value.strVal.View());
-    return Figure{NumberIn(value).value_or(0), column.factor};
+Table::Cell CellAt(const sections::Section& section, std::span<const SectionColumn> columns,
+                   std::size_t index) {
+    switch (index) {
+    case IdentifierColumn:
+        return Figure{static_cast<double>(section.recordNumber())};
+    case NameColumn:
+        return section.name();
+    case VessaNameColumn:
+        return section.programName();
+    default:
+        break;
+    }
+    const auto& [name, unit, factor, isText, meaning] = columns[index];
+    if (isText) {
+        const auto text = section.findText(name);
+        return text ? Table::Cell(std::string(*text)) : Table::Cell();
+    }
+    const auto quantity = section.find(name);
+    return quantity ? Table::Cell(Figure{quantity->figure(), factor}) : Table::Cell();
+}
+
+Table TableOf(std::span<const sections::Section> sections, std::span<const SectionColumn> columns) {
+    Table table;
+    for (const SectionColumn& column : columns.subspan(NameColumn))
+        table.columns.push_back({column.name, column.unit});
+    for (const sections::Section& section : sections) {
+        Table::Row& row = table.rows.emplace_back();
+        for (std::size_t i = NameColumn; i < columns.size(); ++i)
+            row.push_back(CellAt(section, columns, i));
+    }
+    return table;
 }
 
 } // namespace dbsection

@@ -1,10 +1,11 @@
-// The columns of a table of sections, and what stands in them, in the units that a person chose.
+// The columns of a family, and what stands in them, in the units that a person chose.
 #pragma once
 
-#include "files/CatalogueAccess.h"
 #include "output/Table.h"
-#include "output/UnitLabels.h"
+#include "sections/Catalogue.h"
+#include "units/UnitText.h"
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -12,16 +13,20 @@ namespace dbsection {
 
 struct SectionColumn {
     std::string name;
-    std::string unit; ///< in which its figures are printed; empty for texts and plain numbers
-    double factor;    ///< of the stored unit in that one
-    bool isText;
+    std::string unit = {}; ///< in which its figures are printed; empty for texts and plain numbers
+    double factor = 1;     ///< of the stored unit in that one
+    bool isText = false;
+    std::string meaning = {};
 };
 
-/// Those of a family in the order of its table, bookkeeping included. Throws CommandError.
-std::vector<SectionColumn> ReadColumns(const OpenCatalogue& open, const SectionFamily& family,
-                                       const UnitChoice& units);
+/// Those of a family in the order of its table, bookkeeping included.
+std::vector<SectionColumn> ColumnsOf(const sections::Family& family, const UnitChoice& units = {});
 
-/// What the current row holds in a column.
-Table::Cell CellAt(const CSectionRecordset& rows, int index, const SectionColumn& column);
+/// What a section has in a column, the index of which is that of the table.
+Table::Cell CellAt(const sections::Section& section, std::span<const SectionColumn> columns,
+                   std::size_t index);
+
+/// Sections of one family: their names and properties.
+Table TableOf(std::span<const sections::Section> sections, std::span<const SectionColumn> columns);
 
 } // namespace dbsection

@@ -2,6 +2,7 @@
 // with those that identify the figure that is stored.
 #pragma once
 
+#include <compare>
 #include <string>
 
 namespace dbsection {
@@ -12,6 +13,8 @@ struct Figure {
     double factor = 1;
 
     double Value() const { return stored * factor; }
+
+    auto operator<=>(const Figure&) const = default;
 };
 
 /// For a person. A stored figure has the digits that it is published with; a converted one has a

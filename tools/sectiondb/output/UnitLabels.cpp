@@ -1,7 +1,6 @@
 #include "output/UnitLabels.h"
 
 #include "output/Messages.h"
-#include "units/UNIT.h"
 
 #include <fmt/format.h>
 
@@ -27,11 +26,6 @@ unsigned int Choose(unsigned int first, unsigned int last, const std::string& na
 UnitChoice ChooseUnits(const std::string& length, const std::string& force) {
     return {Choose(UnitId::Inch, UnitId::Kilometre, length, "length"),
             Choose(UnitId::Kip, UnitId::Meganewton, force, "force")};
-}
-
-LabelledValue InChosenUnits(double value, std::string_view stored, const UnitChoice& choice) {
-    return {UNIT::ConvertUnitTo(value, CString(stored), choice.force, choice.length),
-            LabelOf(stored, choice)};
 }
 
 } // namespace dbsection

@@ -1,0 +1,79 @@
+#include "files/CatalogueFolder.h"
+
+#include "files/LibraryFailure.h"
+#include "interface/SectionDBInterface.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+#include "records/CatalogueList.h"
+#include "sections/Error.h"
+
+#include <fmt/format.h>
+#include <utility>
+#include <vector>
+
+namespace dbsection {
+
+CatalogueFolder::CatalogueFolder(const std::string& folder, std::string password)
+    : m_password(std::move(password)) {
+    if (!folder.empty())
+        SectionDBInterface::SetProfileDBFolder(CString(folder + '\\'));
+}
+
+std::string CatalogueFolder::Path() const {
+    return NativePath(SectionDBInterface::GetDatabaseDirectoryName().View());
+}
+
+std::string CatalogueFolder::FileOf(int number) const {
+    const CString path =
+        AskLibrary([&] { return SectionDBInterface::GetDatabaseFileName(number); });
+    return NativePath(path.View());
+}
+
+sections::Catalogue CatalogueFolder::Open(int number) const {
+    const std::string path = FileOf(number);
+    if (!path.empty())
+        return sections::Catalogue::read(path, number, m_password);
+    const char* stem = FindCatalogue(number)->stem;
+    if (SectionDBInterface::IsCustomized(number) != 0)
+        throw CommandError(fmt::format(
+            "The settings file replaces {}.db3 by a file that there is not; mend its section "
+            "\"CustomDBNames\", or put that file into the folder.",
+            stem));
+    throw CommandError(fmt::format(
+        "{}.db3 is not in the folder \"{}\"; build it there, or name its folder with --folder.",
+        stem, Path()));
+}
+
+sections::Family FindFamily(const sections::Catalogue& catalogue, const std::string& name) {
+    const std::string firstWords = name + " ";
+    std::vector<sections::Family> beginning;
+    for (const sections::Family& family : catalogue.families()) {
+        if (EqualNoCase(family.name(), name))
+            return family;
+        if (EqualNoCase(family.name().substr(0, firstWords.size()), firstWords))
+            beginning.push_back(family);
+    }
+    return beginning.size() == 1 ? beginning.front() : catalogue.family(name);
+}
+
+bool CatalogueFaults::Try(const std::function<void()>& visit) {
+    std::string fault;
+    try {
+        visit();
+        return true;
+    } catch (const CommandError& error) {
+        fault = error.what();
+    } catch (const sections::Error& error) {
+        fault = error.what();
+    }
+    if (m_faults.find(fault) == std::string::npos) // one settings file may keep all from being read
+        m_faults += (m_faults.empty() ? "" : "\n") + fault;
+    return false;
+}
+
+void CatalogueFaults::ThrowIfAny() const {
+    if (!m_faults.empty())
+        throw CommandError(m_faults);
+}
+
+} // namespace dbsection

@@ -1,0 +1,49 @@
+// The folder of the catalogue files, as the settings see it.
+#pragma once
+
+#include "output/Messages.h"
+#include "sections/Library.h"
+
+#include <functional>
+#include <string>
+
+namespace dbsection {
+
+/// The settings may put another file in the place of a catalogue's, in the folder or beside them.
+class CatalogueFolder {
+public:
+    /// An empty folder means that of SECTIONDB_FOLDER, an empty password that of
+    /// SECTIONDB_PASSWORD.
+    CatalogueFolder(const std::string& folder, std::string password);
+
+    std::string Path() const;
+
+    /// The path of a catalogue's file, empty where there is none. Throws CommandError where this
+    /// cannot be told.
+    std::string FileOf(int number) const;
+
+    /// Throws CommandError where there is no file, and sections::Error.
+    sections::Catalogue Open(int number) const;
+
+private:
+    std::string m_password;
+};
+
+/// The family of a catalogue that a person named, by its whole name or by its first words where no
+/// other begins so ("W" for "W Shape"). Throws CommandError, naming the families.
+sections::Family FindFamily(const sections::Catalogue& catalogue, const std::string& name);
+
+/// What was wrong with single catalogues in a walk over all of them, which goes on without those.
+class CatalogueFaults {
+public:
+    /// Runs `visit`, which throws where a catalogue is at fault. Returns whether it did not.
+    bool Try(const std::function<void()>& visit);
+
+    /// Throws a CommandError of all faults, if any.
+    void ThrowIfAny() const;
+
+private:
+    std::string m_faults;
+};
+
+} // namespace dbsection
