@@ -3,7 +3,7 @@ add_library(dbsection_warnings INTERFACE)
 target_compile_options(dbsection_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wformat=2 -Werror)
-if(DBSECTION_SANITIZE)
+if(DBSECTION_SANITIZE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # The instrumented standard library's <regex> trips it falsely.
   target_compile_options(dbsection_warnings INTERFACE -Wno-maybe-uninitialized)
 endif()
