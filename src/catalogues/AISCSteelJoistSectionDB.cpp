@@ -15,7 +15,6 @@ using dbsection::WholeNumber;
 
 namespace {
 
-constexpr int FirstSeries = 1;
 constexpr int GirderSeries = 5;
 
 constexpr std::array SeriesNames{"K Series", "KCS Series", "LH Series", "DLH Series",

@@ -87,7 +87,7 @@ std::vector<double> ThinWalls::SectorialAreas(Point pole) const {
 
 ThinWalls::Sectorial ThinWalls::Solve() const {
     const Point centroid = Centroid();
-    const auto sectorial = [this](const std::vector<double>& areas) {
+    const auto sectorial = [](const std::vector<double>& areas) {
         return [&areas](const Wall& wall, double share, Point) {
             return Between(areas[static_cast<std::size_t>(wall.from)],
                            areas[static_cast<std::size_t>(wall.to)], share);

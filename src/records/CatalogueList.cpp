@@ -8,7 +8,6 @@ namespace {
 // Densities in kg/m^3.
 constexpr double Steel = 7851.535;
 constexpr double Aluminium = 2712.6; // 0.098 lb/in^3
-constexpr double Unknown = 0;
 
 constexpr ShapeType::Code ShapeOf(LayoutId layout) {
     constexpr std::array shapes{
