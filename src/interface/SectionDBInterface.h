@@ -29,6 +29,7 @@
 #include "platform/CString.h"
 #include "platform/Collections.h"
 #include "platform/Export.h"
+#include "records/CatalogueList.h"
 #include "records/CatalogueRecords.h"
 
 #include <vector>

@@ -35,6 +35,7 @@ constexpr std::array Catalogues{
 #include "records/Catalogues.def"
 };
 static_assert(std::ranges::is_sorted(Catalogues, {}, &SectionCatalogue::index));
+static_assert(Catalogues[LastCatalogueIndex - 1].index == LastCatalogueIndex);
 
 } // namespace
 

@@ -17,7 +17,7 @@ inline constexpr int SteelJoistIndex = 21;
 inline constexpr int UserTableIndex = 1001;
 inline constexpr int GenericTableIndex = 1010;
 
-/// The number of the catalogues that are counted from 1.
+/// The last one of those that are counted from 1: all but those whose file the user names.
 inline constexpr int LastCatalogueIndex = 0
 #define SECTION_CATALOGUE(index, Class, Record, stem, name, density) +1
 #define SECTION_PERSONAL_CATALOGUE(index, Class, Record, title, density)

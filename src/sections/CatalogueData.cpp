@@ -5,6 +5,7 @@
 #include "dataaccess/CSectionException.h"
 #include "dataaccess/CSectionRecordset.h"
 #include "dataaccess/DatabaseTransaction.h"
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "sections/Failures.h"
 #include "units/UnitText.h"
@@ -241,8 +242,8 @@ private:
     }
 
     static void readRow(const CSectionRecordset& rows, FamilyData& data) {
-        data.recordNumbers.push_back(
-            static_cast<std::int64_t>(dbsection::AsNumber(rows.GetFieldValue(IdentifierColumn))));
+        data.recordNumbers.push_back(dbsection::WholeNumber<std::int64_t>(
+            dbsection::AsNumber(rows.GetFieldValue(IdentifierColumn))));
         data.names.push_back(textAt(rows, NameColumn));
         data.programNames.push_back(textAt(rows, VessaNameColumn));
         int place = BookkeepingColumns;
