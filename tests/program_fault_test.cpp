@@ -11,7 +11,8 @@ namespace {
 class ProgramFaultTest : public FacadeTest {
 protected:
     Outcome On(const std::string& arguments) const {
-        return Program(arguments + " --folder " + m_folder.Path());
+        return Shell("cd " + m_folder.Path() + "; " + Quote(SECTIONDB_PROGRAM) + " " + arguments +
+                     " --folder " + m_folder.Path());
     }
 
     /// A small American catalogue, and one row of W shapes more for each of `sections`.
@@ -32,7 +33,8 @@ constexpr const char* Commands[] = {"list",
                                     "show American W12X26 --json",
                                     "select American W",
                                     "select American W --json --length mm",
-                                    "find W12X26"};
+                                    "find W12X26",
+                                    "page American --output page.html"};
 
 TEST_F(ProgramFaultTest, BusyDamagedForeignAndMissingAreToldApart) {
     using Spoil = std::function<void()>;

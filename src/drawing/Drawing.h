@@ -65,6 +65,9 @@ DBSECTION_API Drawing DrawSection(const Outline& outline, const Legend& legend);
 /// stands in (`currentColor`), a group a layer.
 DBSECTION_API std::string Svg(const Drawing& drawing);
 
+/// The data of an SVG path of the outline alone.
+DBSECTION_API std::string SvgPath(const Outline& outline);
+
 /// As a file of CAD programs: Drawing Exchange Format of release 12, in mm, arcs as arcs.
 DBSECTION_API std::string Dxf(const Drawing& drawing);
 

@@ -47,17 +47,6 @@ std::string EdgeTo(Point from, Point to, double bulge) {
     return "A" + radius + " " + radius + " 0 " + large + sweep + At(to);
 }
 
-std::string PathOf(const Outline& outline) {
-    std::string path;
-    for (const Outline::Loop& loop : outline.Loops()) {
-        path += "M" + At(loop.front().at);
-        for (std::size_t i = 0; i < loop.size(); ++i)
-            path += EdgeTo(loop[i].at, loop[(i + 1) % loop.size()].at, loop[i].bulge);
-        path += "Z";
-    }
-    return path;
-}
-
 std::string LineElement(const DrawnLine& line) {
     return "<line" + Attribute("x1", line.from.z) + Attribute("y1", -line.from.y) +
            Attribute("x2", line.to.z) + Attribute("y2", -line.to.y) + "/>\n";
@@ -75,19 +64,30 @@ std::string TextElement(const DrawnText& text) {
 
 } // namespace
 
+std::string SvgPath(const Outline& outline) {
+    std::string path;
+    for (const Outline::Loop& loop : outline.Loops()) {
+        path += "M" + At(loop.front().at);
+        for (std::size_t i = 0; i < loop.size(); ++i)
+            path += EdgeTo(loop[i].at, loop[(i + 1) % loop.size()].at, loop[i].bulge);
+        path += "Z";
+    }
+    return path;
+}
+
 std::string Svg(const Drawing& drawing) {
     const Extent& extent = drawing.extent;
     const double width = extent.high.z - extent.low.z;
     const double height = extent.high.y - extent.low.y;
     const double stroke = std::max(width, height) / 600;
-    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"" +
+    std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox=")" +
                       At({extent.low.z, extent.high.y}) + " " + DrawnNumber(width) + " " +
                       DrawnNumber(height) +
-                      "\" fill=\"currentColor\" stroke=\"none\" font-family=\"sans-serif\"" +
+                      R"(" fill="currentColor" stroke="none" font-family="sans-serif")" +
                       Attribute("stroke-width", stroke) + ">\n";
     svg += "<g id=\"OUTLINE\" fill-opacity=\"0.25\" fill-rule=\"evenodd\" stroke=\"currentColor\">"
            "<path d=\"" +
-           PathOf(drawing.outline) + "\"/></g>\n";
+           SvgPath(drawing.outline) + "\"/></g>\n";
     for (const Layer layer : {Layer::Axes, Layer::Dimensions, Layer::Text}) {
         svg += "<g id=\"" + std::string(NameOf(layer)) + "\">\n<g stroke=\"currentColor\"";
         if (layer == Layer::Axes)

@@ -10,8 +10,6 @@
 #include "sources/CatalogueSource.h"
 
 #include <fmt/format.h>
-#include <fstream>
-#include <string_view>
 
 namespace dbsection {
 namespace {
@@ -23,19 +21,12 @@ std::size_t CountRows(const CatalogueSource& source) {
     return rows;
 }
 
-bool IsPlain(const std::filesystem::path& file) {
-    constexpr std::string_view Beginning = "SQLite format 3";
-    std::string bytes(Beginning.size(), '\0');
-    std::ifstream(file, std::ios::binary).read(bytes.data(), std::ssize(bytes));
-    return bytes == Beginning;
-}
-
 /// Opens a protected file of the folder, where there is one of that password: the new files then
 /// share its salt, and whoever opens them all derives one key.
 void OpenOneOf(const std::filesystem::path& folder, const std::string& password) {
     const std::string connect = ConnectText(password);
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-        if (entry.path().extension() != ".db3" || IsPlain(entry.path()))
+        if (entry.path().extension() != ".db3" || !IsProtected(entry.path()))
             continue;
         try {
             CSectionDatabase().Open(entry.path().c_str(), 0, 1, connect.c_str());

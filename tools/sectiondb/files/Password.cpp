@@ -11,6 +11,7 @@
 #include <fstream>
 #include <iostream>
 #include <istream>
+#include <string_view>
 #include <termios.h>
 #include <unistd.h>
 
@@ -101,6 +102,13 @@ std::string ReadPassword(const PasswordSource& source, PasswordUse use) {
 
 std::string ConnectText(const std::string& password) {
     return std::string(CSectionDatabase::ConnectText(password).View());
+}
+
+bool IsProtected(const std::filesystem::path& file) {
+    constexpr std::string_view PlainBeginning = "SQLite format 3";
+    std::string bytes(PlainBeginning.size(), '\0');
+    std::ifstream(file, std::ios::binary).read(bytes.data(), std::ssize(bytes));
+    return bytes != PlainBeginning;
 }
 
 } // namespace dbsection

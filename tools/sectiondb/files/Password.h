@@ -1,6 +1,7 @@
 // Passwords, as a person gives them.
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -22,5 +23,8 @@ std::string ReadPassword(const PasswordSource& source, PasswordUse use);
 
 /// The connect text that carries a password. Throws CSectionException* where none can.
 std::string ConnectText(const std::string& password);
+
+/// Whether a database file is protected by a password.
+bool IsProtected(const std::filesystem::path& file);
 
 } // namespace dbsection

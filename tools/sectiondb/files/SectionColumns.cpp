@@ -5,17 +5,19 @@
 
 namespace dbsection {
 
+PrintedUnit InChosenUnits(const std::string& stored, const UnitChoice& choice) {
+    // by the factors of the façade
+    return {LabelOf(stored, choice),
+            UNIT::ConvertUnitTo(1, CString(stored), choice.force, choice.length)};
+}
+
 std::vector<SectionColumn> ColumnsOf(const sections::Family& family, const UnitChoice& units) {
     std::vector<SectionColumn> columns{
         {.name = "RECNO"}, {.name = "Name", .isText = true}, {.name = "VessaName", .isText = true}};
     for (const sections::Column& column : family.columns()) {
-        if (column.quantity == Quantity::Text)
-            columns.push_back({.name = column.name, .isText = true, .meaning = column.meaning});
-        else // by the factors of the façade
-            columns.push_back(
-                {column.name, LabelOf(column.unit, units),
-                 UNIT::ConvertUnitTo(1, CString(column.unit), units.force, units.length), false,
-                 column.meaning});
+        const bool isText = column.quantity == Quantity::Text;
+        const auto& [label, factor] = InChosenUnits(isText ? "" : column.unit, units);
+        columns.push_back({column.name, label, factor, isText, column.meaning});
     }
     return columns;
 }

@@ -11,6 +11,15 @@
 
 namespace dbsection {
 
+/// A unit in which figures are printed.
+struct PrintedUnit {
+    std::string label; ///< empty for texts and plain numbers
+    double factor;     ///< of the stored unit in it
+};
+
+/// In the chosen units what is stored in the unit `stored`, e.g. "INCHES^2".
+PrintedUnit InChosenUnits(const std::string& stored, const UnitChoice& choice);
+
 struct SectionColumn {
     std::string name;
     std::string unit = {}; ///< in which its figures are printed; empty for texts and plain numbers

@@ -1,6 +1,7 @@
 // Tables as JSON.
 #include "output/CellText.h"
 #include "output/Escapes.h"
+#include "output/JsonList.h"
 
 namespace dbsection {
 namespace {
@@ -8,29 +9,12 @@ namespace {
 constexpr CellWriter Writer{"null", JsonText,
                             [](const Figure& figure) { return ExactText(figure, "null"); }};
 
-/// Members or elements, one after another.
-class JsonList {
-public:
-    void Add(const std::string& item) {
-        m_text += m_separator + item;
-        m_separator = ", ";
-    }
-    void AddMember(const std::string& name, const std::string& value) {
-        Add(JsonText(name) + ": " + value);
-    }
-    const std::string& Text() const { return m_text; }
-
-private:
-    std::string m_text;
-    const char* m_separator = "";
-};
-
 std::string UnitsOf(const Table& table) {
     JsonList units;
     for (const Table::Column& column : table.columns)
         if (!column.unit.empty())
             units.AddMember(column.name, JsonText(column.unit));
-    return '{' + units.Text() + '}';
+    return units.Object();
 }
 
 /// An array of its own lines, at a depth of indentation.
@@ -53,7 +37,7 @@ std::string RowsOf(const Table& table, const std::string& indent) {
             members.AddMember(table.columns[i].name, CellText(row[i], Writer));
         if (!units.empty())
             members.AddMember("units", units);
-        rows.push_back('{' + members.Text() + '}');
+        rows.push_back(members.Object());
     }
     return ArrayOf(rows, indent);
 }
@@ -63,7 +47,7 @@ std::string ObjectOf(const Table& table, const std::string& indent) {
     for (const auto& [name, value] : table.subject.facts)
         members.AddMember(name, JsonText(value));
     members.AddMember(table.subject.rows, RowsOf(table, indent));
-    return '{' + members.Text() + '}';
+    return members.Object();
 }
 
 } // namespace

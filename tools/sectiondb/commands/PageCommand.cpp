@@ -1,0 +1,97 @@
+#include "commands/Command.h"
+#include "commands/Options.h"
+#include "output/Escapes.h"
+#include "output/Messages.h"
+#include "output/Progress.h"
+#include "page/Page.h"
+#include "page/PageData.h"
+#include "platform/FileSystem.h"
+#include "records/CatalogueList.h"
+
+#include <fmt/format.h>
+#include <set>
+#include <system_error>
+
+namespace dbsection {
+namespace {
+
+/// Of another ending may be a catalogue, which a slip must not replace.
+void RequirePageName(const std::string& path) {
+    if (!path.ends_with(".html"))
+        throw UsageError(fmt::format("{}: the name of a page ends with .html.", path));
+}
+
+void Write(const std::string& path, std::string_view page) {
+    if (const int error = ReplaceFile(path.c_str(), page); error != 0)
+        throw CommandError(fmt::format("{}: the page cannot be written: {}; name another file.",
+                                       path, std::generic_category().message(error)));
+}
+
+class Page : public Command {
+    void Declare(CLI::App& app) override {
+        app.add_option("catalogues", m_names,
+                       "Numbers, file stems or names (default: all of the folder)")
+            ->option_text("CATALOGUE ...");
+        app.add_option("-o,--output", m_output, "Name of the page")
+            ->option_text("FILE.html")
+            ->required();
+        m_catalogues.Declare(app);
+    }
+
+    void Run() const override {
+        RequirePageName(m_output);
+        const std::vector<sections::Catalogue> catalogues = Open(m_catalogues.Folder());
+        std::size_t size = 0;
+        for (const sections::Catalogue& catalogue : catalogues)
+            size += catalogue.size();
+        Write(m_output, PageOf(DataOf(catalogues, size)));
+        fmt::print("{}: {} catalogues, {} sections\n", PlainText(m_output), catalogues.size(),
+                   size);
+    }
+
+    /// Those that were named, or all; without those that hold no section.
+    std::vector<sections::Catalogue> Open(const CatalogueFolder& folder) const {
+        std::set<int> numbers;
+        for (const std::string& name : m_names)
+            numbers.insert(sections::Library::numberOf(name));
+        for (int number = 1; m_names.empty() && number <= LastCatalogueIndex; ++number)
+            if (!folder.FileOf(number).empty())
+                numbers.insert(number);
+        std::vector<sections::Catalogue> catalogues;
+        for (const int number : numbers)
+            if (const auto catalogue = folder.Open(number); catalogue.size() > 0)
+                catalogues.push_back(catalogue);
+        if (catalogues.empty())
+            throw CommandError(fmt::format("There are no sections for the page in the folder "
+                                           "\"{}\"; \"sectiondb list\" tells what it holds.",
+                                           folder.Path()));
+        return catalogues;
+    }
+
+    static std::string DataOf(const std::vector<sections::Catalogue>& catalogues,
+                              std::size_t size) {
+        Progress progress("page", size);
+        PageData data([&] { progress.Advance(); });
+        std::string opened;
+        for (const sections::Catalogue& catalogue : catalogues) {
+            const bool isProtected = IsProtected(catalogue.path());
+            data.Add(catalogue, isProtected);
+            if (isProtected)
+                opened += (opened.empty() ? "" : ", ") + catalogue.name();
+        }
+        if (!opened.empty())
+            Tell(fmt::format("The page is not protected: without a password it shows what was "
+                             "protected by one ({}).",
+                             opened));
+        return data.Json();
+    }
+
+    std::vector<std::string> m_names;
+    std::string m_output;
+    CatalogueOptions m_catalogues;
+};
+
+const CommandEntry entry("page", "Write a page of all sections for browsers", Make<Page>);
+
+} // namespace
+} // namespace dbsection
