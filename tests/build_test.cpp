@@ -105,12 +105,12 @@ TEST_F(BuildTest, KeepsTheModeAndFollowsALink) {
     std::filesystem::create_directory(m_folder.File("real"));
     std::filesystem::rename(m_file, m_folder.File("real/a.db3"));
     std::filesystem::create_symlink("real/a.db3", m_file);
-    m_sources.Write("Pipe.csv", "Name,VessaName,OD,T,AX\nTEXT,TEXT,MM,MM,CM^2\n"
-                                "P100,PIP100,100,10,28.2\n");
+    m_sources.Write("families/pipes.csv", "Name,VessaName,OD,T,AX\nTEXT,TEXT,MM,MM,CM^2\n"
+                                          "P100,PIP100,100,10,28.27\n");
     EXPECT_EQ(Build().status, 0);
     EXPECT_TRUE(std::filesystem::is_symlink(m_file));
     EXPECT_EQ(Mode(), 0600U);
-    EXPECT_EQ(Area(), "28.2");
+    EXPECT_EQ(Area(), "28.27");
 
     ::chmod(m_file.c_str(), 0444);
     const std::string before = ReadFile(m_file);
@@ -133,7 +133,7 @@ TEST_F(BuildTest, StoresAChecksumOfEachTable) {
     ASSERT_EQ(Open(db, m_file), 1);
     const std::string stored = TextAt(Rows(db, "Select * From [DBInfo]"), 5);
     EXPECT_NE(stored.find(pipe + "  Pipe\n"), std::string::npos) << stored;
-    EXPECT_EQ(std::ranges::count(stored, '\n'), 6); // five families and the units
+    EXPECT_EQ(std::ranges::count(stored, '\n'), 11); // five tables, their units, and their origins
     EXPECT_EQ(stored, dbsection::ChecksumsOf(*db));
     Rows rows(db, "Select * From [Pipe]");
     rows->Edit();

@@ -62,7 +62,7 @@ protected:
         aluminium.Open(File("AluminumSections.db3").c_str(), 0, 0, "");
         CSectionRecordset rows(&aluminium);
         rows.Open(CSectionRecordset::Table, "Alloy");
-        int number = 0;
+        int number = 1000; // beyond those that are built
         const auto add = [&](const char* product, double lower, double upper, double welded) {
             const std::vector<COleVariant> values{COleVariant(++number),
                                                   COleVariant("6061"),
@@ -134,7 +134,7 @@ TEST_F(MaterialQueryTest, FindsTheStrengthsOfAProductAndThickness) {
     EXPECT_EQ(Strengths(3, 0, 1).names, "6061");
     EXPECT_EQ(Strengths(4, 0, 1), (Result{{}, "none"})); // no such product
     CDWordArray selection;
-    selection.Add(2); // the thicker extrusions
+    selection.Add(1002); // the thicker extrusions
     Facade::SetDBIFileName(File("selections.dbi").c_str());
     Facade::SaveUserSelectedSections(Aluminium, Alloy, selection);
     EXPECT_EQ(Strengths(1, 0, 0.5F).names, "6061");

@@ -48,6 +48,13 @@ constexpr Exception Exceptions[] = {
      "L140X90X12 L200X100X14 L200X100X16",
      "MajorRadius MinorRadius",
      "the printed radii do not follow from the printed moments of inertia"},
+    {"L250X250X17 L250X250X18 L250X250X19 L250X250X20 L250X250X21 L250X250X22 L250X250X23 "
+     "L250X250X24 L250X250X26 L250X250X27",
+     "MajorModulus MinorModulus", "the printed moduli follow from a toe radius of 13 mm, not 9 mm"},
+    {"L120X120X8 L150X150X18", "MajorModulus MinorModulus",
+     "the British moduli follow from a toe radius of 4.8 mm"},
+    {"HL1100A HL1100B", "MajorModulus",
+     "the printed moduli follow from a root radius of 30 mm, the areas from 20 mm"},
 };
 
 /// Whether a list separated by blanks has an item.

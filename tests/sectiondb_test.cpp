@@ -62,17 +62,19 @@ TEST(BuildCommand, GivesTheSameBytesFromTheSameSources) {
 TEST(BuildCommand, LeavesTheEarlierFileWhenADigitOfASourceIsWrong) {
     const TempFolder output;
     const TempFolder data;
-    const std::string source = data.File("AISCSections");
-    std::filesystem::copy(SECTIONDB_DATA_DIR "/AISCSections", source);
-    ASSERT_EQ(Program("build " + source + " -o " + output.Path()).status, 0);
+    std::filesystem::copy(SECTIONDB_DATA_DIR, data.Path(),
+                          std::filesystem::copy_options::recursive);
+    const std::string build = "build " + data.File("AISCSections") + " -o " + output.Path();
+    ASSERT_EQ(Program(build).status, 0);
     const std::string before = ReadFile(output.File("AISCSections.db3"));
 
-    std::string table = ReadFile(source + "/W Shape.csv");
-    table.replace(table.find(",38700,"), 7, ",37700,");
-    WriteFile(source + "/W Shape.csv", table);
-    const Outcome outcome = Program("build " + source + " -o " + output.Path());
+    const std::string family = data.File("families/aisc-w.csv");
+    std::string table = ReadFile(family);
+    table.replace(table.find(",38700,"), 7, ",37800,");
+    WriteFile(family, table);
+    const Outcome outcome = Program(build);
     EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.output.find("W Shape.csv:3: column IZ: \"37700\": 2."), std::string::npos)
+    EXPECT_NE(outcome.output.find("aisc-w.csv:3: column IZ: \"37800\": 2."), std::string::npos)
         << outcome.output;
     EXPECT_EQ(ReadFile(output.File("AISCSections.db3")), before);
     EXPECT_EQ(output.Count(), 1);

@@ -59,8 +59,12 @@ void SetFields(CSectionRecordset& row, WORD id, const SECTIONINFO& section, Layo
         const bool isText = column.quantity == Quantity::Text;
         if (isText && text != section.Texts.end())
             row.SetFieldValue(field, *text++);
-        if (!isText && value != section.Values.end())
-            row.SetFieldValue(field, COleVariant(*value++));
+        if (!isText && value != section.Values.end()) {
+            // A strength of 0 is one that is not published.
+            const bool isKnown = *value != 0 || column.quantity != Quantity::Stress;
+            row.SetFieldValue(field, isKnown ? COleVariant(*value) : COleVariant::Null());
+            ++value;
+        }
         ++field;
     }
 }

@@ -38,12 +38,12 @@ private:
 void CopyColumns(const SectionRecord& row, LayoutId layout, SECTIONINFO& info) {
     int column = BookkeepingColumns;
     std::size_t kept = 0;
-    for (const auto& [name, quantity, meaning, isAdded] : GetSectionLayout(layout).columns) {
-        if (quantity == Quantity::Text) {
+    for (const LayoutColumn& kind : GetSectionLayout(layout).columns) {
+        if (kind.quantity == Quantity::Text) {
             info.Texts.push_back(row.Text(column));
         } else {
             info.Values.push_back(row.Number(column));
-            if (!isAdded || row.IsKept(column))
+            if (!kind.isAdded || row.IsKept(column))
                 kept = info.Values.size();
         }
         ++column;

@@ -10,6 +10,7 @@ namespace {
 struct Property {
     Quantity quantity;
     const char* meaning;
+    bool mayBeZero = false;
 };
 
 using enum Quantity;
@@ -33,7 +34,7 @@ constexpr Property ShorterLeg{Length, "shorter leg"};
 constexpr Property LegThickness{Length, "leg thickness"};
 constexpr Property LegsAlongGap{Length, "legs along the gap"};
 constexpr Property OutstandingLegs{Length, "outstanding legs"};
-constexpr Property GapWidth{Length, "gap between the angles, 0 where they touch"};
+constexpr Property GapWidth{Length, "gap between the angles, 0 where they touch", true};
 constexpr Property BulbWidth{Length, "bulb width beyond the web"};
 constexpr Property BulbRadius{Length, "bulb radius"};
 constexpr Property BendRadius{Length, "inside bend radius"};
@@ -94,7 +95,7 @@ constexpr Property ShearUltimate{Stress, "shear ultimate strength"};
 
 constexpr Property RootBeam{Text, "beam that it is cut from"};
 constexpr Property ProductForm{Text, "product form"};
-constexpr Property LeastThickness{Length, "least thickness"};
+constexpr Property LeastThickness{Length, "least thickness, 0 where there is none", true};
 constexpr Property GreatestThickness{Length, "greatest thickness"};
 constexpr Property IsWelded{Number, "welded (1) or not (0)"};
 constexpr Property IsAlclad{Number, "alclad (1) or not (0)"};
@@ -106,7 +107,7 @@ constexpr Property JoistSpacing{Length, "joist spacing"};
 constexpr Property PanelPointLoad{Number, "load at each panel point"};
 
 constexpr LayoutColumn Column(const char* name, const Property& property, bool isAdded = false) {
-    return {name, property.quantity, property.meaning, isAdded};
+    return {name, property.quantity, property.meaning, isAdded, property.mayBeZero};
 }
 
 #define SECTION_LAYOUT(id, name, shape) constexpr std::array id##Columns {

@@ -44,7 +44,11 @@ struct LayoutColumn {
     const char* name;
     Quantity quantity;
     const char* meaning;
-    bool isAdded = false; ///< since layout version 1: a table may lack it, and a row its value
+    bool isAdded = false;   ///< since layout version 1: a table may lack it, and a row its value
+    bool mayBeZero = false; ///< no other length, nor a power of one, is 0 in a section
+
+    /// Whether a row may keep nothing here: no standard publishes every strength.
+    bool MayBeNull() const { return isAdded || quantity == Quantity::Stress; }
 };
 
 enum class LayoutId : std::uint8_t {

@@ -82,9 +82,9 @@ void CompareWithPlainReader(const std::string& text) {
 
 const std::string& Sources() {
     static const std::string folder = [] {
-        std::string path = fuzz::Folder().File("VenezuelanSections");
-        std::filesystem::create_directory(path);
-        return path;
+        for (const char* name : {"/VenezuelanSections", "/families"})
+            std::filesystem::create_directory(fuzz::Folder().Path() + name);
+        return fuzz::Folder().Path();
     }();
     return folder;
 }
@@ -95,12 +95,15 @@ struct Source {
 };
 
 constexpr Source Whole[] = {
-    {"Pipe.csv", "Name,VessaName,OD,T,AX\nTEXT,TEXT,MM,MM,CM^2\nP100,PIP100,100,10,28.3\n"},
-    {"_catalogue.csv", "Key,Value\nTitle,Pipes\nStandard,ASME B36.10M\nSource,a note\n"
-                       "Units,metric\n"},
-    {"_tables.csv", "Table,Geometry,Parameters\nPipe,round tube,\n"},
-    {"_tolerances.csv", "Table,Column,Percent\nPipe,AX,1\n"},
-    {"_exceptions.csv", "Table,Name,Column,Reason\n"},
+    {"families/pipes.csv",
+     "Name,VessaName,Alias,OD,T,AX\nTEXT,TEXT,TEXT,MM,MM,CM^2\nP100,PIP100,~P 100,100,10,28.3\n"},
+    {"families/_families.csv", "Family,Geometry,Parameters,Standard,Remark,NameSizes\n"
+                               "pipes,round tube,,ASME B36.10M,a pipe,OD\n"},
+    {"families/_tolerances.csv", "Family,Column,Percent,Reason\n"},
+    {"families/_exceptions.csv", "Family,Name,Column,Percent,Reason\n"},
+    {"families/_corrections.csv", "Family,Name,Column,Printed,Kept,Reason\n"},
+    {"VenezuelanSections/_catalogue.csv", "Key,Value\nTitle,Pipes\nSource,a note\nUnits,metric\n"},
+    {"VenezuelanSections/_tables.csv", "Table,Families\nPipe,pipes\n"},
 };
 
 } // namespace
@@ -113,7 +116,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
         testsupport::WriteFile(Sources() + "/" + source.name,
                                replaced == source.name ? input : source.text);
     try {
-        dbsection::CatalogueSource::Load(Sources());
+        dbsection::CatalogueSource::Load(Sources() + "/VenezuelanSections");
     } catch (const dbsection::SourceError&) {
         return 0; // refused, with its reason
     }

@@ -14,13 +14,6 @@
 namespace dbsection {
 namespace {
 
-std::size_t CountRows(const CatalogueSource& source) {
-    std::size_t rows = 0;
-    for (const SourceTable& table : source.tables)
-        rows += table.rows.size();
-    return rows;
-}
-
 /// Opens a protected file of the folder, where there is one of that password: the new files then
 /// share its salt, and whoever opens them all derives one key.
 void OpenOneOf(const std::filesystem::path& folder, const std::string& password) {
@@ -37,22 +30,23 @@ void OpenOneOf(const std::filesystem::path& folder, const std::string& password)
     }
 }
 
-void BuildOne(const std::filesystem::path& folder, const std::filesystem::path& output,
-              const std::string& password) {
-    const CatalogueSource source = CatalogueSource::Load(folder);
-    const std::size_t rows = CountRows(source);
+void BuildOne(const std::filesystem::path& folder, SourceLibrary& library,
+              const std::filesystem::path& output, const std::string& password) {
+    const CatalogueSource source = CatalogueSource::Load(folder, library);
+    const std::size_t sections = source.CountSections();
     const auto path = output / (source.stem + ".db3");
     {
-        Progress progress(source.stem, rows);
+        Progress progress(source.stem, sections);
         BuildCatalogue(source, path, password, [&] { progress.Advance(); });
     }
     fmt::print("{}: {} tables, {} sections{}\n", PlainText(path.string()), source.tables.size(),
-               rows, password.empty() ? "" : ", protected");
+               sections, password.empty() ? "" : ", protected");
 }
 
 class Build : public Command {
     void Declare(CLI::App& app) override {
-        app.add_option("sources", m_sources, "Source folders, one per catalogue")->required();
+        app.add_option("sources", m_sources, "Folders of catalogues, or of all of them")
+            ->required();
         app.add_option("-o,--output", m_output, "Folder of the catalogue files")->required();
         DeclarePassword(app, m_password, "Password to protect the files");
     }
@@ -66,8 +60,9 @@ class Build : public Command {
                                            error.message()));
         if (!password.empty())
             OpenOneOf(m_output, password);
-        for (const auto& folder : m_sources)
-            BuildOne(folder, m_output, password);
+        SourceLibrary library;
+        for (const auto& folder : CatalogueFolders(m_sources))
+            BuildOne(folder, library, m_output, password);
     }
 
     std::vector<std::filesystem::path> m_sources;

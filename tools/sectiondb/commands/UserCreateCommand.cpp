@@ -19,8 +19,8 @@ CatalogueSource SourceOf(const SectionCatalogue& kind, const UnitSystem& units) 
     source.title = kind.name;
     source.standard = "None";
     source.sourceNote = "The user's own sections";
-    source.units = &units;
-    source.tables = MakeEmptyTables(catalogue, units);
+    source.tables =
+        MakeEmptyTables(catalogue, [&units](Quantity quantity) { return UnitOf(quantity, units); });
     return source;
 }
 

@@ -32,7 +32,9 @@ public:
         target.TakeOverPermissions();
         m_workspace.BeginTrans();
         for (const SourceTable& table : m_source.tables)
-            WriteTable(table);
+            WriteTable(table, m_advance);
+        for (const SourceTable& table : m_source.hidden)
+            WriteTable(table, [] {});
         WriteFieldUnits();
         WriteInformation();
         m_workspace.CommitTrans();
@@ -52,7 +54,7 @@ private:
                               isUnique);
     }
 
-    void WriteTable(const SourceTable& table) {
+    void WriteTable(const SourceTable& table, const std::function<void()>& advance) {
         std::vector<CSectionFieldInfo> fields;
         for (const SourceColumn& column : table.columns) {
             fields.push_back(MakeField(column.name, column.type, column.isRequired));
@@ -64,21 +66,20 @@ private:
         CSectionRecordset rows(&m_database);
         rows.Open(CSectionRecordset::Table, table.name.c_str());
         for (const SourceRow& row : table.rows) {
-            WriteRow(rows, row);
-            m_advance();
+            WriteRow(rows, row, table.columns.front().isIdentifier ? 1 : 0);
+            advance();
         }
     }
 
-    static void WriteRow(CSectionRecordset& rows, const SourceRow& row) {
+    /// `first` is the column of the row's first value.
+    static void WriteRow(CSectionRecordset& rows, const SourceRow& row, int first) {
         rows.AddNew();
-        rows.SetFieldValue(1, row.name.c_str());
-        rows.SetFieldValue(2, row.vessaName.c_str());
-        int column = BookkeepingColumns;
-        for (const SourceValue& value : row.values) {
+        int column = first;
+        for (const SourceValue& value : row) {
             if (const auto* number = std::get_if<double>(&value))
                 rows.SetFieldValue(column, COleVariant(*number));
-            else
-                rows.SetFieldValue(column, std::get<std::string>(value).c_str());
+            else if (const auto* text = std::get_if<std::string>(&value))
+                rows.SetFieldValue(column, text->c_str());
             ++column;
         }
         rows.Update();
@@ -117,20 +118,26 @@ private:
                                       {"SourceHash", m_source.sourceHash}};
         // What follows from text sources stays as it is: a later change shows.
         const std::string checksums = m_source.sourceHash.empty() ? "" : ChecksumsOf(m_database);
+        const std::vector<Item> texts{{"Checksums", checksums}, {"Figures", m_source.figures}};
         std::vector<CSectionFieldInfo> fields;
-        fields.reserve(items.size() + 1);
+        fields.reserve(items.size() + texts.size());
         for (const Item& item : items)
             fields.push_back(MakeField(item.column, SectionField::Text, true));
-        fields.push_back(MakeField("Checksums", SectionField::Memo, false));
+        for (const Item& text : texts)
+            fields.push_back(MakeField(text.column, SectionField::Memo, false));
         CreateTable("DBInfo", fields);
 
         CSectionRecordset rows(&m_database);
         rows.Open(CSectionRecordset::Table, "DBInfo");
         rows.AddNew();
-        for (std::size_t i = 0; i < items.size(); ++i)
-            rows.SetFieldValue(static_cast<int>(i), items[i].value.c_str());
-        if (!checksums.empty())
-            rows.SetFieldValue(static_cast<int>(items.size()), checksums.c_str());
+        int column = 0;
+        for (const Item& item : items)
+            rows.SetFieldValue(column++, item.value.c_str());
+        for (const Item& text : texts) {
+            if (!text.value.empty())
+                rows.SetFieldValue(column, text.value.c_str());
+            ++column;
+        }
         rows.Update();
     }
 

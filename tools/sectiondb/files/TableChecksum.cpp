@@ -43,10 +43,13 @@ std::string ChecksumOf(CSectionDatabase& database, const std::string& table) {
 
 std::string ChecksumsOf(CSectionDatabase& database) {
     std::string lines;
-    for (const CString& table : database.GetUserTableNames())
-        if (table != "DBInfo")
-            lines += fmt::format("{}  {}\n", ChecksumOf(database, std::string(table.View())),
-                                 table.View());
+    for (int index = 0; index < database.GetTableDefCount(); ++index) {
+        CSectionTableDefInfo info;
+        database.GetTableDefInfo(index, info);
+        const std::string table(info.m_strName.View());
+        if ((info.m_lAttributes & SystemTableBits) == 0 && table != "DBInfo")
+            lines += fmt::format("{}  {}\n", ChecksumOf(database, table), table);
+    }
     return lines;
 }
 

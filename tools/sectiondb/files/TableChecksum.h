@@ -11,8 +11,8 @@ namespace dbsection {
 /// its rows in stored order. Throws CException* where it cannot be read.
 std::string ChecksumOf(CSectionDatabase& database, const std::string& table);
 
-/// Those of all tables but "DBInfo", which keeps them: for each table a line, its checksum, two
-/// blanks and its name.
+/// Those of all tables but "DBInfo", which keeps them, hidden ones included: for each table a line,
+/// its checksum, two blanks and its name.
 std::string ChecksumsOf(CSectionDatabase& database);
 
 } // namespace dbsection

@@ -1,160 +1,205 @@
 #include "sources/CatalogueSource.h"
 
 #include "files/Sha256.h"
-#include "interface/SectionDBInterface.h"
-#include "sources/SourceTableReader.h"
+#include "records/SectionNames.h"
+#include "sources/Provenance.h"
+#include "sources/SectionNameIndex.h"
+#include "sources/SourceLibrary.h"
+#include "sources/TablePlans.h"
+#include "units/UnitText.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
+#include <array>
+#include <charconv>
 #include <map>
-#include <set>
-#include <sstream>
-#include <utility>
 
 namespace dbsection {
-
 namespace {
 
-/// Reads the texts of a folder, each once; their hash follows the order of reading.
-class SourceFolder {
-public:
-    explicit SourceFolder(std::filesystem::path path) : m_path(std::move(path)) {}
+// Computed figures have as many digits as published ones at most do; converted ones lose none.
+constexpr int ComputedDigits = 5;
+constexpr int ConvertedDigits = 6;
 
-    bool Has(const std::string& name) const { return std::filesystem::exists(m_path / name); }
+double Rounded(double value, int digits) {
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                   std::chars_format::general, digits);
+    return *ParseNumber({text.data(), end.ptr});
+}
 
-    CsvTable Read(const std::string& name) {
-        const std::string path = (m_path / name).string();
-        std::ifstream file(path, std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(file), {}};
-        if (!file)
-            throw SourceError({path, 0, "", ""}, "the file cannot be read");
-        m_names.insert(name);
-        m_hash.Add(name + "\n" + std::to_string(text.size()) + "\n" + text);
-        return {path, text};
-    }
-
-    void RequireAllRead() const {
-        for (const auto& entry : std::filesystem::directory_iterator(m_path))
-            if (entry.path().extension() == ".csv" &&
-                !m_names.contains(entry.path().filename().string()))
-                throw SourceError({entry.path().string(), 0, "", ""},
-                                  "_tables.csv does not name this table");
-    }
-
-    std::string Hash() { return m_hash.Hex(); }
-
-private:
-    std::filesystem::path m_path;
-    std::set<std::string> m_names;
-    Sha256 m_hash;
+struct Titles {
+    std::string title;
+    std::string standard; ///< empty: what the families say
+    std::string sourceNote;
+    const UnitSystem* units = nullptr;
 };
 
-/// The value of each key, all of which must occur.
-void ReadTitles(const CsvTable& csv, CatalogueSource& source) {
+/// The value of each key: all must occur, but a catalogue with figures has no Standard of its own.
+Titles ReadTitles(const CsvTable& csv, bool hasFigures) {
+    Titles titles;
     std::string units;
-    std::map<std::string, std::string*> wanted{{"Title", &source.title},
-                                               {"Standard", &source.standard},
-                                               {"Source", &source.sourceNote},
-                                               {"Units", &units}};
+    std::map<std::string, std::string*> wanted{
+        {"Title", &titles.title}, {"Source", &titles.sourceNote}, {"Units", &units}};
+    if (!hasFigures)
+        wanted["Standard"] = &titles.standard;
     for (const CsvTable::Record& record : csv.Records()) {
         const auto place = wanted.find(csv.RequiredText(record, "Key"));
         if (place == wanted.end())
-            throw csv.Error(record, "Key", "not a key of a catalogue, or given twice");
+            throw csv.Error(record, "Key", "not a key of this catalogue, or given twice");
         *place->second = csv.RequiredText(record, "Value");
         wanted.erase(place);
     }
     if (!wanted.empty())
         throw csv.LineError(0, "the key " + wanted.begin()->first + " is missing");
-    source.units = FindUnitSystem(units);
-    if (source.units == nullptr)
+    titles.units = FindUnitSystem(units);
+    if (titles.units == nullptr)
         throw csv.LineError(0, "\"" + units + "\" is no system of units; give metric or US");
+    return titles;
 }
 
-/// The catalogue whose file has the stem; one with text sources is known by it.
-const CatalogueSectionDB& CatalogueOf(const std::string& stem, const std::string& path) {
-    SectionDBInterface::InitSectionDBInterface();
-    std::string known;
-    for (int index = 1; index <= LastCatalogueIndex; ++index) {
-        const std::string name = SectionDBInterface::m_saSectionFile[index];
-        if (name == stem)
-            return dynamic_cast<const CatalogueSectionDB&>(
-                *SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index)));
-        known += (known.empty() ? "" : ", ") + name;
+/// The standards of all families in their order, each once.
+std::string StandardsOf(const std::vector<TablePlan>& plans) {
+    std::vector<std::string> standards;
+    for (const TablePlan& plan : plans)
+        for (const SourceFamily* family : plan.families)
+            if (std::ranges::find(standards, family->standard) == standards.end())
+                standards.push_back(family->standard);
+    std::string text;
+    for (const std::string& standard : standards)
+        text += (text.empty() ? "" : "; ") + standard;
+    return text;
+}
+
+/// Names of a section in a catalogue.
+struct SectionNames {
+    std::string name;
+    std::string vessaName;
+    std::vector<SourceAlias> aliases;
+};
+
+/// Those of the family, or with an alias that begins with a word as the name.
+SectionNames NamesOf(const FamilyRow& row, const std::string& nameFrom, const std::string& file) {
+    if (nameFrom.empty())
+        return {row.name, row.vessaName, row.aliases};
+    const auto isName = [&](const SourceAlias& alias) {
+        return alias.name.starts_with(nameFrom + " ");
+    };
+    if (std::ranges::count_if(row.aliases, isName) != 1)
+        throw SourceError({file, 0, "", ""}, "the section " + row.name + " must have one alias \"" +
+                                                 nameFrom + " ...\"");
+    const std::string name = std::ranges::find_if(row.aliases, isName)->name;
+    SectionNames names{name, VessaNameOf(name), {{row.name, false}}};
+    std::ranges::copy_if(row.aliases, std::back_inserter(names.aliases),
+                         [&](const SourceAlias& alias) { return alias.name != name; });
+    return names;
+}
+
+/// Fills the tables of a catalogue from the families that they show.
+class TableFiller {
+public:
+    TableFiller(CatalogueSource& source, std::string file)
+        : m_source(source),
+          m_file(std::move(file)) {}
+
+    void Fill(const TablePlan& plan) {
+        SourceTable& table = *std::ranges::find(m_source.tables, plan.table, &SourceTable::name);
+        for (const SourceFamily* family : plan.families) {
+            for (const FamilyRow& row : family->rows)
+                AddRow(table, *family, row, plan.nameFrom);
+            m_source.figures += plan.table + ": " + DescribeFigures(*family) + "\n";
+        }
     }
-    throw SourceError({path, 0, "", ""},
-                      "the folder must have the file stem of a catalogue: " + known);
-}
 
-/// "slope=0 toe=0.4"; lengths in mm.
-Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
-                       const GeometryModel& model) {
-    Figures parameters;
-    std::istringstream words(csv.Text(record, "Parameters"));
-    for (std::string word; words >> word;) {
-        const std::size_t equals = std::min(word.find('='), word.size() - 1);
-        const std::string name = word.substr(0, equals);
-        const std::optional<double> value = ParseNumber(word.substr(equals + 1));
-        if (!value || std::ranges::find(model.parameters, name, &GeometryParameter::name) ==
-                          model.parameters.end())
-            throw csv.Error(record, "Parameters",
-                            "\"" + word + "\" is not a parameter of the geometry and its value");
-        parameters[name] = *value;
+    void Finish() {
+        m_names.RequireUnambiguous(m_file);
+        m_source.hidden = std::move(m_provenance).Tables();
     }
-    return parameters;
-}
 
-TablePlan ReadPlan(const CsvTable& csv, const CsvTable::Record& record,
-                   const CatalogueSectionDB& catalogue) {
-    const std::string& table = csv.RequiredText(record, "Table");
-    const SectionFamily* family = catalogue.FindFamily(table.c_str());
-    if (family == nullptr)
-        throw csv.Error(record, "Table", "the catalogue has no table of this name");
-    TablePlan plan{table,
-                   &GetSectionLayout(family->layout),
-                   catalogue.AreaColumn(),
-                   FindGeometryModel(csv.RequiredText(record, "Geometry")),
-                   {}};
-    if (plan.model == nullptr)
-        throw csv.Error(record, "Geometry", "no geometry has this name");
-    if (plan.model->layout != plan.layout->id)
-        throw csv.Error(record, "Geometry",
-                        std::string("not a geometry of the layout \"") + plan.layout->name + "\"");
-    plan.parameters = ReadParameters(csv, record, *plan.model);
-    return plan;
-}
-
-/// Replaces the empty tables of those that have figures.
-void ReadTables(SourceFolder& texts, const CatalogueSectionDB& catalogue,
-                std::vector<SourceTable>& tables) {
-    const CsvTable plans = texts.Read("_tables.csv");
-    CsvTable tolerances = texts.Read("_tolerances.csv");
-    SourceRules rules(std::move(tolerances), texts.Read("_exceptions.csv"));
-    std::set<std::string> names;
-    for (const CsvTable::Record& record : plans.Records()) {
-        const TablePlan plan = ReadPlan(plans, record, catalogue);
-        if (!names.insert(plan.name).second)
-            throw plans.Error(record, "Table", "the table is named twice");
-        *std::ranges::find(tables, plan.name, &SourceTable::name) =
-            ReadSourceTable(plan, texts.Read(plan.name + ".csv"), rules);
+private:
+    void AddRow(SourceTable& table, const SourceFamily& family, const FamilyRow& row,
+                const std::string& nameFrom) {
+        const SectionNames names = NamesOf(row, nameFrom, m_file);
+        PlacedRow placed{table.name, table.rows.size() + 1, family, row, {}, names.aliases};
+        SourceRow values{names.name, names.vessaName};
+        for (std::size_t i = 0; i < family.units.size(); ++i)
+            values.push_back(ValueOf(table.columns[BookkeepingColumns + i], placed, i));
+        if (family.layout->id != LayoutId::AluminiumAlloy) // which rows share
+            m_names.Add(table.name, names.name, names.vessaName, names.aliases);
+        m_provenance.Add(placed, values);
+        table.rows.push_back(std::move(values));
     }
-    rules.RequireAllUsed();
+
+    static SourceValue ValueOf(const SourceColumn& target, PlacedRow& row, std::size_t place) {
+        const LayoutColumn& column = row.family.layout->columns[place];
+        const std::string& printed = row.source.printed[place];
+        const std::string& unit = row.family.units[place];
+        if (column.quantity == Quantity::Text)
+            return printed;
+        if (const auto number = ParseNumber(printed))
+            return unit == target.unit
+                       ? *number
+                       : Rounded(*number * SizeOf(unit) / SizeOf(target.unit), ConvertedDigits);
+        const auto computed = row.source.computed.find(column.name);
+        if (computed == row.source.computed.end())
+            return {};
+        row.computed.emplace_back(column.name);
+        return Rounded(computed->second / SizeOf(target.unit), ComputedDigits);
+    }
+
+    CatalogueSource& m_source;
+    std::string m_file;
+    SectionNameIndex m_names;
+    Provenance m_provenance;
+};
+
+std::string HashOf(const SourceFolder& folder, const std::vector<TablePlan>& plans) {
+    Sha256 hash;
+    for (const auto& [name, textHash] : folder.Hashes())
+        hash.Add(name + " " + textHash + "\n");
+    for (const TablePlan& plan : plans)
+        for (const SourceFamily* family : plan.families)
+            hash.Add(family->name + " " + family->hash + "\n");
+    return hash.Hex();
 }
 
 } // namespace
 
-CatalogueSource CatalogueSource::Load(const std::filesystem::path& folder) {
+std::size_t CatalogueSource::CountSections() const {
+    std::size_t sections = 0;
+    for (const SourceTable& table : tables)
+        sections += table.rows.size();
+    return sections;
+}
+
+CatalogueSource CatalogueSource::Load(const std::filesystem::path& folder, SourceLibrary& library) {
+    const CatalogueSectionDB& catalogue = CatalogueOf(folder);
+    SourceFolder texts(folder);
+    const std::vector<TablePlan> plans = ReadTablePlans(texts, catalogue, library);
+    const Titles titles = ReadTitles(texts.Read("_catalogue.csv"), !plans.empty());
+    texts.RequireAllRead("not a text of a catalogue; figures stand in the folder of families");
+
+    const std::string tables = texts.File("_tables.csv");
+    CatalogueUnits units(*titles.units);
+    for (const TablePlan& plan : plans)
+        units.Add(plan, tables);
     CatalogueSource source;
     source.stem = (folder / "").parent_path().filename().string();
-    const CatalogueSectionDB& catalogue = CatalogueOf(source.stem, folder.string());
-    SourceFolder texts(folder);
-    ReadTitles(texts.Read("_catalogue.csv"), source);
-    source.tables = MakeEmptyTables(catalogue, *source.units);
-    if (texts.Has("_tables.csv"))
-        ReadTables(texts, catalogue, source.tables);
-    texts.RequireAllRead();
-    source.sourceHash = texts.Hash();
+    source.title = titles.title;
+    source.standard = plans.empty() ? titles.standard : StandardsOf(plans);
+    source.sourceNote = titles.sourceNote;
+    source.tables =
+        MakeEmptyTables(catalogue, [&units](Quantity quantity) { return units.UnitOf(quantity); });
+    TableFiller filler(source, tables);
+    for (const TablePlan& plan : plans)
+        filler.Fill(plan);
+    filler.Finish();
+    source.sourceHash = HashOf(texts, plans);
     return source;
+}
+
+CatalogueSource CatalogueSource::Load(const std::filesystem::path& folder) {
+    SourceLibrary library;
+    return Load(folder, library);
 }
 
 } // namespace dbsection

@@ -1,79 +1,76 @@
 #include "sources/SourceRules.h"
 
-#include <array>
-#include <charconv>
-#include <cmath>
-#include <utility>
-
 namespace dbsection {
 
-namespace {
-
-std::string Percent(double value) {
-    std::array<char, 400> text{}; // room for the largest double
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, 2);
-    return std::string(text.data(), end.ptr) + " %";
-}
-
-} // namespace
-
-SourceRules::List::List(CsvTable csv, const std::vector<std::string>& keys)
-    : m_csv(std::move(csv)) {
-    for (const CsvTable::Record& record : m_csv.Records()) {
+SourceRules::List::List(CsvTable itsCsv, const std::vector<std::string>& keys)
+    : csv(std::move(itsCsv)) {
+    std::set<std::vector<std::string>> known;
+    for (const CsvTable::Record& record : csv.Records()) {
         std::vector<std::string> key;
-        key.reserve(keys.size());
         for (const std::string& column : keys)
-            key.push_back(m_csv.RequiredText(record, column));
-        if (!m_records.try_emplace(std::move(key), &record).second)
-            throw m_csv.LineError(record.line, "a rule for the same figures stands further up");
+            key.push_back(csv.RequiredText(record, column));
+        if (!known.insert(std::move(key)).second)
+            throw csv.LineError(record.line, "a rule for the same figures stands further up");
+        BoundIn(record);
+        byFamily[csv.Text(record, "Family")].push_back(&record);
     }
 }
 
-const CsvTable::Record* SourceRules::List::Use(const std::vector<std::string>& key) {
-    const auto place = m_records.find(key);
-    if (place == m_records.end())
-        return nullptr;
-    m_used.insert(place->second);
-    return place->second;
+std::vector<const CsvTable::Record*> SourceRules::List::Of(const std::string& family) const {
+    const auto place = byFamily.find(family);
+    return place == byFamily.end() ? std::vector<const CsvTable::Record*>() : place->second;
 }
 
-void SourceRules::List::RequireAllUsed() const {
-    for (const CsvTable::Record& record : m_csv.Records())
-        if (!m_used.contains(&record))
-            throw m_csv.LineError(record.line,
-                                  "no figure is checked by this rule; correct or remove it");
+DeviationBound SourceRules::List::BoundIn(const CsvTable::Record& record) const {
+    const double percent = csv.Number(record, "Percent");
+    if (!(percent > 0 && percent < 100))
+        throw csv.Error(record, "Percent", "not a bound: above 0 and below 100");
+    return {percent / 100, csv.RequiredText(record, "Reason")};
 }
 
-SourceRules::SourceRules(CsvTable tolerances, CsvTable exceptions)
-    : m_tolerances(std::move(tolerances), {"Table", "Column"}),
-      m_exceptions(std::move(exceptions), {"Table", "Name", "Column"}) {
-    for (const CsvTable::Record& record : m_exceptions.Csv().Records())
-        m_exceptions.Csv().RequiredText(record, "Reason");
+SourceRules::SourceRules(SourceFolder& folder)
+    : m_tolerances(folder.Read("_tolerances.csv"), {"Family", "Column"}),
+      m_exceptions(folder.Read("_exceptions.csv"), {"Family", "Name", "Column"}) {}
+
+FigureRules SourceRules::Of(const std::string& family) const {
+    FigureRules rules;
+    for (const auto* record : m_tolerances.Of(family))
+        rules.columns[m_tolerances.csv.Text(*record, "Column")].tolerance =
+            m_tolerances.BoundIn(*record);
+    for (const auto* record : m_exceptions.Of(family))
+        rules.exceptions[{m_exceptions.csv.Text(*record, "Name"),
+                          m_exceptions.csv.Text(*record, "Column")}] =
+            m_exceptions.BoundIn(*record);
+    return rules;
 }
 
-std::string SourceRules::Fault(const std::string& table, const std::string& name,
-                               const std::string& column, double percent) {
-    const CsvTable::Record* const rule = m_tolerances.Use({table, column});
-    if (rule == nullptr)
-        throw m_tolerances.Csv().LineError(0, "no tolerance for table " + table + ", column " +
-                                                  column + "; add one");
-    const double allowed = m_tolerances.Csv().Number(*rule, "Percent");
-    const bool deviates = !(std::abs(percent) <= allowed);
-    const CsvTable::Record* const exception = m_exceptions.Use({table, name, column});
-    if (exception != nullptr && !deviates)
-        throw m_exceptions.Csv().LineError(exception->line,
-                                           "this figure is within its tolerance of " +
-                                               Percent(allowed) + "; remove the exception");
-    if (exception != nullptr || !deviates)
-        return "";
-    return Percent(std::abs(percent)) + (percent > 0 ? " too small" : " too large") + ", " +
-           Percent(allowed) + " is allowed";
+std::string SourceRules::TextOf(const std::string& family) const {
+    std::string text;
+    for (const List* list : {&m_tolerances, &m_exceptions})
+        for (const auto* record : list->Of(family))
+            for (const std::string& field : record->fields)
+                text += field + "\n";
+    return text;
 }
 
-void SourceRules::RequireAllUsed() const {
-    m_tolerances.RequireAllUsed();
-    m_exceptions.RequireAllUsed();
+void SourceRules::RequireNeeded(const std::string& family, const NeededRules& needed) const {
+    for (const auto* record : m_tolerances.Of(family))
+        if (!needed.tolerances.contains(m_tolerances.csv.Text(*record, "Column")))
+            throw m_tolerances.csv.LineError(
+                record->line, "no figure needs this tolerance; correct or remove it");
+    for (const auto* record : m_exceptions.Of(family))
+        if (!needed.exceptions.contains(
+                {m_exceptions.csv.Text(*record, "Name"), m_exceptions.csv.Text(*record, "Column")}))
+            throw m_exceptions.csv.LineError(
+                record->line, "no figure needs this exception; correct or remove it");
+}
+
+void SourceRules::RequireFamilies(const std::set<std::string, std::less<>>& families) const {
+    for (const List* list : {&m_tolerances, &m_exceptions})
+        for (const auto& [family, records] : list->byFamily)
+            if (!families.contains(family))
+                throw list->csv.Error(*records.front(), "Family",
+                                      "_families.csv does not name this family");
 }
 
 } // namespace dbsection

@@ -1,49 +1,57 @@
-// What a catalogue's sources say about checking their figures against geometry: how far a table's
-// column may deviate (_tolerances.csv: Table, Column, Percent), and which figures are kept as
-// published although they deviate further (_exceptions.csv: Table, Name, Column, Reason).
+// What the sources say about checking figures against geometry:
+//     _tolerances.csv  Family, Column, Percent, Reason: what the model is worth beyond printing
+//     _exceptions.csv  Family, Name, Column, Percent, Reason: figures that are kept although they
+//                      are further away, and the bound that each of them keeps
 //
 // A rule that decides nothing is an error: it is a leftover, or it misses what it was meant for.
 #pragma once
 
-#include "sources/CsvTable.h"
+#include "geometry/FigureRules.h"
+#include "sources/SourceFolder.h"
 
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace dbsection {
 
+/// Which rules the figures of a family needed.
+struct NeededRules {
+    std::set<std::string, std::less<>> tolerances;            ///< by column
+    std::set<std::pair<std::string, std::string>> exceptions; ///< by name and column
+};
+
 class SourceRules {
 public:
     /// Throws SourceError when a rule is incomplete or occurs twice.
-    SourceRules(CsvTable tolerances, CsvTable exceptions);
+    explicit SourceRules(SourceFolder& folder);
 
-    /// Why a figure that deviates by that many percent is refused; empty when it is accepted.
-    /// Throws SourceError when the rules have no tolerance for it, or an exception that it does not
-    /// need.
-    std::string Fault(const std::string& table, const std::string& name, const std::string& column,
-                      double percent);
+    /// The rules of a family, which know nothing of its printing yet.
+    FigureRules Of(const std::string& family) const;
 
-    /// Throws SourceError when a rule was never asked for.
-    void RequireAllUsed() const;
+    /// The text of a family's rules, by which a change of them shows.
+    std::string TextOf(const std::string& family) const;
+
+    /// Throws SourceError when a family's rule was not needed.
+    void RequireNeeded(const std::string& family, const NeededRules& needed) const;
+
+    /// Throws SourceError when a rule is one of a family that there is not.
+    void RequireFamilies(const std::set<std::string, std::less<>>& families) const;
 
 private:
-    /// The lines of one file by their key columns.
-    class List {
-    public:
-        List(CsvTable csv, const std::vector<std::string>& keys);
+    /// The lines of one file by family.
+    struct List {
+        CsvTable csv;
+        std::map<std::string, std::vector<const CsvTable::Record*>, std::less<>> byFamily;
+
+        List(CsvTable itsCsv, const std::vector<std::string>& keys);
         List(const List&) = delete; // its records are known by their place
         List& operator=(const List&) = delete;
 
-        const CsvTable& Csv() const { return m_csv; }
-        const CsvTable::Record* Use(const std::vector<std::string>& key);
-        void RequireAllUsed() const;
-
-    private:
-        CsvTable m_csv;
-        std::map<std::vector<std::string>, const CsvTable::Record*> m_records;
-        std::set<const CsvTable::Record*> m_used;
+        std::vector<const CsvTable::Record*> Of(const std::string& family) const;
+        DeviationBound BoundIn(const CsvTable::Record& record) const;
     };
 
     List m_tolerances;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 
 namespace dbsection {
@@ -29,7 +30,7 @@ SourceTable MakeJoistTable(const JoistTable& joists) {
 } // namespace
 
 SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layout,
-                             const char* areaColumn, const std::vector<std::string>& units) {
+                             const char* areaColumn, const UnitsByQuantity& units) {
     // An alloy has a row for each product and range of thickness.
     const bool isUnique = layout.id != LayoutId::AluminiumAlloy;
     // What the fixed statements search and sort by.
@@ -39,13 +40,12 @@ SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layou
                        {"VessaName", SectionField::Text, "TEXT"}},
                       {{"UPPER([VessaName])"}, {"[Name]", isUnique}},
                       {}};
-    auto unit = units.begin();
     for (const LayoutColumn& column : layout.columns) {
         const bool isArea = column.name == LayoutAreaColumn;
         const std::string title = isArea ? areaColumn : column.name;
         const bool isText = column.quantity == Quantity::Text;
-        table.columns.push_back({title, isText ? SectionField::Text : SectionField::Double, *unit++,
-                                 false, !column.isAdded});
+        table.columns.push_back({title, isText ? SectionField::Text : SectionField::Double,
+                                 units(column.quantity), false, !column.MayBeNull()});
         if (isArea)
             table.indexes.push_back({"[" + title + "]"});
     }
@@ -53,20 +53,15 @@ SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layou
 }
 
 std::vector<SourceTable> MakeEmptyTables(const CatalogueSectionDB& catalogue,
-                                         const UnitSystem& units) {
+                                         const UnitsByQuantity& units) {
     std::vector<SourceTable> tables;
     if (dynamic_cast<const AISCSteelJoistSectionDB*>(&catalogue) != nullptr) {
         std::ranges::transform(JoistTables(), std::back_inserter(tables), MakeJoistTable);
         return tables;
     }
-    for (const SectionFamily& family : catalogue.Families()) {
-        const SectionLayout& layout = GetSectionLayout(family.layout);
-        std::vector<std::string> columnUnits;
-        for (const LayoutColumn& column : layout.columns)
-            columnUnits.push_back(UnitOf(column.quantity, units));
-        tables.push_back(
-            MakeSectionTable(family.table, layout, catalogue.AreaColumn(), columnUnits));
-    }
+    for (const SectionFamily& family : catalogue.Families())
+        tables.push_back(MakeSectionTable(family.table, GetSectionLayout(family.layout),
+                                          catalogue.AreaColumn(), units));
     return tables;
 }
 

@@ -5,24 +5,21 @@
 #include "dataaccess/CSectionFieldInfo.h"
 #include "sources/SourceUnits.h"
 
+#include <functional>
 #include <string>
 #include <variant>
 #include <vector>
 
 namespace dbsection {
 
-using SourceValue = std::variant<double, std::string>;
-
-struct SourceRow {
-    std::string name;
-    std::string vessaName;
-    std::vector<SourceValue> values; ///< one for each property column, in their order
-};
+/// Nothing, a number or a text.
+using SourceValue = std::variant<std::monostate, double, std::string>;
+using SourceRow = std::vector<SourceValue>; ///< one for each column but the identifier
 
 struct SourceColumn {
     std::string name;
     SectionField::Type type;
-    std::string unit;          ///< as "Field Units" keeps it
+    std::string unit = {};     ///< as "Field Units" keeps it
     bool isIdentifier = false; ///< numbers the rows
     bool isRequired = true;    ///< in every row
 };
@@ -39,13 +36,16 @@ struct SourceTable {
     std::vector<SourceRow> rows;
 };
 
-/// The empty section table of a family: the bookkeeping columns, then those of the layout in
-/// `units`. The column of areas is named `areaColumn`.
-SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layout,
-                             const char* areaColumn, const std::vector<std::string>& units);
+/// The unit of a quantity.
+using UnitsByQuantity = std::function<std::string(Quantity)>;
 
-/// All tables of a catalogue, empty and in the order of its families, in a system of units.
+/// The empty section table of a family: the bookkeeping columns, then those of the layout. The
+/// column of areas is named `areaColumn`.
+SourceTable MakeSectionTable(const std::string& name, const SectionLayout& layout,
+                             const char* areaColumn, const UnitsByQuantity& units);
+
+/// All tables of a catalogue, empty and in the order of its families.
 std::vector<SourceTable> MakeEmptyTables(const CatalogueSectionDB& catalogue,
-                                         const UnitSystem& units);
+                                         const UnitsByQuantity& units);
 
 } // namespace dbsection

@@ -41,6 +41,18 @@ std::string Describe(const UnitDimension& dimension) {
     return dimension.length == 1 ? "length" : "length^" + std::to_string(dimension.length);
 }
 
+/// A length raised to what the quantity is of lengths: "CM" gives "CM^4" for an inertia.
+/// Quantities that are no power of a length: their only unit.
+std::string PowerOf(Quantity quantity, const std::string& length) {
+    const std::optional<UnitDimension> dimension = DimensionOf(quantity);
+    if (!dimension)
+        return UnitWithoutDimension(quantity);
+    return dimension->length == 1 ? length : length + "^" + std::to_string(dimension->length);
+}
+
+constexpr std::array Systems{UnitSystem{"metric", "MM", "CM", "N/MM^2", "KG/M"},
+                             UnitSystem{"US", "INCHES", "INCHES", "KIPS/INCHES^2", "POUND/FEET"}};
+
 } // namespace
 
 std::string UnitFault(const std::string& unit, Quantity quantity) {
@@ -55,18 +67,13 @@ std::string UnitFault(const std::string& unit, Quantity quantity) {
     return *dimension == *expected ? "" : "not a unit of " + Describe(*expected);
 }
 
-std::string UnitOf(Quantity quantity, const std::string& length) {
-    const std::optional<UnitDimension> dimension = DimensionOf(quantity);
-    if (!dimension)
-        return UnitWithoutDimension(quantity);
-    return dimension->length == 1 ? length : length + "^" + std::to_string(dimension->length);
+const UnitSystem* FindUnitSystem(const std::string& name) {
+    const auto place = std::ranges::find(Systems, name, &UnitSystem::name);
+    return place == Systems.end() ? nullptr : &*place;
 }
 
-const UnitSystem* FindUnitSystem(const std::string& name) {
-    static constexpr std::array Systems{
-        UnitSystem{"metric", "MM", "CM", "N/MM^2", "KG/M"},
-        UnitSystem{"US", "INCHES", "INCHES", "KIPS/INCHES^2", "POUND/FEET"}};
-    const auto place = std::ranges::find(Systems, name, &UnitSystem::name);
+const UnitSystem* FindUnitSystemOfLength(const std::string& length) {
+    const auto place = std::ranges::find(Systems, length, &UnitSystem::length);
     return place == Systems.end() ? nullptr : &*place;
 }
 
@@ -77,13 +84,8 @@ std::string UnitOf(Quantity quantity, const UnitSystem& system) {
     case Quantity::WeightPerLength:
         return system.weight;
     default:
-        return UnitOf(quantity, quantity == Quantity::Length ? system.length : system.power);
+        return PowerOf(quantity, quantity == Quantity::Length ? system.length : system.power);
     }
-}
-
-bool IsPowerOfLength(Quantity quantity) {
-    const std::optional<UnitDimension> dimension = DimensionOf(quantity);
-    return dimension && dimension->force == 0;
 }
 
 } // namespace dbsection

@@ -11,10 +11,6 @@ namespace dbsection {
 /// it can.
 std::string UnitFault(const std::string& unit, Quantity quantity);
 
-/// The unit of a length, raised to what the quantity is of lengths: "CM" gives "CM^4" for an
-/// inertia. Quantities that are no power of a length: their only unit.
-std::string UnitOf(Quantity quantity, const std::string& length);
-
 /// The units in which a standard prints its figures.
 struct UnitSystem {
     const char* name;   ///< as the text sources write it
@@ -27,10 +23,10 @@ struct UnitSystem {
 /// The unit system of that name ("metric", "US"), or null.
 const UnitSystem* FindUnitSystem(const std::string& name);
 
+/// The one whose dimensions are in that unit, or null.
+const UnitSystem* FindUnitSystemOfLength(const std::string& length);
+
 /// The unit of a quantity in a system of units.
 std::string UnitOf(Quantity quantity, const UnitSystem& system);
-
-/// Whether the quantity is a length, an area, a modulus, an inertia or a warping constant.
-bool IsPowerOfLength(Quantity quantity);
 
 } // namespace dbsection

@@ -1,0 +1,58 @@
+#include "sources/SourceCorrections.h"
+
+#include <algorithm>
+#include <array>
+
+namespace dbsection {
+
+bool Correction::IsMended() const {
+    static constexpr std::array NoFigures{"computed", "left out", "duplicate", "converted",
+                                          "added"};
+    return !column.empty() && std::ranges::find(NoFigures, kept) == NoFigures.end();
+}
+
+SourceCorrections::SourceCorrections(SourceFolder& folder)
+    : m_csv(folder.Read("_corrections.csv")) {
+    for (const CsvTable::Record& record : m_csv.Records())
+        m_byFamily[m_csv.RequiredText(record, "Family")].push_back(
+            {m_csv.Text(record, "Name"), m_csv.Text(record, "Column"),
+             m_csv.Text(record, "Printed"), m_csv.RequiredText(record, "Kept"),
+             m_csv.RequiredText(record, "Reason")});
+}
+
+const std::vector<Correction>& SourceCorrections::Of(const std::string& family) const {
+    static const std::vector<Correction> none;
+    const auto place = m_byFamily.find(family);
+    return place == m_byFamily.end() ? none : place->second;
+}
+
+void SourceCorrections::RequireFamilies(const std::set<std::string, std::less<>>& families) const {
+    for (const CsvTable::Record& record : m_csv.Records())
+        if (!families.contains(m_csv.Text(record, "Family")))
+            throw m_csv.Error(record, "Family", "_families.csv does not name this family");
+}
+
+std::string LeftOutInShort(const std::vector<Correction>& corrections) {
+    struct Group {
+        const Correction* first;
+        int more;
+    };
+    std::vector<Group> groups;
+    for (const Correction& correction : corrections) {
+        if (!correction.IsRowLeftOut())
+            continue;
+        const auto group = std::ranges::find(
+            groups, correction.reason, [](const Group& known) { return known.first->reason; });
+        if (group == groups.end())
+            groups.push_back({&correction, 0});
+        else
+            ++group->more;
+    }
+    std::string text;
+    for (const auto& [first, more] : groups)
+        text += (text.empty() ? "" : "; ") + first->name +
+                (more == 0 ? "" : " and " + std::to_string(more) + " more") + ": " + first->reason;
+    return text;
+}
+
+} // namespace dbsection
