@@ -14,11 +14,14 @@ build: setup
 	@scripts/build release
 
 demo: build
-	@$(SECTIONDB) build data/* --output $(CATALOGUES)
+	@$(SECTIONDB) build data --output $(CATALOGUES)
 	@echo && $(SECTIONDB) list
 	@echo && $(SECTIONDB) list American
 	@echo && $(SECTIONDB) show American W12X26
 	@echo && $(SECTIONDB) show American W12X26 --length mm --force kN
+	@echo && $(SECTIONDB) show German "HE 200 A"
+	@echo && $(SECTIONDB) show Japanese H-300x150x6.5x9
+	@echo && $(SECTIONDB) show Indian "MB 300" --length in
 
 test: build
 	@ctest --preset release

@@ -143,7 +143,9 @@ TEST_F(CatalogueTest, ShowPrintsPublishedAndConvertedFigures) {
     const std::pair<const char*, const char*> exact[] = {
         {"--json --length cm", R"({"column": "AX", "value": 49.35474, "unit": "cm^2")"},
         {"--json --length mm", R"({"column": "D", "value": 309.88, "unit": "mm")"},
-        {"--csv --length mm", "American,W Shape,W12X26,W12X26,D,309.88,mm,depth\n"},
+        {"--csv --length mm",
+         "American,W Shape,W12X26,W12X26,\"AISC Steel Construction Manual, 16th Edition\","
+         "W310X38.7; IR 305 x 38.7,D,309.88,mm,depth,published\n"},
     };
     for (const auto& [options, text] : exact) {
         const Outcome outcome = On(std::string("show 1 W12X26 ") + options);

@@ -68,11 +68,12 @@ TEST_F(SectionsTest, TellTheirOutlines) {
     const sections::Catalogue american = Library().open("American");
     const sections::Section beam = american.at("W12X26");
     const dbsection::Outline outline = beam.outline();
-    EXPECT_NEAR(outline.Area() / beam.area().in("mm^2"), 1, 1e-6) << "by its fillets";
+    EXPECT_NEAR(outline.Area() / beam.area().in("mm^2"), 1, 0.0015) << "with fillets of kdes - tf";
     EXPECT_NEAR(outline.MajorAxis().inertia / beam.majorInertia().in("mm^4"), 1, 0.005);
     EXPECT_NEAR(outline.GetExtent().high.y - outline.GetExtent().low.y, 309.88, 1e-9);
     EXPECT_EQ(american.at("PIPE6SCH40").outline().Loops().size(), 2);
-    EXPECT_THROW(american.at("HSS8X4X.250").outline(), sections::Error) << "its corners";
+    const sections::Section tube = american.at("HSS8X4X.250");
+    EXPECT_NEAR(tube.outline().Area() / tube.area().in("mm^2"), 1, 0.005);
 }
 
 TEST_F(SectionsTest, AreOrdinaryRanges) {

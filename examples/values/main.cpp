@@ -1,6 +1,8 @@
 // Picks the lightest shape of a family that is strong enough, and tells of it in two unit systems:
 //     values FOLDER CATALOGUE FAMILY PLASTIC-MODULUS UNIT
 //     values catalogues American "W Shape" 95.4 in^3
+//     values catalogues German "HE Shape" 1000 cm^3
+//     values catalogues Japanese "H Shape" 1000 cm^3
 #include "sections/Error.h"
 #include "sections/Library.h"
 
@@ -33,6 +35,8 @@ int main(int argc, char** argv) {
         std::cout << beam.name() << ": " << beam.weight().in("lb/ft") << " lb/ft, "
                   << beam.depth().in("in") << " in deep; " << beam.weight().in("kg/m") << " kg/m, "
                   << beam.depth().in("mm") << " mm deep\n";
+        if (const sections::Origin* origin = beam.origin())
+            std::cout << "by " << origin->standard << '\n';
         return 0;
     } catch (const sections::Error& error) {
         std::cerr << "values: " << error.what() << '\n';

@@ -16,6 +16,8 @@
  * of the last failure: 0 none, 1 memory, 2 file, 3 resource, 4 data access, 5 component, 6 archive.
  * A failed call gives no rows and no values: counts and status are 0.
  *
+ * A strength that no standard publishes is handed over as 0.
+ *
  * Where a table keeps no units, its values come as stored; where its units cannot be read, none
  * come. A list of units that is too short throws the invalid-argument error (CInvalidArgException*
  * of C++) in the calls that convert values, and in GETUNITFORFIELDANDCONVFACT for a value that it

@@ -6,6 +6,7 @@
 #include "records/DerivedProperties.h"
 #include "sections/CatalogueData.h"
 #include "sections/Error.h"
+#include "sections/ProvenanceReader.h"
 
 #include <algorithm>
 #include <cmath>
@@ -160,29 +161,76 @@ double Section::principalAngle() const {
     }
 }
 
-dbsection::Outline Section::outline() const {
+dbsection::Figures Section::figures() const {
     const RowInBaseUnits row(*m_family, m_row);
     dbsection::Figures figures;
     for (std::size_t i = 0; i < m_family->layoutColumns; ++i)
         if (row.IsKept(i))
             figures.emplace(m_family->data[i].layoutName, row.Value(i));
+    return figures;
+}
+
+dbsection::Outline Section::outline() const {
+    const dbsection::Figures kept = figures();
     const auto isTold = [&](const dbsection::GeometryModel& model) {
         return model.layout == m_family->family->layout &&
                std::ranges::none_of(model.parameters, &dbsection::GeometryParameter::isRequired) &&
                std::ranges::all_of(model.inputs,
-                                   [&](const char* input) { return figures.contains(input); });
+                                   [&](const char* input) { return kept.contains(input); });
     };
     const auto models = dbsection::GetGeometryModels();
-    const auto model = std::ranges::find_if(models, isTold);
+    const Origin* const from = origin();
+    const auto model = from != nullptr && from->model != nullptr
+                           ? models.begin() + (from->model - models.data())
+                           : std::ranges::find_if(models, isTold);
     if (model == models.end())
         failFor("outline: its figures do not tell its shape");
     try {
-        return model->make(figures, {}).outline;
+        return model->make(kept, parameters()).outline;
     } catch (const dbsection::GeometryError& error) {
         throw Error(SectionError::RuleBroken,
                     m_catalogue->path + ": " + name() + " of table \"" + m_family->table +
                         "\": its figures contradict each other: " + error.what());
     }
+}
+
+const RowOrigin* Section::rowOrigin() const {
+    return m_row < m_family->origins.size() && m_family->origins[m_row] ? &*m_family->origins[m_row]
+                                                                        : nullptr;
+}
+
+const Origin* Section::origin() const {
+    const RowOrigin* const row = rowOrigin();
+    return row == nullptr ? nullptr : &m_catalogue->origins[row->origin];
+}
+
+bool Section::isChanged() const { return rowOrigin() != nullptr && rowOrigin()->isChanged; }
+
+FigureSource Section::source(std::string_view column) const {
+    const RowOrigin* const row = rowOrigin();
+    const FamilyColumn* const data = m_family->find(column);
+    if (row == nullptr || row->isChanged || data == nullptr)
+        return FigureSource::Unknown;
+    if (!data->figures.empty() && std::isnan(data->figures[m_row]))
+        return FigureSource::NotPublished;
+    if (isListed(row->computed, data->layoutName))
+        return FigureSource::Computed;
+    return isListed(row->corrected, data->layoutName) ? FigureSource::Corrected
+                                                      : FigureSource::Published;
+}
+
+dbsection::Figures Section::parameters() const {
+    const RowOrigin* const row = rowOrigin();
+    if (row == nullptr)
+        return {};
+    dbsection::Figures own = parametersIn(row->parameters);
+    own.insert(origin()->parameters.begin(), origin()->parameters.end());
+    return own;
+}
+
+std::vector<Alias> Section::aliases() const {
+    const auto place = m_family->aliases.find(m_row);
+    return place == m_family->aliases.end() ? std::vector<Alias>() : place->second;
 }
 
 Sections::Sections(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family)
@@ -198,6 +246,23 @@ Catalogue Family::catalogue() const { return Catalogue(m_catalogue); }
 std::size_t Family::size() const { return m_family->names.size(); }
 Section Family::operator[](std::size_t row) const { return {m_catalogue, *m_family, row}; }
 Sections Family::sections() const { return {m_catalogue, *m_family}; }
+
+std::vector<const Origin*> Family::origins() const {
+    std::vector<const Origin*> origins;
+    for (const Section& section : sections())
+        if (const Origin* origin = section.origin();
+            origin != nullptr && std::ranges::find(origins, origin) == origins.end())
+            origins.push_back(origin);
+    return origins;
+}
+
+std::vector<std::string> Family::standards() const {
+    std::vector<std::string> standards;
+    for (const Origin* origin : origins())
+        if (std::ranges::find(standards, origin->standard) == standards.end())
+            standards.push_back(origin->standard);
+    return standards;
+}
 
 std::optional<Section> Family::find(std::string_view name) const {
     return Catalogue(m_catalogue).find(name, m_family);

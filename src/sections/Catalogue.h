@@ -15,6 +15,7 @@
 #include "geometry/Outline.h"
 #include "platform/Export.h"
 #include "records/SectionLayout.h"
+#include "sections/Origin.h"
 #include "sections/Quantity.h"
 
 #include <compare>
@@ -38,6 +39,7 @@ namespace sections {
 
 struct CatalogueData;
 struct FamilyData;
+struct RowOrigin;
 class Family;
 class Catalogue;
 
@@ -102,9 +104,27 @@ public:
     /// axis. Where the catalogue does not keep it, it follows from the outline.
     double principalAngle() const;
 
-    /// The shape in mm, as far as the section's own figures tell it: fillets that no column tells
-    /// are those that give its area. Throws Error where they do not tell it.
+    /// The shape in mm, by the model of its origin. Of other sections as far as their own figures
+    /// tell it: fillets that no column tells are those that give the area. Throws Error where they
+    /// do not tell it.
     dbsection::Outline outline() const;
+
+    /// Where the section comes from; null where the file does not tell. It lives as long as the
+    /// picture of the catalogue.
+    const Origin* origin() const;
+
+    /// Where the figure of a column comes from.
+    FigureSource source(std::string_view column) const;
+
+    /// Whether names or figures are not those with which the file was built. False where it does
+    /// not tell.
+    bool isChanged() const;
+
+    /// What the model of its origin needs to know besides the columns: radii and slopes, in mm.
+    dbsection::Figures parameters() const;
+
+    /// Other spellings of its name.
+    std::vector<Alias> aliases() const;
 
 private:
     friend class Catalogue;
@@ -116,6 +136,9 @@ private:
         : m_catalogue(std::move(catalogue)),
           m_family(&family),
           m_row(row) {}
+
+    dbsection::Figures figures() const;
+    const RowOrigin* rowOrigin() const;
 
     template <int L>
     Measure<L> first(std::initializer_list<std::string_view> columns, const char* property) const;
@@ -219,6 +242,12 @@ public:
     /// The section of that name, public or the program's, whatever its letter case: the first one;
     /// nothing where there is none.
     std::optional<Section> find(std::string_view name) const;
+
+    /// The origins of its sections, each once; none where the file does not tell.
+    std::vector<const Origin*> origins() const;
+
+    /// Their standards with the editions, each once.
+    std::vector<std::string> standards() const;
 
 private:
     friend class Catalogue;

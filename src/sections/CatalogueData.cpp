@@ -8,6 +8,7 @@
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "sections/Failures.h"
+#include "sections/ProvenanceReader.h"
 #include "units/UnitText.h"
 
 #include <algorithm>
@@ -61,6 +62,7 @@ public:
         for (const SectionFamily& family : m_data.catalogue->families)
             if (hasTable(family.table))
                 readFamily(family);
+        readProvenance(m_database, m_data);
         indexNames();
     }
 
@@ -298,7 +300,7 @@ bool SameName::operator()(std::string_view left, std::string_view right) const {
 
 CatalogueData readCatalogue(CSectionDatabase& database, int number) {
     CatalogueData data{
-        FindCatalogue(number), std::string(database.GetName().View()), {}, {}, {}, {}};
+        FindCatalogue(number), std::string(database.GetName().View()), {}, {}, {}, {}, {}};
     if (data.catalogue == nullptr && number != PersonalFile)
         fail(data.path, SectionError::NoSuchItem,
              "there is no catalogue " + std::to_string(number) + ".");

@@ -25,6 +25,15 @@ struct FamilyColumn {
     std::vector<std::optional<std::string>> texts; ///< by row, of a column of texts
 };
 
+/// Where a row comes from, as the file tells it.
+struct RowOrigin {
+    std::size_t origin;   ///< in CatalogueData::origins
+    std::string computed; ///< columns, separated by blanks
+    std::string corrected;
+    std::string parameters; ///< of the row alone: "radius=15 toe=0.5"
+    bool isChanged;
+};
+
 struct FamilyData {
     const SectionFamily* family;
     std::string table;
@@ -34,6 +43,9 @@ struct FamilyData {
     std::vector<std::int64_t> recordNumbers;
     std::vector<std::string> names;
     std::vector<std::string> programNames;
+    std::vector<std::optional<RowOrigin>> origins; ///< by row; none where the file does not tell
+    std::unordered_map<std::size_t, std::vector<Alias>>
+        aliases; ///< by row, of those that have some
 
     /// The column of that name, of the table's or the layout's, or null.
     const FamilyColumn* find(std::string_view name) const;
@@ -58,6 +70,7 @@ struct CatalogueData {
     std::string path;
     std::string title;
     std::string standard;
+    std::vector<Origin> origins;
     std::vector<FamilyData> families;
     std::unordered_multimap<std::string_view, Place, NameHash, SameName> index; ///< of all names
 };

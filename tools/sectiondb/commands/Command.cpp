@@ -12,7 +12,8 @@ struct Group {
     const char* help;
 };
 
-constexpr std::array Groups{Group{"user", "Keep sections of your own"}};
+constexpr std::array Groups{Group{"sources", "Look at the text sources of catalogues"},
+                            Group{"user", "Keep sections of your own"}};
 
 constinit const CommandEntry* lastEntry = nullptr;
 

@@ -9,6 +9,7 @@ namespace {
 Table::Row CatalogueRow(const CatalogueFolder& folder, int number, CatalogueFaults& faults) {
     Table::Cell families;
     Table::Cell sections;
+    std::string standard;
     const char* remark = "at fault";
     faults.Try([&] {
         if (folder.FileOf(number).empty()) {
@@ -19,9 +20,10 @@ Table::Row CatalogueRow(const CatalogueFolder& folder, int number, CatalogueFaul
         families = static_cast<int>(catalogue.families().size());
         sections = static_cast<int>(catalogue.size());
         remark = RemarkOn(catalogue.size());
+        standard = catalogue.standard();
     });
     const SectionCatalogue& catalogue = *FindCatalogue(number);
-    return {number, catalogue.name, catalogue.stem, families, sections, remark};
+    return {number, catalogue.name, catalogue.stem, families, sections, remark, standard};
 }
 
 /// The sections of all families that have the family's table.
@@ -56,7 +58,8 @@ class List : public Command {
 
     void ListCatalogues(const CatalogueFolder& folder) const {
         CatalogueFaults faults;
-        Table table({{"number"}, {"name"}, {"file"}, {"families"}, {"sections"}, {"remark"}});
+        Table table(
+            {{"number"}, {"name"}, {"file"}, {"families"}, {"sections"}, {"remark"}, {"standard"}});
         for (int number = 1; number <= LastCatalogueIndex; ++number)
             table.rows.push_back(CatalogueRow(folder, number, faults));
         Print(table, m_form.Form());

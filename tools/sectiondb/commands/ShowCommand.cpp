@@ -9,19 +9,60 @@
 namespace dbsection {
 namespace {
 
+/// Empty where the file does not tell.
+const char* TextOf(sections::FigureSource source) {
+    switch (source) {
+    case sections::FigureSource::Published:
+        return "published";
+    case sections::FigureSource::Corrected:
+        return "corrected";
+    case sections::FigureSource::Computed:
+        return "computed";
+    case sections::FigureSource::NotPublished:
+        return "not published";
+    default:
+        return "";
+    }
+}
+
+/// The other spellings of its name.
+std::string AliasesOf(const sections::Section& section) {
+    std::string text;
+    for (const sections::Alias& alias : section.aliases())
+        text +=
+            (text.empty() ? "" : "; ") + alias.name + (alias.isSuperseded ? " (superseded)" : "");
+    return text;
+}
+
+/// What a person may read of where the section comes from.
+std::vector<std::string> NotesOn(const sections::Section& section) {
+    std::vector<std::string> notes;
+    if (const sections::Origin* origin = section.origin())
+        notes.push_back(origin->standard + ": " + origin->remark);
+    if (section.isChanged())
+        notes.emplace_back("Changed since the catalogue was built.");
+    if (const std::string aliases = AliasesOf(section); !aliases.empty())
+        notes.push_back("Also called " + aliases + ".");
+    return notes;
+}
+
 Table TableOf(const char* catalogue, const sections::Section& section, const UnitChoice& units) {
     const std::string& family = section.family().name();
-    Table table({{"column"}, {"value"}, {"unit"}, {"meaning"}});
+    const sections::Origin* const origin = section.origin();
+    Table table({{"column"}, {"value"}, {"unit"}, {"meaning"}, {"source"}});
     table.subject = {fmt::format("{} ({}, {})", section.name(), catalogue, family),
                      {{"catalogue", catalogue},
                       {"table", family},
                       {"name", section.name()},
-                      {"programName", section.programName()}},
-                     "properties"};
+                      {"programName", section.programName()},
+                      {"standard", origin == nullptr ? "" : origin->standard},
+                      {"aliases", AliasesOf(section)}},
+                     "properties",
+                     NotesOn(section)};
     const std::vector<SectionColumn> columns = ColumnsOf(section.family(), units);
     for (std::size_t i = BookkeepingColumns; i < columns.size(); ++i)
-        table.rows.push_back(
-            {columns[i].name, CellAt(section, columns, i), columns[i].unit, columns[i].meaning});
+        table.rows.push_back({columns[i].name, CellAt(section, columns, i), columns[i].unit,
+                              columns[i].meaning, TextOf(section.source(columns[i].name))});
     return table;
 }
 

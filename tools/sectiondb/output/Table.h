@@ -30,6 +30,7 @@ struct Table {
         std::string title;                                      ///< for a person
         std::vector<std::pair<std::string, std::string>> facts; ///< names and values, for a program
         std::string rows;                                       ///< what the rows are
+        std::vector<std::string> notes = {};                    ///< for a person, below the rows
     };
 
     Table() = default;

@@ -71,6 +71,8 @@ std::string TextOf(std::span<const Table> tables) {
         if (!table.subject.title.empty())
             text += PlainText(table.subject.title) + '\n';
         text += Aligned(table);
+        for (const std::string& note : table.subject.notes)
+            text += "  " + PlainText(note) + '\n';
     }
     return text;
 }

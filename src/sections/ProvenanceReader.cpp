@@ -1,0 +1,187 @@
+#include "sections/ProvenanceReader.h"
+
+#include "dataaccess/CCrack.h"
+#include "dataaccess/CSectionDatabase.h"
+#include "dataaccess/CSectionRecordset.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+#include "records/ProvenanceTables.h"
+#include "records/RowMark.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+namespace sections {
+namespace {
+
+/// The next item of a list that is separated by blanks, which is taken off it.
+std::string_view takeItem(std::string_view& list) {
+    const std::size_t end = std::min(list.find(' '), list.size());
+    const std::string_view item = list.substr(0, end);
+    list.remove_prefix(std::min(end + 1, list.size()));
+    return item;
+}
+
+double markOf(const FamilyData& family, std::size_t row) {
+    dbsection::RowMark mark;
+    mark.Add(family.names[row]);
+    mark.Add(family.programNames[row]);
+    for (std::size_t i = 0; i < family.layoutColumns; ++i) {
+        const FamilyColumn& column = family.data[i];
+        const bool isText = !column.texts.empty();
+        if (isText ? !column.texts[row].has_value() : std::isnan(column.figures[row]))
+            mark.AddNothing();
+        else if (isText)
+            mark.Add(*column.texts[row]);
+        else
+            mark.Add(column.figures[row]);
+    }
+    return mark.Value();
+}
+
+class Reader {
+public:
+    Reader(CSectionDatabase& database, CatalogueData& data) : m_database(database), m_data(data) {}
+
+    void read() {
+        namespace tables = dbsection::provenance;
+        if (!hasTable(tables::Families))
+            return;
+        forEachRow(tables::Families, [&](const Row& row) { readOrigin(row); });
+        forEachRow(tables::Columns, [&](const Row& row) { readRule(row); });
+        forEachRow(tables::Exceptions, [&](const Row& row) { readException(row); });
+        forEachRow(tables::Sections, [&](const Row& row) { readSection(row); });
+        forEachRow(tables::Aliases, [&](const Row& row) { readAlias(row); });
+    }
+
+private:
+    /// A row of a hidden table.
+    struct Row {
+        const CSectionRecordset& rows;
+
+        std::string text(int column) const {
+            return std::string(CCrack::strVARIANT(rows.GetFieldValue(column)).View());
+        }
+        double number(int column) const { return dbsection::AsNumber(rows.GetFieldValue(column)); }
+    };
+
+    bool hasTable(std::string_view name) const {
+        for (int index = 0; index < m_database.GetTableDefCount(); ++index) {
+            CSectionTableDefInfo info;
+            m_database.GetTableDefInfo(index, info);
+            if (dbsection::EqualNoCase(info.m_strName.View(), name))
+                return true;
+        }
+        return false;
+    }
+
+    template <class Visit>
+    void forEachRow(const char* table, Visit visit) {
+        CSectionRecordset rows(&m_database);
+        rows.Open(CSectionRecordset::Snapshot,
+                  ("Select * From [" + std::string(table) + "]").c_str());
+        for (; !rows.IsEOF(); rows.MoveNext())
+            visit(Row{rows});
+    }
+
+    /// The origin of a name, or null.
+    Origin* find(const std::string& name) {
+        const auto place = std::ranges::find(m_data.origins, name, &Origin::name);
+        return place == m_data.origins.end() ? nullptr : &*place;
+    }
+
+    void readOrigin(const Row& row) {
+        Origin& origin = m_data.origins.emplace_back();
+        origin.name = row.text(0);
+        origin.standard = row.text(1);
+        origin.remark = row.text(2);
+        origin.leftOut = row.text(3);
+        origin.model = dbsection::FindGeometryModel(row.text(4));
+        origin.parameters = parametersIn(row.text(5));
+        const std::string sizes = row.text(6);
+        for (std::string_view list = sizes; !list.empty();)
+            origin.nameSizes.emplace_back(takeItem(list));
+    }
+
+    void readRule(const Row& row) {
+        Origin* const origin = find(row.text(0));
+        if (origin == nullptr)
+            return;
+        const std::string column = row.text(1);
+        origin->units[column] = row.text(2);
+        origin->rules.columns[column] = {dbsection::PrintingSteps::FromText(row.text(3)),
+                                         {row.number(4) / 100, row.text(5)}};
+    }
+
+    void readException(const Row& row) {
+        if (Origin* const origin = find(row.text(0)))
+            origin->rules.exceptions[{row.text(1), row.text(2)}] = {row.number(3) / 100,
+                                                                    row.text(4)};
+    }
+
+    /// The section that a row of a hidden table tells of, or nothing.
+    struct Found {
+        FamilyData* family = nullptr;
+        std::size_t row = 0;
+    };
+    Found findSection(const Row& row) {
+        const std::string table = row.text(0);
+        const auto record = dbsection::WholeNumber<std::int64_t>(row.number(1));
+        const auto family = std::ranges::find(m_data.families, table, &FamilyData::table);
+        if (family == m_data.families.end())
+            return {};
+        auto& places = m_places[table];
+        if (places.empty())
+            for (std::size_t i = 0; i < family->recordNumbers.size(); ++i)
+                places.emplace(family->recordNumbers[i], i);
+        const auto place = places.find(record);
+        return place == places.end() ? Found{} : Found{&*family, place->second};
+    }
+
+    void readSection(const Row& row) {
+        const auto [family, place] = findSection(row);
+        const Origin* const origin = find(row.text(2));
+        if (family == nullptr || origin == nullptr)
+            return;
+        family->origins.resize(family->names.size());
+        family->origins[place] =
+            RowOrigin{static_cast<std::size_t>(origin - m_data.origins.data()), row.text(3),
+                      row.text(4), row.text(5), row.number(6) != markOf(*family, place)};
+    }
+
+    void readAlias(const Row& row) {
+        if (const auto [family, place] = findSection(row); family != nullptr)
+            family->aliases[place].push_back({row.text(2), row.number(3) != 0});
+    }
+
+    CSectionDatabase& m_database;
+    CatalogueData& m_data;
+    std::unordered_map<std::string, std::unordered_map<std::int64_t, std::size_t>> m_places;
+};
+
+} // namespace
+
+void readProvenance(CSectionDatabase& database, CatalogueData& data) {
+    Reader(database, data).read();
+}
+
+dbsection::Figures parametersIn(std::string_view text) {
+    dbsection::Figures parameters;
+    while (!text.empty()) {
+        const std::string_view item = takeItem(text);
+        const std::size_t equals = std::min(item.find('='), item.size());
+        parameters[std::string(item.substr(0, equals))] =
+            dbsection::LeadingNumber<double>(item.substr(std::min(equals + 1, item.size())));
+    }
+    return parameters;
+}
+
+bool isListed(std::string_view list, std::string_view item) {
+    while (!list.empty())
+        if (takeItem(list) == item)
+            return true;
+    return false;
+}
+
+} // namespace sections

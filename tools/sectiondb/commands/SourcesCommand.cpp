@@ -1,0 +1,104 @@
+#include "commands/Command.h"
+#include "commands/Options.h"
+#include "output/Messages.h"
+#include "sources/MisprintCount.h"
+#include "sources/SourcePages.h"
+#include "sources/TablePlans.h"
+
+#include <fmt/format.h>
+#include <map>
+#include <set>
+
+namespace dbsection {
+namespace {
+
+/// A command on the folder of all sources.
+class SourcesCommand : public Command {
+protected:
+    void Declare(CLI::App& app) override {
+        app.add_option("sources", m_sources, "Folder of the catalogues and their families")
+            ->default_val("data");
+    }
+
+    const std::filesystem::path& Sources() const { return m_sources; }
+
+private:
+    std::filesystem::path m_sources;
+};
+
+class Corrections : public SourcesCommand {
+    void Run() const override {
+        fmt::print("{}", CorrectionsPage(SourceFamilies(Sources() / SourceFamilies::FolderName)));
+    }
+};
+
+class CatalogueList : public SourcesCommand {
+    void Run() const override {
+        SourceLibrary library;
+        std::vector<CatalogueSource> catalogues;
+        for (const auto& folder : CatalogueFolders({Sources()}))
+            catalogues.push_back(CatalogueSource::Load(folder, library));
+        fmt::print("{}", CataloguesPage(catalogues));
+    }
+};
+
+/// The families that a catalogue shows, each once.
+std::set<const SourceFamily*> FamiliesOf(const std::filesystem::path& catalogue,
+                                         SourceLibrary& library) {
+    std::set<const SourceFamily*> families;
+    SourceFolder texts(catalogue);
+    for (const TablePlan& plan : ReadTablePlans(texts, CatalogueOf(catalogue), library))
+        families.insert(plan.families.begin(), plan.families.end());
+    return families;
+}
+
+/// Counts the misprints that the checks of each catalogue would let pass.
+class Check : public SourcesCommand {
+    void Declare(CLI::App& app) override {
+        SourcesCommand::Declare(app);
+        m_form.Declare(app);
+    }
+
+    void Run() const override {
+        SourceLibrary library;
+        std::map<const SourceFamily*, MisprintCount> counts;
+        bool isSharp = true;
+        Table table({{"catalogue"},
+                     {"families"},
+                     {"swaps"},
+                     {"swapsPassed"},
+                     {"percent"},
+                     {"shifts"},
+                     {"shiftsPassed"}});
+        for (const auto& folder : CatalogueFolders({Sources()})) {
+            const auto families = FamiliesOf(folder, library);
+            MisprintCount count;
+            for (const SourceFamily* family : families) {
+                if (!counts.contains(family))
+                    counts[family] = CountMisprints(*family);
+                count += counts[family];
+            }
+            isSharp = isSharp && count.IsSharp();
+            if (!families.empty())
+                table.rows.push_back({folder.filename().string(), static_cast<int>(families.size()),
+                                      count.swaps, count.swapsPassed,
+                                      fmt::format("{:.2f}", 100 * count.PassedShare()),
+                                      count.shifts, count.shiftsPassed});
+        }
+        Print(table, m_form.Form());
+        if (!isSharp)
+            throw CommandError("More than 2 % of the swapped digits of a catalogue, or shifted "
+                               "decimal points, would pass.");
+    }
+
+    FormOptions m_form;
+};
+
+const CommandEntry check("sources check", "Count the misprints that would pass", Make<Check>);
+const CommandEntry corrections("sources corrections", "Print the page of all corrections",
+                               Make<Corrections>);
+const CommandEntry catalogues("sources catalogues", "Print the page of all catalogues",
+                              Make<CatalogueList>);
+
+} // namespace
+} // namespace dbsection
