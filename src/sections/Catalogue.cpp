@@ -327,6 +327,7 @@ std::vector<Section> Catalogue::findAll(std::string_view name) const {
         places.push_back(entry->second);
     std::ranges::sort(places);
     std::vector<Section> sections;
+    sections.reserve(places.size());
     for (const auto& [family, row] : places)
         sections.push_back(Section(m_data, m_data->families[family], row));
     return sections;

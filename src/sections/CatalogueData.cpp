@@ -183,9 +183,6 @@ private:
     /// How many of a layout's columns a table has; it may lack those that were added since.
     std::size_t countLayoutColumns(std::span<const CSectionFieldInfo> fields,
                                    const SectionLayout& layout, const std::string& table) const {
-        std::string expected = "RECNO, Name, VessaName";
-        for (const LayoutColumn& column : layout.columns)
-            expected += std::string(", ") + tableName(column.name);
         for (std::size_t i = 0; i < layout.columns.size(); ++i) {
             const LayoutColumn& column = layout.columns[i];
             const std::size_t place = BookkeepingColumns + i;
@@ -194,14 +191,23 @@ private:
                 continue;
             if (column.isAdded)
                 return i;
-            std::string found;
-            for (const CSectionFieldInfo& field : fields)
-                found += (found.empty() ? "" : ", ") + std::string(field.m_strName.View());
-            fail(m_data.path, SectionError::NoSuchItem,
-                 "table \"" + table + "\": its columns are " + found + "; expected " + expected +
-                     ".");
+            failForColumns(fields, layout, table);
         }
         return layout.columns.size();
+    }
+
+    [[noreturn]] void failForColumns(std::span<const CSectionFieldInfo> fields,
+                                     const SectionLayout& layout, const std::string& table) const {
+        std::string fault = "table \"" + table + "\": its columns are ";
+        const char* separator = "";
+        for (const CSectionFieldInfo& field : fields) {
+            fault.append(separator).append(field.m_strName.View());
+            separator = ", ";
+        }
+        fault += "; expected RECNO, Name, VessaName";
+        for (const LayoutColumn& column : layout.columns)
+            fault.append(separator).append(tableName(column.name));
+        fail(m_data.path, SectionError::NoSuchItem, fault + ".");
     }
 
     /// How the catalogue's tables name a column of a layout.

@@ -62,6 +62,7 @@ struct SameName {
 struct Place {
     std::size_t family;
     std::size_t row;
+    // NOLINTNEXTLINE(modernize-use-nullptr): taken for a null pointer by mistake
     auto operator<=>(const Place&) const = default;
 };
 

@@ -14,6 +14,7 @@ struct Figure {
 
     double Value() const { return stored * factor; }
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): taken for a null pointer by mistake
     auto operator<=>(const Figure&) const = default;
 };
 
