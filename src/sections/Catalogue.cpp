@@ -170,7 +170,7 @@ dbsection::Figures Section::figures() const {
     return figures;
 }
 
-dbsection::Outline Section::outline() const {
+dbsection::SectionGeometry Section::shape() const {
     const dbsection::Figures kept = figures();
     const auto isTold = [&](const dbsection::GeometryModel& model) {
         return model.layout == m_family->family->layout &&
@@ -186,7 +186,7 @@ dbsection::Outline Section::outline() const {
     if (model == models.end())
         failFor("outline: its figures do not tell its shape");
     try {
-        return model->make(kept, parameters()).outline;
+        return model->make(kept, parameters());
     } catch (const dbsection::GeometryError& error) {
         throw Error(SectionError::RuleBroken,
                     m_catalogue->path + ": " + name() + " of table \"" + m_family->table +

@@ -12,7 +12,7 @@
 // each of them keeps the picture alive.
 #pragma once
 
-#include "geometry/Outline.h"
+#include "geometry/Geometry.h"
 #include "platform/Export.h"
 #include "records/SectionLayout.h"
 #include "sections/Origin.h"
@@ -104,10 +104,14 @@ public:
     /// axis. Where the catalogue does not keep it, it follows from the outline.
     double principalAngle() const;
 
-    /// The shape in mm, by the model of its origin. Of other sections as far as their own figures
-    /// tell it: fillets that no column tells are those that give the area. Throws Error where they
-    /// do not tell it.
-    dbsection::Outline outline() const;
+    /// The shape in mm, by the model of its origin, and what the model computes. Of other sections
+    /// as far as their own figures tell it: fillets that no column tells are those that give the
+    /// area. Throws Error where they do not tell it.
+    dbsection::SectionGeometry shape() const;
+    dbsection::Outline outline() const { return shape().outline; }
+
+    /// The figures that it keeps, by the columns of its layout, in mm and N.
+    dbsection::Figures figures() const;
 
     /// Where the section comes from; null where the file does not tell. It lives as long as the
     /// picture of the catalogue.
@@ -137,7 +141,6 @@ private:
           m_family(&family),
           m_row(row) {}
 
-    dbsection::Figures figures() const;
     const RowOrigin* rowOrigin() const;
 
     template <int L>

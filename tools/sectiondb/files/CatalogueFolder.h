@@ -17,6 +17,7 @@ public:
     CatalogueFolder(const std::string& folder, std::string password);
 
     std::string Path() const;
+    const std::string& Password() const { return m_password; }
 
     /// The path of a catalogue's file, empty where there is none. Throws CommandError where this
     /// cannot be told.

@@ -1,0 +1,101 @@
+// Faults that are planted in a built file, one at a time, and what is said of each.
+#include "DataAccessSupport.h"
+#include "ProgramSupport.h"
+
+#include <filesystem>
+
+using namespace testsupport;
+
+namespace {
+
+struct Planted {
+    const char* statement;
+    const char* finding; ///< a part of what is said
+};
+
+class VerifyTest : public testing::Test {
+protected:
+    VerifyTest() {
+        if (Program("build " SECTIONDB_DATA_DIR "/EuropeanSections -o " + m_folder.Path()).status)
+            throw std::runtime_error("the catalogue could not be built");
+    }
+
+    Outcome Verify(const std::string& options = "") const {
+        return Program("verify European --folder " + m_folder.Path() + options);
+    }
+
+    const TempFolder m_folder;
+    const std::string m_file = m_folder.File("EuropeanSections.db3");
+};
+
+} // namespace
+
+TEST_F(VerifyTest, FindsWhatIsPlanted) {
+    if (!HasStockProgram())
+        GTEST_SKIP() << "the sqlcipher program is not installed";
+    const Outcome sound = Verify();
+    ASSERT_EQ(sound.status, 0) << sound.output;
+    const std::vector<Planted> faults{
+        // figures
+        {"UPDATE [IPE Shape] SET TF = TW, TW = TF WHERE Name = 'IPE 300'",
+         "IPE 300, IY: it is 604"},
+        {"UPDATE [IPE Shape] SET D = BF, BF = D WHERE Name = 'IPE 300'", "IPE 300"},
+        {"UPDATE [HE Shape] SET IZ = IZ / 10 WHERE Name = 'HE 200 A'",
+         "HE 200 A, IZ: it is 369 cm^4, geometry gives 3692"},
+        {"UPDATE [HE Shape] SET AX = AX * 10 WHERE Name = 'HE 200 A'", "HE 200 A, AX: it is 538"},
+        {"UPDATE [HE Shape] SET ZZ = 492.5 WHERE Name = 'HE 200 A'", "HE 200 A, ZZ: it is 492.5"},
+        {"UPDATE [HE Shape] SET IZ = 3629 WHERE Name = 'HE 200 A'", "HE 200 A, IZ: it is 3629"},
+        {"UPDATE [HE Shape] SET IZ = IY, IY = IZ WHERE Name = 'HE 200 A'", "HE 200 A, IY"},
+        {"UPDATE [HE Shape] SET ZY = 24.4 WHERE Name = 'HE 200 A'",
+         "its plastic modulus about the minor axis"},
+        {"UPDATE [IPE Shape] SET AX = -53.8 WHERE Name = 'IPE 300'", "AX: it is negative: -53.8"},
+        {"UPDATE [IPE Shape] SET IX = 0 WHERE Name = 'IPE 300'", "IPE 300, IX: it is 0"},
+        {"UPDATE [IPE Shape] SET CW = CW * 1.2 WHERE Name = 'IPE AA 80'", "IPE AA 80, CW"},
+        {"UPDATE [IPE Shape] SET TW = 200 WHERE Name = 'IPE 300'", "contradict each other"},
+        {"UPDATE [Angle] SET CZ = CZ * 10 WHERE RECNO = 1", ", CZ: it is "},
+        // units
+        {"UPDATE [Field Units] SET Unit8 = 'MM^4' WHERE TableName = 'IPE Shape'", "IPE 300, IZ"},
+        {"UPDATE [Field Units] SET Unit8 = 'CM^3' WHERE TableName = 'IPE Shape'",
+         "IZ: its unit is \"CM^3\": not a unit of length^4"},
+        {"UPDATE [Field Units] SET Unit4 = 'FURLONG' WHERE TableName = 'IPE Shape'",
+         "D: its unit is \"FURLONG\": not a known unit"},
+        // names and rows
+        {"UPDATE [IPE Shape] SET Name = 'ipe 300' WHERE Name = 'IPE 330'",
+         "ipe 300: its name stands twice in the family"},
+        {"UPDATE [IPE Shape] SET VessaName = 'HE200A' WHERE Name = 'IPE 330'",
+         "its program name HE200A stands in the family"},
+        {"DELETE FROM [~Sections] WHERE TableName = 'IPE Shape' AND Record = 3",
+         "the file does not tell its standard and edition"},
+        {"UPDATE [~Families] SET Standard = 'EN 10365:1999'", "~Families: it is not what the file"},
+        {"DELETE FROM [IPE Shape] WHERE Name = 'IPE 330'",
+         "IPE Shape: its rows are not those it was built with"},
+        {"UPDATE [HE Shape] SET ZZ = 430.01 WHERE Name = 'HE 200 A'",
+         "HE 200 A: it is not what the catalogue was built with"},
+    };
+    const std::string soundFile = m_folder.File("sound");
+    std::filesystem::copy(m_file, soundFile);
+    for (const Planted& planted : faults) {
+        std::filesystem::copy(soundFile, m_file, std::filesystem::copy_options::overwrite_existing);
+        ASSERT_EQ(RunStockProgram(m_folder, m_file, std::string(planted.statement) + ";\n"), "");
+        const Outcome outcome = Verify();
+        EXPECT_EQ(outcome.status, 1) << planted.statement;
+        EXPECT_NE(outcome.output.find(planted.finding), std::string::npos)
+            << planted.statement << "\n"
+            << outcome.output;
+    }
+}
+
+TEST_F(VerifyTest, TellsProgramsAndTakesFiles) {
+    const Outcome json = Verify(" --json");
+    EXPECT_EQ(json.status, 0);
+    EXPECT_NE(json.output.find(R"("table": "IPE Shape", "sections": 68)"), std::string::npos)
+        << json.output;
+    EXPECT_EQ(Program("verify " + m_file).status, 0);
+    EXPECT_EQ(Program("verify Atlantean --folder " + m_folder.Path()).status, 1);
+
+    const std::string mine = m_folder.File("mine.db3");
+    ASSERT_EQ(Program("user create " + mine).status, 0);
+    EXPECT_EQ(Program("verify " + mine).status, 0);
+    WriteFile(mine, std::string(4096, 'x'));
+    EXPECT_EQ(Program("verify " + mine).status, 1);
+}
