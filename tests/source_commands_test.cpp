@@ -48,10 +48,15 @@ TEST(Sources, LetFewMisprintsPass) {
 
 TEST(Sources, AreToldByTheDocumentation) {
     const std::string data = Quote(SECTIONDB_DATA_DIR);
-    for (const std::string page : {"catalogues", "corrections"}) {
+    const std::vector<std::pair<std::string, std::string>> pages{
+        {"catalogues", "catalogues.md"},
+        {"corrections", "corrections.md"},
+        {"validation", "validation.md"},
+        {"validation --plot", "validation.svg"}};
+    for (const auto& [page, file] : pages) {
         const Outcome outcome = Program("sources " + page + " " + data);
         EXPECT_EQ(outcome.status, 0);
-        EXPECT_TRUE(outcome.output == ReadFile(SECTIONDB_DATA_DIR "/../docs/" + page + ".md"))
-            << "\"sectiondb sources " << page << "\" writes another docs/" << page << ".md";
+        EXPECT_TRUE(outcome.output == ReadFile(SECTIONDB_DATA_DIR "/../docs/" + file))
+            << "\"sectiondb sources " << page << "\" writes another docs/" << file;
     }
 }

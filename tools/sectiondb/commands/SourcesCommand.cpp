@@ -4,6 +4,7 @@
 #include "sources/MisprintCount.h"
 #include "sources/SourcePages.h"
 #include "sources/TablePlans.h"
+#include "sources/ValidationPage.h"
 
 #include <fmt/format.h>
 #include <map>
@@ -94,6 +95,29 @@ class Check : public SourcesCommand {
     FormOptions m_form;
 };
 
+class Validation : public SourcesCommand {
+    void Declare(CLI::App& app) override {
+        SourcesCommand::Declare(app);
+        app.add_flag("--plot", m_isPlot, "The picture of the page, as SVG");
+    }
+
+    void Run() const override {
+        SourceLibrary library;
+        std::map<std::string, const SourceFamily*> byName;
+        for (const auto& folder : CatalogueFolders({Sources()}))
+            for (const SourceFamily* family : FamiliesOf(folder, library))
+                byName.emplace(family->name, family);
+        std::vector<const SourceFamily*> families;
+        for (const auto& [name, family] : byName)
+            families.push_back(family);
+        fmt::print("{}", m_isPlot ? ValidationPlot(families) : ValidationPage(families));
+    }
+
+    bool m_isPlot = false;
+};
+
+const CommandEntry validation("sources validation", "Print the page of all deviations",
+                              Make<Validation>);
 const CommandEntry check("sources check", "Count the misprints that would pass", Make<Check>);
 const CommandEntry corrections("sources corrections", "Print the page of all corrections",
                                Make<Corrections>);
