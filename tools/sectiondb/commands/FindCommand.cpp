@@ -1,5 +1,6 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
+#include "commands/Suggestion.h"
 #include "output/Messages.h"
 #include "records/CatalogueList.h"
 
@@ -17,27 +18,31 @@ class Find : public Command {
 
     void Run() const override {
         const CatalogueFolder folder = m_catalogues.Folder();
-        Table found({{"catalogue"}, {"family"}, {"programName"}, {"name"}});
+        std::vector<sections::Catalogue> catalogues;
         CatalogueFaults faults;
-        int catalogues = 0;
         for (int number = 1; number <= LastCatalogueIndex; ++number)
             faults.Try([&] {
-                if (folder.FileOf(number).empty())
-                    return;
-                ++catalogues;
-                for (const sections::Section& section : folder.Open(number).findAll(m_name))
-                    found.rows.push_back({sections::Library::nameOf(number),
-                                          section.family().name(), section.programName(),
-                                          section.name()});
+                if (!folder.FileOf(number).empty())
+                    catalogues.push_back(folder.Open(number));
             });
-        if (!found.rows.empty())
-            Print(found, m_form.Form());
+        const std::size_t count = catalogues.size();
+        const sections::NameIndex names(std::move(catalogues));
+        const std::vector<sections::Hit> hits = names.find(m_name);
+        if (!hits.empty())
+            Print(TableOf(hits), m_form.Form());
         faults.ThrowIfAny();
-        if (found.rows.empty())
+        if (hits.empty())
             throw CommandError(fmt::format(
-                "There is no section \"{}\" in the {} catalogues in the folder \"{}\"; \"sectiondb "
-                "list CATALOGUE FAMILY\" prints the names.",
-                m_name, catalogues, folder.Path()));
+                "There is no section \"{}\" in the {} catalogues in the folder \"{}\"; {}", m_name,
+                count, folder.Path(), Suggestion(names.nearest(m_name))));
+    }
+
+    static Table TableOf(const std::vector<sections::Hit>& hits) {
+        Table table({{"catalogue"}, {"family"}, {"programName"}, {"name"}, {"match"}});
+        for (const auto& [section, match, name] : hits)
+            table.rows.push_back({CatalogueOf(section), section.family().name(),
+                                  section.programName(), section.name(), TextOf(match)});
+        return table;
     }
 
     std::string m_name;

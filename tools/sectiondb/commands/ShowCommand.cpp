@@ -1,5 +1,6 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
+#include "commands/Suggestion.h"
 #include "files/SectionColumns.h"
 #include "output/Messages.h"
 #include "records/CatalogueList.h"
@@ -80,14 +81,28 @@ class Show : public Command {
         const UnitChoice units = m_units.Choice();
         const int number = sections::Library::numberOf(m_catalogue);
         const char* catalogue = FindCatalogue(number)->name;
+        const sections::Catalogue file = m_catalogues.Folder().Open(number);
         std::vector<Table> found; // a name may stand in several families
-        for (const sections::Section& section : m_catalogues.Folder().Open(number).findAll(m_name))
+        for (const sections::Section& section : SectionsNamed(file, catalogue))
             found.push_back(TableOf(catalogue, section, units));
-        if (found.empty())
-            throw CommandError(fmt::format("There is no section \"{}\" in the catalogue {}; "
-                                           "\"sectiondb list {} FAMILY\" prints the names.",
-                                           m_name, catalogue, number));
         Print(found, m_form.Form());
+    }
+
+    /// Those of the name as it is typed, or else in whatever spelling, or else by an alias.
+    std::vector<sections::Section> SectionsNamed(const sections::Catalogue& file,
+                                                 const char* catalogue) const {
+        std::vector<sections::Section> found = file.findAll(m_name);
+        if (!found.empty())
+            return found;
+        const sections::NameIndex names({file});
+        const std::vector<sections::Hit> hits = names.find(m_name);
+        for (const sections::Hit& hit : hits)
+            if (hit.match == hits.front().match)
+                found.push_back(hit.section);
+        if (found.empty())
+            throw CommandError(fmt::format("There is no section \"{}\" in the catalogue {}; {}",
+                                           m_name, catalogue, Suggestion(names.nearest(m_name))));
+        return found;
     }
 
     std::string m_catalogue;

@@ -1,0 +1,107 @@
+// Sections found by names as people type them, over all catalogues.
+#include "ProgramSupport.h"
+#include "records/CatalogueList.h"
+#include "sections/Library.h"
+#include "sections/NameIndex.h"
+#include "sources/CsvTable.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+
+using namespace testsupport;
+using dbsection::CsvTable;
+using sections::Hit;
+using sections::Match;
+
+namespace {
+
+class FindTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = std::make_unique<TempFolder>();
+        ASSERT_EQ(Program("build " SECTIONDB_DATA_DIR " -o " + folder->Path()).status, 0);
+        const sections::Library library(folder->Path());
+        std::vector<sections::Catalogue> catalogues;
+        for (const int number : library.numbers())
+            catalogues.push_back(library.open(number));
+        names = std::make_unique<sections::NameIndex>(std::move(catalogues));
+    }
+    static void TearDownTestSuite() {
+        names.reset();
+        folder.reset();
+    }
+
+    static CsvTable Table(const char* name) {
+        return {name, ReadFile(SECTIONDB_DATA_DIR "/../tests/" + std::string(name))};
+    }
+
+    static std::string TextOf(const std::vector<Hit>& hits) {
+        std::string text;
+        for (const Hit& hit : hits)
+            text += CatalogueOf(hit) + ": " + hit.section.name() + " (" + hit.name + "); ";
+        return text;
+    }
+    static std::string CatalogueOf(const Hit& hit) {
+        return FindCatalogue(hit.section.family().catalogue().number())->name;
+    }
+
+    static std::unique_ptr<TempFolder> folder;
+    static std::unique_ptr<sections::NameIndex> names;
+};
+
+std::unique_ptr<TempFolder> FindTest::folder;
+std::unique_ptr<sections::NameIndex> FindTest::names;
+
+} // namespace
+
+TEST_F(FindTest, KnowsTheSpellingsInUse) {
+    const std::map<std::string, Match> matches{
+        {"exact", Match::Exact}, {"alias", Match::Alias}, {"superseded", Match::Superseded}};
+    const CsvTable spellings = Table("spellings.csv");
+    for (const CsvTable::Record& spelling : spellings.Records()) {
+        const std::string& typed = spellings.Text(spelling, "typed");
+        const std::vector<Hit> hits = names->find(typed);
+        const auto hit = std::ranges::find_if(hits, [&](const Hit& one) {
+            return CatalogueOf(one) == spellings.Text(spelling, "catalogue") &&
+                   one.section.name() == spellings.Text(spelling, "name");
+        });
+        ASSERT_NE(hit, hits.end()) << typed << ": " << TextOf(hits);
+        EXPECT_EQ(hit->match, matches.at(spellings.Text(spelling, "match"))) << typed;
+        EXPECT_TRUE(std::ranges::is_sorted(hits, {}, &Hit::match)) << typed;
+    }
+}
+
+TEST_F(FindTest, SuggestsWhatWasMeant) {
+    const CsvTable misspellings = Table("misspellings.csv");
+    for (const CsvTable::Record& misspelling : misspellings.Records()) {
+        const std::string& typed = misspellings.Text(misspelling, "typed");
+        EXPECT_TRUE(names->find(typed).empty()) << typed;
+        const std::vector<Hit> near = names->nearest(typed);
+        EXPECT_TRUE(std::ranges::any_of(near,
+                                        [&](const Hit& hit) {
+                                            return hit.match == Match::Near &&
+                                                   hit.name ==
+                                                       misspellings.Text(misspelling, "name");
+                                        }))
+            << typed << ": " << TextOf(near);
+    }
+    EXPECT_TRUE(names->nearest("what no section is called").empty());
+    EXPECT_TRUE(names->find("").empty());
+    EXPECT_TRUE(names->find(" - ").empty());
+}
+
+TEST_F(FindTest, NeverTakesANearNameForTheOneThatWasAskedFor) {
+    const std::string options = " --folder " + folder->Path();
+    const Outcome near = Program("show European 'HEA 201'" + options);
+    EXPECT_EQ(near.status, 1);
+    EXPECT_NE(near.output.find("did you mean \"HE 200 A\" (European)"), std::string::npos)
+        << near.output;
+    const Outcome alias = Program("show American W360X134" + options);
+    EXPECT_EQ(alias.status, 0);
+    EXPECT_EQ(alias.output.find("W14X90 (American, W Shape)"), 0U) << alias.output;
+    EXPECT_NE(Program("find 'hea 200' --json" + options)
+                  .output.find(R"("name": "HE 200 A", "match": "exact")"),
+              std::string::npos);
+}
