@@ -186,10 +186,10 @@ TEST_F(SelectTest, TakesAFamilyByItsFirstWords) {
 
 TEST_F(SelectTest, FindsANameInAllCataloguesInOrder) {
     const std::string byName = On("find rhs100x50x5").output;
-    EXPECT_EQ(byName, "catalogue              family  programName  name\n"
-                      "British                Tube    RHS100X50X5  RHS 100 x 50 x 5.0\n"
-                      "European               RHS     RHS100X50X5  RHS 100 x 50 x 5.0\n"
-                      "ColdFormed (European)  RHS     RHS100X50X5  RHS 100 x 50 x 5.0\n");
+    EXPECT_EQ(byName, "catalogue              family  programName  name                match\n"
+                      "British                Tube    RHS100X50X5  RHS 100 x 50 x 5.0  exact\n"
+                      "European               RHS     RHS100X50X5  RHS 100 x 50 x 5.0  exact\n"
+                      "ColdFormed (European)  RHS     RHS100X50X5  RHS 100 x 50 x 5.0  exact\n");
     EXPECT_EQ(On("find 'RHS 100 x 50 x 5.0'").output, byName);
 }
 

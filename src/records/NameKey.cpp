@@ -98,7 +98,7 @@ bool IsTimes(char32_t letter) {
 
 bool IsSeparator(char32_t letter) {
     constexpr std::u32string_view Signs =
-        U" \t\r\n-.,()\"/&+#_:;'\u00A0\u00AB\u00BB\u2032\u2033\u2212";
+        U" \t\r\n-.,()\"/&+#_:;\u00A0\u00AB\u00BB\u2032\u2033\u2212";
     const bool isPunctuation = letter >= 0x2000 && letter <= 0x201F; // blanks, dashes, quotes
     return isPunctuation || Signs.find(letter) != Signs.npos;
 }
