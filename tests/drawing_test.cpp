@@ -67,7 +67,7 @@ double AreaInDxf(const std::string& dxf) {
 
 std::size_t Count(const std::string& text, const std::string& part) {
     std::size_t count = 0;
-    for (auto at = text.find(part); at != text.npos; at = text.find(part, at + part.size()))
+    for (auto at = text.find(part); at != std::string::npos; at = text.find(part, at + part.size()))
         ++count;
     return count;
 }
@@ -93,10 +93,10 @@ TEST(DrawingTest, WritesTextsThatFilesCanHold) {
     const Drawing drawing = DrawSection(
         Tube(), {.title = "U 10\" <&> Б\n", .values = {{"AX", "53.8 cm^2"}}, .remarks = {"r"}});
     const std::string svg = Svg(drawing);
-    EXPECT_NE(svg.find(">U 10&quot; &lt;&amp;&gt; Б <"), svg.npos);
-    EXPECT_NE(svg.find(">53.8 cm^2<"), svg.npos);
-    EXPECT_NE(svg.find(">100<"), svg.npos);
-    EXPECT_NE(svg.find(">50<"), svg.npos);
+    EXPECT_NE(svg.find(">U 10&quot; &lt;&amp;&gt; Б <"), std::string::npos);
+    EXPECT_NE(svg.find(">53.8 cm^2<"), std::string::npos);
+    EXPECT_NE(svg.find(">100<"), std::string::npos);
+    EXPECT_NE(svg.find(">50<"), std::string::npos);
     EXPECT_EQ(Count(svg, "A8 8 0 0 0 "), 4U);
     EXPECT_NE(Dxf(drawing).find("\nU 10\" <&> \\U+0411 \n"), std::string::npos);
 }

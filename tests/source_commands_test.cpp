@@ -54,7 +54,7 @@ TEST(Sources, AreToldByTheDocumentation) {
         {"validation", "validation.md"},
         {"validation --plot", "validation.svg"}};
     for (const auto& [page, file] : pages) {
-        const Outcome outcome = Program("sources " + page + " " + data);
+        const Outcome outcome = Program(std::string("sources ").append(page).append(" ") + data);
         EXPECT_EQ(outcome.status, 0);
         EXPECT_TRUE(outcome.output == ReadFile(SECTIONDB_DATA_DIR "/../docs/" + file))
             << "\"sectiondb sources " << page << "\" writes another docs/" << file;

@@ -100,7 +100,7 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
          "families/pipes.csv:3: column VessaName: \"P+Q\": not a"},
         {pipes, pipe + "P's,P,100,10,28.3\n", "families/pipes.csv:3: column Name: \"P's\": not a"},
         {pipes, "Name,VessaName,Alias,OD,T\nTEXT,TEXT,TEXT,MM,MM\nP,P,a;;b,100,10\n",
-         "families/pipes.csv:3: column Alias: \"a;;b\": \"\": not a name"},
+         R"(families/pipes.csv:3: column Alias: "a;;b": "": not a name)"},
         {pipes, "Name,VessaName,Alias,OD,T\nTEXT,TEXT,TEXT,MM,MM\nP,P,,100,10\nQ,Q,~p,90,10\n",
          "VenezuelanSections/_tables.csv: \"P\" names two sections: P of table Pipe and Q of"},
         {list, families + "pipes,round tube,,a,b,OD T\n",

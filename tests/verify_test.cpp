@@ -16,7 +16,8 @@ struct Planted {
 class VerifyTest : public testing::Test {
 protected:
     VerifyTest() {
-        if (Program("build " SECTIONDB_DATA_DIR "/EuropeanSections -o " + m_folder.Path()).status)
+        if (Program("build " SECTIONDB_DATA_DIR "/EuropeanSections -o " + m_folder.Path()).status !=
+            0)
             throw std::runtime_error("the catalogue could not be built");
     }
 

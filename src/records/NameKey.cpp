@@ -83,7 +83,7 @@ char32_t Capital(char32_t letter) {
 char32_t Unified(char32_t letter) {
     constexpr char32_t Diameter = 0x3A6; // capital phi
     constexpr std::u32string_view Diameters = U"\u00D8\u2205\u2300\u03D5";
-    return Diameters.find(letter) != Diameters.npos ? Diameter : letter;
+    return Diameters.find(letter) != std::u32string_view::npos ? Diameter : letter;
 }
 
 bool IsNumeral(char32_t letter) { return letter >= U'0' && letter <= U'9'; }
@@ -93,14 +93,14 @@ bool IsPoint(char32_t letter) { return letter == U'.' || letter == U','; }
 /// Signs that stand between two numbers, among them two letters that look like one.
 bool IsTimes(char32_t letter) {
     constexpr std::u32string_view Signs = U"X*\u00D7\u0425\u2715\u2A2F\u22C5\u00B7";
-    return Signs.find(letter) != Signs.npos;
+    return Signs.find(letter) != std::u32string_view::npos;
 }
 
 bool IsSeparator(char32_t letter) {
     constexpr std::u32string_view Signs =
         U" \t\r\n-.,()\"/&+#_:;\u00A0\u00AB\u00BB\u2032\u2033\u2212";
     const bool isPunctuation = letter >= 0x2000 && letter <= 0x201F; // blanks, dashes, quotes
-    return isPunctuation || Signs.find(letter) != Signs.npos;
+    return isPunctuation || Signs.find(letter) != std::u32string_view::npos;
 }
 
 /// Takes a name apart from its beginning to its end.

@@ -61,13 +61,13 @@ std::vector<Hit> NameIndex::find(std::string_view typed) const {
     if (key.IsEmpty() || places == m_entries->byKey.end())
         return hits;
     for (const std::size_t place : places->second) {
-        const auto& [section, match, name] = m_entries->names[place];
+        const Entry& entry = m_entries->names[place];
         const auto known = std::ranges::find_if(
-            hits, [&](const Hit& hit) { return isSame(hit.section, section); });
+            hits, [&](const Hit& hit) { return isSame(hit.section, entry.section); });
         if (known == hits.end())
-            hits.push_back({section, match, name});
-        else if (match < known->match)
-            *known = {section, match, name};
+            hits.push_back({entry.section, entry.match, entry.name});
+        else if (entry.match < known->match)
+            *known = {entry.section, entry.match, entry.name};
     }
     std::ranges::stable_sort(hits, {}, &Hit::match);
     return hits;
@@ -93,11 +93,11 @@ std::vector<Hit> NameIndex::nearest(std::string_view typed, std::size_t count) c
     }
     std::vector<Hit> hits;
     for (const auto& [unlikeness, name] : nearest) {
-        const auto& [section, match, shown] = m_entries->names[m_entries->byKey.at(*name).front()];
-        const bool isKnown =
-            std::ranges::any_of(hits, [&](const Hit& hit) { return isSame(hit.section, section); });
+        const Entry& entry = m_entries->names[m_entries->byKey.at(*name).front()];
+        const bool isKnown = std::ranges::any_of(
+            hits, [&](const Hit& hit) { return isSame(hit.section, entry.section); });
         if (!isKnown && hits.size() < count)
-            hits.push_back({section, Match::Near, shown});
+            hits.push_back({entry.section, Match::Near, entry.name});
     }
     return hits;
 }

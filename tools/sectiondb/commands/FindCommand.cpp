@@ -33,7 +33,7 @@ class Find : public Command {
         faults.ThrowIfAny();
         if (hits.empty())
             throw CommandError(fmt::format(
-                "There is no section \"{}\" in the {} catalogues in the folder \"{}\"; {}", m_name,
+                R"(There is no section "{}" in the {} catalogues in the folder "{}"; {})", m_name,
                 count, folder.Path(), Suggestion(names.nearest(m_name))));
     }
 

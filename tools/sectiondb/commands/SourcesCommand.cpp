@@ -108,6 +108,7 @@ class Validation : public SourcesCommand {
             for (const SourceFamily* family : FamiliesOf(folder, library))
                 byName.emplace(family->name, family);
         std::vector<const SourceFamily*> families;
+        families.reserve(byName.size());
         for (const auto& [name, family] : byName)
             families.push_back(family);
         fmt::print("{}", m_isPlot ? ValidationPlot(families) : ValidationPage(families));

@@ -25,7 +25,7 @@ Checksums ChecksumsIn(const std::string& lines) {
     Checksums checksums;
     std::istringstream text(lines);
     for (std::string line; std::getline(text, line);)
-        if (const std::size_t end = line.find("  "); end != line.npos)
+        if (const std::size_t end = line.find("  "); end != std::string::npos)
             checksums[line.substr(end + 2)] = line.substr(0, end);
     return checksums;
 }
@@ -123,7 +123,9 @@ std::vector<TableVerdict> VerifyCatalogue(const sections::Catalogue& catalogue,
     std::vector<TableVerdict> verdicts;
     NameVerification names;
     for (const sections::Family& family : families) {
-        TableVerdict& verdict = verdicts.emplace_back(family.name(), family.size(), RowsVerdict{});
+        TableVerdict& verdict = verdicts.emplace_back();
+        verdict.table = family.name();
+        verdict.sections = family.size();
         if (changed.erase(family.name()) > 0)
             verdict.rows.findings.push_back({"", "", "its rows are not those it was built with"});
         RequireUnits(family, verdict.rows);
