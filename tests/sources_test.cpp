@@ -102,7 +102,7 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
         {pipes, "Name,VessaName,Alias,OD,T\nTEXT,TEXT,TEXT,MM,MM\nP,P,a;;b,100,10\n",
          R"(families/pipes.csv:3: column Alias: "a;;b": "": not a name)"},
         {pipes, "Name,VessaName,Alias,OD,T\nTEXT,TEXT,TEXT,MM,MM\nP,P,,100,10\nQ,Q,~p,90,10\n",
-         "VenezuelanSections/_tables.csv: \"P\" names two sections: P of table Pipe and Q of"},
+         R"(VenezuelanSections/_tables.csv: "P" names two sections: P of table Pipe and Q of)"},
         {list, families + "pipes,round tube,,a,b,OD T\n",
          "families/pipes.csv:3: the sizes are not those of the name"},
         // geometry

@@ -163,9 +163,12 @@ private:
         while (!rest.empty()) {
             const std::size_t end = std::min(rest.find(';'), rest.size());
             const bool isSuperseded = rest.starts_with('~');
-            const std::string name(rest.substr(isSuperseded, end - isSuperseded));
+            const std::size_t begin = isSuperseded ? 1 : 0;
+            const std::string name(rest.substr(begin, end - begin));
             if (const std::string fault = NameFault(name); !fault.empty())
-                throw m_csv.Error(record, AliasColumn, "\"" + name + "\": not a name: " + fault);
+                throw m_csv.Error(record, AliasColumn,
+                                  std::string("\"").append(name).append("\": not a name: ") +
+                                      fault);
             aliases.push_back({name, isSuperseded});
             rest.remove_prefix(std::min(end + 1, rest.size()));
         }
