@@ -63,7 +63,7 @@ private:
         for (const Finding& finding : verdict.rows.findings) {
             const std::string text = TextOf(verdict, finding);
             details += (details.empty() ? "" : "\n") + text;
-            m_faults.push_back(catalogue + ", " + text);
+            m_faults.push_back(fmt::format("{}, {}", catalogue, text));
         }
         if (m_form != TableForm::Text)
             row.emplace_back(details);

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <fmt/format.h>
 #include <map>
 
 namespace dbsection {
@@ -155,10 +156,10 @@ private:
 std::string HashOf(const SourceFolder& folder, const std::vector<TablePlan>& plans) {
     Sha256 hash;
     for (const auto& [name, textHash] : folder.Hashes())
-        hash.Add(name + " " + textHash + "\n");
+        hash.Add(fmt::format("{} {}\n", name, textHash));
     for (const TablePlan& plan : plans)
         for (const SourceFamily* family : plan.families)
-            hash.Add(family->name + " " + family->hash + "\n");
+            hash.Add(fmt::format("{} {}\n", family->name, family->hash));
     return hash.Hex();
 }
 

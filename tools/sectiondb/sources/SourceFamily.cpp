@@ -17,7 +17,7 @@ double NumberWithFraction(std::string_view text) {
         return NumberWithFraction(text.substr(0, joint)) +
                NumberWithFraction(text.substr(joint + 1));
     const std::size_t bar = text.find('/');
-    const double number = LeadingNumber<double>(text.substr(0, bar));
+    const auto number = LeadingNumber<double>(text.substr(0, bar));
     return bar == std::string_view::npos ? number
                                          : number / LeadingNumber<double>(text.substr(bar + 1));
 }

@@ -7,6 +7,7 @@ SourceRules::List::List(CsvTable itsCsv, const std::vector<std::string>& keys)
     std::set<std::vector<std::string>> known;
     for (const CsvTable::Record& record : csv.Records()) {
         std::vector<std::string> key;
+        key.reserve(keys.size());
         for (const std::string& column : keys)
             key.push_back(csv.RequiredText(record, column));
         if (!known.insert(std::move(key)).second)
