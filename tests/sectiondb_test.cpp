@@ -204,6 +204,35 @@ TEST_F(CatalogueTest, AnotherLayoutVersionIsRefused) {
     const Outcome outcome = Program("list American --folder " + other.Path());
     EXPECT_EQ(outcome.status, 1);
     EXPECT_NE(outcome.output.find("layout version is 99, expected 2"), std::string::npos);
+    const Outcome where = Program("where --csv --folder " + other.Path());
+    EXPECT_EQ(where.status, 1);
+    EXPECT_NE(where.output.find("folder,--folder," + other.Path() + ",,used\n"), std::string::npos);
+    EXPECT_NE(where.output.find("file,American," + other.File("AISCSections.db3") + ",,at fault\n"),
+              std::string::npos);
+    EXPECT_NE(where.output.find("layout version is 99, expected 2"), std::string::npos);
+}
+
+TEST_F(CatalogueTest, WhereTellsWhichSettingWon) {
+    const std::string file = "file,American," + folder->File("AISCSections.db3") + ",2,\n";
+    struct {
+        const char* setting;
+        std::string folder;
+        std::string lines;
+    } const cases[] = {
+        {"SECTIONDB_FOLDER=/elsewhere ", folder->Path(),
+         "folder,--folder," + folder->Path() +
+             ",,used\nfolder,SECTIONDB_FOLDER,/elsewhere,,not needed\n"},
+        {"SECTIONDB_FOLDER=/elsewhere ", "",
+         "folder,--folder,,,not given\nfolder,SECTIONDB_FOLDER,/elsewhere,,no such folder\n"},
+        {"SECTIONDB_FOLDER= ", folder->Path(),
+         "folder,--folder," + folder->Path() + ",,used\nfolder,SECTIONDB_FOLDER,,,not set\n"},
+    };
+    for (const auto& [setting, given, lines] : cases) {
+        const Outcome outcome = Shell(setting + Quote(SECTIONDB_PROGRAM) + " where --csv" +
+                                      (given.empty() ? "" : " --folder " + given));
+        EXPECT_NE(outcome.output.find(lines), std::string::npos) << outcome.output;
+        EXPECT_EQ(outcome.output.find(file) != std::string::npos, !given.empty()) << outcome.output;
+    }
 }
 
 TEST_F(CatalogueTest, FixedStatementsUseTheIndexes) {

@@ -18,8 +18,8 @@ struct CallState {
     int failures = 0; ///< reported so far
 };
 
-/// So small that the room which the loader holds free for such variables does, even where the library
-/// is loaded late; finding it costs no call then.
+/// So small that the room which the loader holds free for such variables does, even where the
+/// library is loaded late; finding it costs no call then.
 [[gnu::tls_model("initial-exec")]] inline constinit thread_local CallState callState;
 
 /// Told by whoever meets an exhaustion of memory and goes on: the host's call is to fail.

@@ -1,4 +1,4 @@
-// Default folder and settings files, as the host's environment names them.
+// Default folder and settings files, as the environment and the installation name them.
 #pragma once
 
 #include "platform/CString.h"
@@ -6,8 +6,8 @@
 
 class DBSECTION_API DirectoryConfig {
 public:
-    /// Folder of the catalogue files with its trailing separator, from SECTIONDB_FOLDER; empty when
-    /// unset.
+    /// Folder of the catalogue files with its trailing separator: from SECTIONDB_FOLDER, or else
+    /// that of the catalogues installed with this library; empty where there are none.
     static CString GetVessaSectionDatabaseDirectory();
 };
 

@@ -274,6 +274,7 @@ Catalogue Catalogue::read(const std::string& path, int number, std::string_view 
 
 int Catalogue::number() const { return m_data->catalogue->index; }
 const std::string& Catalogue::name() const { return m_data->title; }
+int Catalogue::layoutVersion() const { return m_data->layoutVersion; }
 const std::string& Catalogue::path() const { return m_data->path; }
 const std::string& Catalogue::standard() const { return m_data->standard; }
 

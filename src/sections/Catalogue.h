@@ -274,6 +274,7 @@ public:
     int number() const;
     const std::string& name() const;     ///< e.g. "American"
     const std::string& path() const;     ///< of the file
+    int layoutVersion() const;           ///< of the file's tables
     const std::string& standard() const; ///< with its edition
     std::size_t size() const;            ///< the number of sections
 

@@ -93,7 +93,7 @@ private:
                 isKnown = true;
                 m_data.title = textAt(rows, 0);
                 m_data.standard = textAt(rows, 1);
-                requireLayoutVersion(textAt(rows, 3));
+                m_data.layoutVersion = knownLayoutVersion(textAt(rows, 3));
             });
         if (!isKnown)
             fail(m_data.path, SectionError::NotADatabase,
@@ -110,10 +110,10 @@ private:
                  "\", not a file of user tables or generic shapes.");
     }
 
-    void requireLayoutVersion(const std::string& version) const {
+    int knownLayoutVersion(const std::string& version) const {
         for (int known = OldestCatalogueLayoutVersion; known <= CatalogueLayoutVersion; ++known)
             if (version == std::to_string(known))
-                return;
+                return known;
         fail(m_data.path, SectionError::NotADatabase,
              "its layout version is " + version + ", expected " +
                  std::to_string(CatalogueLayoutVersion) +

@@ -70,6 +70,7 @@ struct CatalogueData {
     const SectionCatalogue* catalogue;
     std::string path;
     std::string title;
+    int layoutVersion = 0;
     std::string standard;
     std::vector<Origin> origins;
     std::vector<FamilyData> families;

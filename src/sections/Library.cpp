@@ -1,6 +1,7 @@
 #include "sections/Library.h"
 
 #include "dataaccess/CSectionException.h"
+#include "platform/Installation.h"
 #include "platform/Text.h"
 #include "records/CatalogueList.h"
 #include "sections/Error.h"
@@ -35,6 +36,8 @@ bool isNumber(std::string_view text, int number) {
 }
 
 } // namespace
+
+Library::Library() : Library(dbsection::DefaultCatalogueFolder()) {}
 
 Library::Library(std::filesystem::path folder, std::string password)
     : m_folder(std::move(folder)),

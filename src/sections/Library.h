@@ -1,7 +1,8 @@
 // A folder of catalogues.
 //
-//     const sections::Library library("/srv/catalogues", "secret");
-//     const sections::Catalogue european = library.open("European");
+//     const sections::Library installed;
+//     const sections::Catalogue american = installed.open("American");
+//     const sections::Library ours("/srv/catalogues", "secret");
 //
 // Libraries know nothing of each other, nor of the settings of SectionDBInterface; two of them may
 // be used by two threads at once, and one by several.
@@ -19,8 +20,14 @@ namespace sections {
 
 class DBSECTION_API Library {
 public:
+    /// The catalogues of SECTIONDB_FOLDER, or else those that were installed with this library.
+    Library();
+
     /// The password opens protected files; an empty one means that of SECTIONDB_PASSWORD.
     explicit Library(std::filesystem::path folder, std::string password = {});
+
+    /// Where the files are looked for; empty where there is no such folder.
+    const std::filesystem::path& folder() const { return m_folder; }
 
     /// The numbers of the catalogues that have a file in the folder.
     std::vector<int> numbers() const;

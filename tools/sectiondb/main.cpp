@@ -30,7 +30,7 @@ int EndParsing(const CLI::App& app, const CLI::ParseError& error) {
 }
 
 int Run(int argc, char** argv) {
-    CLI::App app("Catalogues of standard structural cross-sections", "sectiondb");
+    CLI::App app;
     const auto commands = AddCommands(app);
     try {
         app.parse(argc, argv);

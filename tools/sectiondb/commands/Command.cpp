@@ -1,5 +1,7 @@
 #include "commands/Command.h"
 
+#include "platform/Version.h"
+
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -46,6 +48,9 @@ CommandEntry::CommandEntry(const char* itsName, const char* itsHelp, Maker itsMa
 }
 
 std::vector<std::unique_ptr<Command>> AddCommands(CLI::App& program) {
+    program.name("sectiondb")->description("Catalogues of standard structural cross-sections");
+    program.set_version_flag("--version", std::string("sectiondb ") + dbsection_version(),
+                             "Print the version and exit");
     std::vector<std::unique_ptr<Command>> commands;
     for (const CommandEntry* entry : EntriesByName()) {
         const std::string name = entry->name;

@@ -49,8 +49,8 @@ std::unique_ptr<Command> Make() {
     return std::make_unique<Made>();
 }
 
-/// Adds all commands to the program, by their names; parsing then runs the one that is named.
-/// What is returned must live as long.
+/// Describes the program and adds all commands to it, by their names; parsing then runs the one
+/// that is named. What is returned must live as long.
 std::vector<std::unique_ptr<Command>> AddCommands(CLI::App& program);
 
 } // namespace dbsection

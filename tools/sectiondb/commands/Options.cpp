@@ -14,7 +14,7 @@ void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meanin
 
 void CatalogueOptions::Declare(CLI::App& app) {
     app.add_option("--folder", m_folder,
-                   "Folder of the catalogue files (default: SECTIONDB_FOLDER)")
+                   "Folder of the catalogue files (default: SECTIONDB_FOLDER, or those installed)")
         ->option_text("FOLDER");
     DeclarePassword(app, m_password, "Password of the catalogue files");
 }

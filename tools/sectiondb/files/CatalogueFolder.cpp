@@ -9,14 +9,14 @@
 
 #include <fmt/format.h>
 #include <utility>
-#include <vector>
 
 namespace dbsection {
 
-CatalogueFolder::CatalogueFolder(const std::string& folder, std::string password)
-    : m_password(std::move(password)) {
-    if (!folder.empty())
-        SectionDBInterface::SetProfileDBFolder(CString(folder + '\\'));
+CatalogueFolder::CatalogueFolder(std::string folder, std::string password)
+    : m_given(std::move(folder)),
+      m_password(std::move(password)) {
+    if (!m_given.empty())
+        SectionDBInterface::SetProfileDBFolder(CString(m_given + '\\'));
 }
 
 std::string CatalogueFolder::Path() const {
@@ -39,9 +39,10 @@ sections::Catalogue CatalogueFolder::Open(int number) const {
             "The settings file replaces {}.db3 by a file that there is not; mend its section "
             "\"CustomDBNames\", or put that file into the folder.",
             stem));
-    throw CommandError(fmt::format(
-        "{}.db3 is not in the folder \"{}\"; build it there, or name its folder with --folder.",
-        stem, Path()));
+    throw CommandError(
+        fmt::format("{}.db3 is not in the folder \"{}\"; build it there, or name its "
+                    "folder with --folder. ({})",
+                    stem, Path(), ListOf(Choices())));
 }
 
 sections::Family FindFamily(const sections::Catalogue& catalogue, const std::string& name) {

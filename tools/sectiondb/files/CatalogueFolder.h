@@ -1,23 +1,28 @@
 // The folder of the catalogue files, as the settings see it.
 #pragma once
 
+#include "files/FolderChoices.h"
 #include "output/Messages.h"
 #include "sections/Library.h"
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace dbsection {
 
 /// The settings may put another file in the place of a catalogue's, in the folder or beside them.
 class CatalogueFolder {
 public:
-    /// An empty folder means that of SECTIONDB_FOLDER, an empty password that of
-    /// SECTIONDB_PASSWORD.
-    CatalogueFolder(const std::string& folder, std::string password);
+    /// An empty folder means that of SECTIONDB_FOLDER, or else that of the installation; an empty
+    /// password that of SECTIONDB_PASSWORD.
+    CatalogueFolder(std::string folder, std::string password);
 
     std::string Path() const;
     const std::string& Password() const { return m_password; }
+
+    /// What might have named the folder, and what did.
+    std::vector<FolderChoice> Choices() const { return FolderChoices(m_given); }
 
     /// The path of a catalogue's file, empty where there is none. Throws CommandError where this
     /// cannot be told.
@@ -27,6 +32,7 @@ public:
     sections::Catalogue Open(int number) const;
 
 private:
+    std::string m_given; ///< empty: none was
     std::string m_password;
 };
 
