@@ -9,8 +9,25 @@ configure_package_config_file(
 write_basic_package_version_file(
   ${PROJECT_BINARY_DIR}/dbSectionInterfaceConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(EXPORT dbSectionInterface NAMESPACE dbSectionInterface::
-  FILE dbSectionInterfaceTargets.cmake DESTINATION ${config_folder})
+  FILE dbSectionInterfaceTargets.cmake DESTINATION ${config_folder} COMPONENT development)
 install(FILES
   ${PROJECT_BINARY_DIR}/dbSectionInterfaceConfig.cmake
   ${PROJECT_BINARY_DIR}/dbSectionInterfaceConfigVersion.cmake
-  DESTINATION ${config_folder})
+  DESTINATION ${config_folder} COMPONENT development)
+
+file(RELATIVE_PATH prefix_from_pkgconfig
+  ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+if(library_type STREQUAL STATIC_LIBRARY)
+  set(static_libraries " -lstdc++")
+  set(static_requirements "Requires: sqlcipher libcrypto")
+endif()
+configure_file(${CMAKE_CURRENT_LIST_DIR}/dbSectionInterface.pc.in
+  ${PROJECT_BINARY_DIR}/dbSectionInterface.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/dbSectionInterface.pc
+  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+if(PROJECT_IS_TOP_LEVEL)
+  add_custom_target(uninstall
+    COMMAND ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR} -P ${CMAKE_CURRENT_LIST_DIR}/Uninstall.cmake
+    VERBATIM)
+endif()

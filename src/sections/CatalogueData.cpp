@@ -305,8 +305,9 @@ bool SameName::operator()(std::string_view left, std::string_view right) const {
 }
 
 CatalogueData readCatalogue(CSectionDatabase& database, int number) {
-    CatalogueData data{
-        FindCatalogue(number), std::string(database.GetName().View()), {}, {}, {}, {}, {}};
+    CatalogueData data;
+    data.catalogue = FindCatalogue(number);
+    data.path = database.GetName().View();
     if (data.catalogue == nullptr && number != PersonalFile)
         fail(data.path, SectionError::NoSuchItem,
              "there is no catalogue " + std::to_string(number) + ".");

@@ -67,7 +67,7 @@ struct Place {
 };
 
 struct CatalogueData {
-    const SectionCatalogue* catalogue;
+    const SectionCatalogue* catalogue = nullptr;
     std::string path;
     std::string title;
     int layoutVersion = 0;

@@ -1,23 +1,36 @@
 #include "dbSectionInterface.h"
+#include "platform/Version.h"
+#include "sections/Library.h"
 
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
-/// Reads one section from the catalogue folder given as argument.
-int main(int argc, char** argv) {
-    if (argc != 2)
-        return 2;
-    SectionDBInterface::SetProfileDBFolder(CString(argv[1]) + '\\');
+namespace {
+
+/// The area of W12X26 in mm^2, through the façade; 0 where the catalogue is not found.
+double AreaByTheFacade() {
     SectionDBInterface::InitSectionDBInterface();
     SectionDBBase* american = SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(1);
-    if (american == nullptr)
-        return 1;
-    american->SetDatabase(SectionDBInterface::GetDatabasePtr(1));
+    CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(1);
+    if (american == nullptr || database == nullptr)
+        return 0;
+    american->SetDatabase(database);
     int type = 0;
     SECTIONINFO* beam = american->GetSectionStructProperty("W12X26", 1004, 2007, &type);
-    const bool right = beam != nullptr && type == 1 && std::abs(beam->Area - 4935.47) < 0.01;
-    std::printf("W12X26: %.1f mm2\n", beam == nullptr ? 0.0 : beam->Area);
+    const double area = beam == nullptr || type != 1 ? 0 : beam->Area;
     delete beam;
     SectionDBInterface::ExitSectionDBInterface();
-    return right ? 0 : 1;
+    return area;
+}
+
+} // namespace
+
+/// Reads one section from the installed catalogues, without naming their folder.
+int main() {
+    const double area = AreaByTheFacade();
+    const double sameArea = sections::Library().open("American").at("W12X26").area().in("mm^2");
+    std::printf("W12X26: %.1f mm2, %.1f mm2\n", area, sameArea);
+    const bool isRight = std::abs(area - 4935.47) < 0.01 && std::abs(sameArea - 4935.47) < 0.01;
+    return isRight && std::strcmp(dbsection_version(), DBSECTION_VERSION) == 0 ? 0 : 1;
 }

@@ -1,0 +1,21 @@
+# Removes what the last installation from a build folder has installed, and the folders that are the
+# project's own: cmake -D BUILD=FOLDER -P cmake/Uninstall.cmake
+set(manifest ${BUILD}/install_manifest.txt)
+if(NOT EXISTS ${manifest})
+  message(FATAL_ERROR "Nothing was installed from here: there is no ${manifest}")
+endif()
+file(STRINGS ${manifest} files)
+foreach(file IN LISTS files)
+  file(REMOVE $ENV{DESTDIR}${file})
+  # Of the folders above it, those that are empty now.
+  cmake_path(GET file PARENT_PATH folder)
+  while(folder MATCHES /dbSectionInterface)
+    file(GLOB left $ENV{DESTDIR}${folder}/*)
+    if(NOT left)
+      file(REMOVE_RECURSE $ENV{DESTDIR}${folder})
+    endif()
+    cmake_path(GET folder PARENT_PATH folder)
+  endwhile()
+endforeach()
+list(LENGTH files count)
+message(STATUS "${count} files removed")
