@@ -1,20 +1,20 @@
 # The ways into this project. Every target sets up what it needs first.
-.PHONY: setup build demo test lint sanitize bench faults fuzz clean
+.PHONY: setup build demo install uninstall test lint lint-all sanitize package bench faults fuzz clean
 
-CATALOGUES := build/catalogues
-SECTIONDB := build/bin/sectiondb
-# The demonstration's catalogues are protected, as those of an installation are.
-demo bench: export SECTIONDB_PASSWORD := demonstration
-demo: export SECTIONDB_FOLDER := $(CATALOGUES)
+SECTIONDB := build-demo/bin/sectiondb
+demo: export SECTIONDB_FOLDER := build-demo/catalogues
+bench: export SECTIONDB_PASSWORD := demonstration
 
 setup:
-	@scripts/setup
+	@scripts/setup test
 
 build: setup
 	@scripts/build release
 
-demo: build
-	@$(SECTIONDB) build data --output $(CATALOGUES)
+# The program and its catalogues alone.
+demo:
+	@scripts/setup build
+	@scripts/build demo sectiondb catalogues
 	@echo && $(SECTIONDB) list
 	@echo && $(SECTIONDB) list American
 	@echo && $(SECTIONDB) show American W12X26
@@ -23,11 +23,29 @@ demo: build
 	@echo && $(SECTIONDB) show Japanese H-300x150x6.5x9
 	@echo && $(SECTIONDB) show Indian "MB 300" --length in
 
+PREFIX ?= /usr/local
+install:
+	@scripts/setup build
+	@scripts/build install
+	@cmake --install build-install --prefix $(PREFIX) --strip
+
+uninstall:
+	@cmake --build build-install --target uninstall
+
+package:
+	@scripts/setup build package
+	@scripts/package
+
 test: build
 	@ctest --preset release
 
-lint: setup
+lint:
+	@scripts/setup test lint
 	@scripts/lint
+
+lint-all:
+	@scripts/setup test lint
+	@scripts/lint all
 
 sanitize: setup
 	@scripts/build sanitize
@@ -49,4 +67,4 @@ fuzz:
 	@scripts/fuzz $(FUZZ_SECONDS)
 
 clean:
-	@rm -rf build build-sanitize build-threads build-fuzz
+	@rm -rf build build-*
