@@ -15,12 +15,16 @@ struct CallState {
 
     int depth = 0; ///< public functions that the thread is in, from the host's call on
     Memory memory = Memory::Sufficed;
-    int failures = 0; ///< reported so far
+    int failures = 0;        ///< reported so far
+    std::uint64_t looks = 0; ///< number of the looks at files that hold (FileLook.h), only growing
 };
 
 /// So small that the room which the loader holds free for such variables does, even where the
 /// library is loaded late; finding it costs no call then.
 [[gnu::tls_model("initial-exec")]] inline constinit thread_local CallState callState;
+
+/// Ends what the thread has learnt of files: they may be others from here on.
+inline void ForgetLooks() { ++callState.looks; }
 
 /// Told by whoever meets an exhaustion of memory and goes on: the host's call is to fail.
 inline void NoteMemoryRanOut() {
@@ -33,7 +37,7 @@ class CallScope {
 public:
     CallScope() : m_isHosts(callState.depth++ == 0) {
         if (m_isHosts)
-            callState = {.depth = 1};
+            callState = {.depth = 1, .looks = callState.looks + 1};
     }
     CallScope(const CallScope&) = delete;
     CallScope& operator=(const CallScope&) = delete;
@@ -67,10 +71,13 @@ public:
     HostScope() = default;
     HostScope(const HostScope&) = delete;
     HostScope& operator=(const HostScope&) = delete;
-    ~HostScope() { callState = m_outer; }
+    ~HostScope() {
+        m_outer.looks = callState.looks + 1;
+        callState = m_outer;
+    }
 
 private:
-    CallState m_outer = std::exchange(callState, {});
+    CallState m_outer = std::exchange(callState, {.looks = callState.looks + 1});
 };
 
 } // namespace dbsection

@@ -1,6 +1,8 @@
 #include "platform/FileSystem.h"
 
+#include "platform/CallState.h"
 #include "platform/FileDescriptor.h"
+#include "platform/FileLook.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -15,11 +17,16 @@ constexpr mode_t AllPermissions = 07777;
 constexpr mode_t AllWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr int MaxLinks = 40;
 
+/// Looks at the file; false, and errno says why, where it cannot be reached.
 bool ReadStatus(const char* path, struct stat& status) {
-    if (path != nullptr)
-        return ::stat(dbsection::NativePath(path).c_str(), &status) == 0;
-    errno = ENOENT;
-    return false;
+    if (path == nullptr) {
+        errno = ENOENT;
+        return false;
+    }
+    const dbsection::FileLook& look = dbsection::LookAt(dbsection::NativePath(path));
+    status = look.status;
+    errno = look.error;
+    return look.error == 0;
 }
 
 } // namespace
@@ -42,9 +49,10 @@ int SetFileAttributesA(const char* path, unsigned attributes) {
     const mode_t mode = status.st_mode & AllPermissions;
     const mode_t wanted =
         (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? mode & ~AllWrite : mode | mode_t{S_IWUSR};
-    // Somebody else's file that already is as wanted must not be touched.
-    const bool done = wanted == mode || ::chmod(dbsection::NativePath(path).c_str(), wanted) == 0;
-    return done ? 1 : 0;
+    if (wanted == mode) // somebody else's file that already is so must not be touched
+        return 1;
+    dbsection::ForgetLooks();
+    return ::chmod(dbsection::NativePath(path).c_str(), wanted) == 0 ? 1 : 0;
 }
 
 #endif
@@ -184,6 +192,7 @@ int Refusal(const Target& target) {
 
 /// Finds what `path` leads to. Returns 0 or why it cannot be replaced.
 int FindTarget(const char* path, Target& target) {
+    ForgetLooks();
     target.exists = ReadStatus(path, target.status);
     if (!target.exists && (errno != ENOENT || path == nullptr))
         return errno;
@@ -210,6 +219,7 @@ int MoveTo(const Target& target, const std::string& finished) {
     if (!file.IsOpen() || (target.exists && !TakeOver(file.Get(), target.status)) ||
         ::fsync(file.Get()) != 0 || ::rename(finished.c_str(), target.path.c_str()) != 0)
         return errno;
+    ForgetLooks();
     // The file is replaced now. A folder that cannot be synced only delays it on the disk.
     const FileDescriptor folder(::open(folderPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     ::fsync(folder.Get());

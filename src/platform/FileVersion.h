@@ -1,6 +1,9 @@
 // What tells one state of a file from another.
 #pragma once
 
+#include "platform/FileLook.h"
+
+#include <cerrno>
 #include <chrono>
 #include <optional>
 #include <sys/stat.h>
@@ -11,7 +14,15 @@ namespace dbsection {
 /// content, its permissions or the file itself, but for one that follows too fast (IsSettled).
 class FileVersion {
 public:
-    /// Asks the system; nothing where the file cannot be reached, and errno then says why.
+    /// As the call of the host that is under way has seen the file; nothing where it cannot be
+    /// reached, and errno then says why.
+    static std::optional<FileVersion> Look(const std::string& path) {
+        const FileLook& look = LookAt(path);
+        errno = look.error;
+        return look.error == 0 ? std::optional(FileVersion(look.status)) : std::nullopt;
+    }
+
+    /// The same by a look of its own.
     static std::optional<FileVersion> Find(const char* path) {
         struct stat status {};
         return ::stat(path, &status) == 0 ? std::optional(FileVersion(status)) : std::nullopt;

@@ -2,6 +2,7 @@
 
 #include "platform/CallState.h"
 #include "platform/FileDescriptor.h"
+#include "platform/FileLook.h"
 #include "platform/FileSystem.h"
 #include "platform/FileVersion.h"
 #include "platform/ProfileText.h"
@@ -67,11 +68,11 @@ const ProfileIndex* Load(const char* file) {
     static thread_local std::unordered_map<std::string, KeptFile> keptFiles;
     const std::string path = dbsection::NativePath(file == nullptr ? "" : file);
     const auto place = keptFiles.find(path);
-    struct stat status {};
-    lastError = ::stat(path.c_str(), &status) == 0 ? 0 : errno;
+    const dbsection::FileLook& look = dbsection::LookAt(path);
+    lastError = look.error;
     if (place != keptFiles.end()) {
         const KeptFile& kept = place->second;
-        if (lastError == 0 && kept.trusted && kept.version == FileVersion(status))
+        if (lastError == 0 && kept.trusted && kept.version == FileVersion(look.status))
             return &kept.index;
         keptFiles.erase(place);
     }
@@ -80,6 +81,7 @@ const ProfileIndex* Load(const char* file) {
 
     const auto now = std::chrono::system_clock::now();
     std::string text;
+    struct stat status {};
     lastError = ReadText(path, text, status);
     if (lastError != 0)
         return nullptr;
