@@ -20,6 +20,8 @@
 #include "platform/CString.h"
 #include "platform/Export.h"
 
+#include <cstddef>
+
 /// Creates a database file. `descriptor` may carry its password (";PWD=secret").
 DBSECTION_API int createDatabase(CSectionDatabase** db, CString fileName, const char* descriptor,
                                  int options, CSectionWorkspace* workspace);
@@ -45,8 +47,17 @@ DBSECTION_API void destroyDatabase(CSectionDatabase** db);
 /// whole process.
 DBSECTION_API void modifyFileReadOnlyAttribute(const char* fileName, int mode);
 
-/// Ends the connections that closeDatabase has kept.
+/// Ends the connections that closeDatabase has kept, and forgets the rows that are kept.
 DBSECTION_API void terminateDAOEngine();
+
+/// Rows that were read are kept in memory while their file is what it was, which one look at the
+/// file tells: a change by any program is seen by the next call. This is the most that they may
+/// take, in bytes; what was not used for longest gives way. 32 MiB unless the host says otherwise,
+/// which forgets what there is; 0 keeps none.
+DBSECTION_API void SetKeptRowsLimit(std::size_t bytes);
+
+/// What the kept rows take, in bytes.
+DBSECTION_API std::size_t GetKeptRowsSize();
 
 /// Begins a table, which is part of the database after appendTableDef.
 DBSECTION_API int createNewTableDef(CSectionDatabase* db, CSectionTableDef** table, CString name);

@@ -3,6 +3,7 @@
 #include "dataaccess/Guard.h"
 #include "dataaccess/Handles.h"
 #include "dataaccess/sqlite/ConnectionPool.h"
+#include "dataaccess/sqlite/KeptFiles.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 
@@ -125,7 +126,14 @@ void modifyFileReadOnlyAttribute(const char* fileName, int mode) {
     });
 }
 
-void terminateDAOEngine() { dbsection::ConnectionPool::Clear(); }
+void terminateDAOEngine() {
+    dbsection::ConnectionPool::Clear();
+    dbsection::KeptFiles::Clear();
+}
+
+void SetKeptRowsLimit(std::size_t bytes) { dbsection::KeptFiles::SetLimit(bytes); }
+
+std::size_t GetKeptRowsSize() { return dbsection::KeptFile::TotalSize(); }
 
 CString getTableFromRecord(const char* fileName, const char* where, const char* connect) {
     CString found;

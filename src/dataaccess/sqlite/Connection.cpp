@@ -1,6 +1,7 @@
 #include "dataaccess/sqlite/Connection.h"
 
 #include "dataaccess/sqlite/WholeFiles.h"
+#include "platform/CallState.h"
 #include "platform/Text.h"
 
 #include <new>
@@ -99,6 +100,9 @@ void Connection::RequireCipherMemory() const {
 /// A file stays whole where it changes by this connection alone.
 void Connection::BeginChange() {
     RequireCipherMemory();
+    if (m_keptFile)
+        KeptFiles::Drop(m_keptFile->Version());
+    m_keptFile.reset();
     if (!IsInTransaction() && m_wholeVersion && m_wholeVersion != FileVersion::Find(m_path.c_str()))
         m_wholeVersion.reset();
 }
@@ -117,6 +121,7 @@ void Connection::Execute(const std::string& sql, Activity activity) {
     if (activity == Activity::Writing)
         BeginChange();
     m_work.Renew();
+    ForgetLooks();
     const int code = sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK) {
         ForgetUndoneChanges();
@@ -129,6 +134,7 @@ void Connection::Execute(const std::string& sql, Activity activity) {
 bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activity activity) {
     if (activity == Activity::Writing)
         BeginChange();
+    ForgetLooks();
     const int code = sqlite3_step(statement);
     const char* message = code == SQLITE_ERROR ? sqlite3_errmsg(m_database) : "";
     const bool isAtRow = CheckStep(code, message, statement, subject, activity);

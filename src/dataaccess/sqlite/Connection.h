@@ -6,6 +6,8 @@
 #include "dataaccess/CSectionTableDef.h"
 #include "dataaccess/sqlite/EngineError.h"
 #include "dataaccess/sqlite/FileKey.h"
+#include "dataaccess/sqlite/KeptFiles.h"
+#include "dataaccess/sqlite/RowsInUse.h"
 #include "dataaccess/sqlite/SqlText.h"
 #include "dataaccess/sqlite/Statement.h"
 #include "dataaccess/sqlite/WorkBound.h"
@@ -34,6 +36,13 @@ enum class Editing { No, IfPossible };
 struct ReadyQuery {
     StatementLease lease;
     std::vector<std::string> parameters;
+};
+
+/// Rows that were read before, and are what a statement would read now.
+struct KeptAnswer {
+    std::shared_ptr<const QueryShape> shape;
+    RowsInUse rows;
+    CSectionDataStamp stamp;
 };
 
 /// What is opened, how, and by whom.
@@ -117,6 +126,13 @@ public:
     std::optional<bool> FirstRow(const ReadyQuery& query);
     bool NextRow(const ReadyQuery& query);
 
+    /// The answer to a statement of a caller from what is kept of the file, which takes one look at
+    /// it; nothing where the engine must be asked. Rows that were asked for again are kept.
+    std::optional<KeptAnswer> Answer(const std::string& sql, Editing editing);
+
+    /// Whether what was read in that state is what would be read now.
+    bool IsCurrent(const CSectionDataStamp& stamp);
+
     /// Makes every statement ready anew when it is used next.
     void ForgetStatements() { m_kept.Clear(); }
 
@@ -189,6 +205,14 @@ private:
     bool CheckPages();
     bool HasWriteAheadLog();
 
+    KeptFile* Kept();
+    std::optional<KeptAnswer> AnswerFromTable(KeptFile& file, const TableQuestion& question,
+                                              Editing editing);
+    std::shared_ptr<const KeptTable> KeepTable(KeptFile& file, const std::string& name);
+    std::optional<KeptResult> ReadToKeep(const KeptFile& file, const std::string& sql,
+                                         Editing editing);
+    bool CanBeKept();
+
     void RequireCipherMemory() const;
     void BeginChange();
     void EndChange();
@@ -203,6 +227,7 @@ private:
     std::optional<KeptStatement> PrepareEditable(const std::string& sql, const QueryShape& shape);
     QueryShape ShapeOf(sqlite3_stmt* statement) const;
     bool IsTable(std::string_view name) const;
+    void ReadTables(std::int64_t version);
     void ForgetTables();
     std::int64_t PragmaValue(const std::string& sql);
     std::int64_t SchemaVersion() { return PragmaValue("PRAGMA schema_version"); }
@@ -216,6 +241,8 @@ private:
     std::string m_path;
     std::optional<Origin> m_origin;            ///< none: must not rest
     std::optional<KeyUse> m_key;               ///< none: the file is not protected
+    std::optional<FileVersion> m_file;         ///< as it was opened; none: nothing of it is kept
+    std::shared_ptr<KeptFile> m_keptFile;      ///< what is kept of it, of its last known version
     std::optional<FileVersion> m_wholeVersion; ///< in which nothing of a plain file is damaged
     sqlite3* m_database = nullptr;
     WorkBound m_work;
@@ -232,6 +259,7 @@ private:
     std::vector<std::string> m_tables;
     std::vector<std::string> m_notRun; ///< views and virtual tables
     std::int64_t m_tablesVersion = -1;
+    std::int64_t m_tablesFile = 0; ///< number of the kept file that has these tables, 0 is none
     std::map<std::string, FieldList, std::less<>> m_fields;
 };
 

@@ -4,6 +4,7 @@
 #include "dataaccess/sqlite/ConnectionPool.h"
 #include "dataaccess/sqlite/NewFile.h"
 #include "dataaccess/sqlite/WholeFiles.h"
+#include "platform/CallState.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
@@ -75,16 +76,14 @@ bool Connection::IsOutdatedBy(const Origin& origin) const {
 }
 
 std::optional<Origin> Origin::Find(const std::string& path, bool readOnly) {
-    const auto version = FileVersion::Find(path.c_str());
+    const auto version = FileVersion::Look(path);
     if (!version)
         return std::nullopt;
     return Origin{path, readOnly, *version, ::geteuid(), ::getegid()};
 }
 
 ConnectionPtr Connection::Open(const std::string& path, std::string_view password, Access access) {
-    // Before the file is opened: a change meanwhile is a change since.
-    const auto now = std::chrono::system_clock::now();
-    const auto origin = Origin::Find(NativePath(path), access.readOnly);
+    auto origin = Origin::Find(NativePath(path), access.readOnly);
     if (!origin)
         FailToReach(path, errno);
     if (!origin->version.IsRegularFile())
@@ -96,6 +95,12 @@ ConnectionPtr Connection::Open(const std::string& path, std::string_view passwor
         rested->SchemaVersion(); // fails where another program has the file for itself
         return rested;
     }
+    // A look before the file is opened: a change meanwhile is a change since.
+    const auto now = std::chrono::system_clock::now();
+    ForgetLooks();
+    origin = Origin::Find(origin->path, access.readOnly);
+    if (!origin)
+        FailToReach(path, errno);
     auto connection = OpenAnew(origin->path, password, access);
     if (origin->version.IsSettled(now) && !connection->HasWriteAheadLog())
         connection->m_origin = origin;
@@ -152,6 +157,7 @@ void Connection::RequireNoInheritedLock() const {
 }
 
 void Connection::OpenFile() {
+    const auto before = FileVersion::Find(m_path.c_str());
     // For writing even where only reading is wanted: what a killed writer left half is undone
     // first.
     const int code = sqlite3_open_v2(EnginePath(m_path).c_str(), &m_database,
@@ -160,6 +166,10 @@ void Connection::OpenFile() {
         FailFromEngine(code, m_database, m_path, Activity::Reading);
     constexpr int PatienceMilliseconds = 250; // another program's single write takes far less
     sqlite3_busy_timeout(m_database, PatienceMilliseconds);
+    const auto after = FileVersion::Find(m_path.c_str());
+    const bool isThatFile = before && after && after->IsOfSameFile(*before);
+    if (isThatFile && KeptFiles::HasTrustedTimes(m_path))
+        m_file = after;
 }
 
 /// A catalogue file may come from anywhere: nothing in it is run, and nothing in it may take more

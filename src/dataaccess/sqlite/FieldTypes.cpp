@@ -87,6 +87,12 @@ std::int32_t FieldSizeOf(std::string_view declaredType) {
     return size;
 }
 
+bool HasTextAffinity(std::string_view declaredType) {
+    const std::string type = UpperCase(declaredType);
+    const auto contains = [&type](const char* word) { return type.find(word) != type.npos; };
+    return !contains("INT") && (contains("CHAR") || contains("CLOB") || contains("TEXT"));
+}
+
 std::string ColumnDefinition(const CSectionFieldInfo& field) {
     const DeclaredType* type = FindByType(field.m_nType);
     const std::string name(field.m_strName.View());

@@ -15,6 +15,9 @@ std::int16_t FieldTypeOf(std::string_view declaredType);
 /// The size that a declared type carries, or the size of its values in bytes.
 std::int32_t FieldSizeOf(std::string_view declaredType);
 
+/// Whether the engine stores what it can as texts in a column of that declared type.
+bool HasTextAffinity(std::string_view declaredType);
+
 /// The column definition of a CREATE TABLE or ALTER TABLE statement. A field of unknown type is
 /// refused. The text of a rule is the name of its constraint, which the engine tells when it is
 /// broken.

@@ -3,6 +3,7 @@
 #include "dataaccess/sqlite/FieldTypes.h"
 #include "dataaccess/sqlite/TableDefinition.h"
 #include "dataaccess/sqlite/Values.h"
+#include "platform/CallState.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -193,6 +194,7 @@ ReadyQuery Connection::Query(std::string_view sql, Editing editing,
 
 std::optional<bool> Connection::FirstRow(const ReadyQuery& query) {
     sqlite3_stmt* statement = query.lease.Get();
+    ForgetLooks(); // what is kept must not be older than what was read
     const int code = [&] {
         const ScopedFlag readingOnly(m_callersStatement);
         m_authorized = false;
@@ -222,12 +224,15 @@ QueryShape Connection::ShapeOf(sqlite3_stmt* statement) const {
         column.table = TextOrEmpty(sqlite3_column_table_name(statement, i));
         column.origin = TextOrEmpty(sqlite3_column_origin_name(statement, i));
         if (!column.table.empty()) {
+            const char* collation = nullptr;
             int required = 0;
             int primaryKey = 0;
             sqlite3_table_column_metadata(m_database, nullptr, column.table.c_str(),
-                                          column.origin.c_str(), nullptr, nullptr, &required,
+                                          column.origin.c_str(), nullptr, &collation, &required,
                                           &primaryKey, nullptr);
             column.required = required != 0;
+            column.isPlainText =
+                HasTextAffinity(declared) && EqualNoCase(TextOrEmpty(collation), "BINARY");
             column.isRecordId = primaryKey != 0 && EqualNoCase(declared, "INTEGER");
         }
         shape.columns.push_back(std::move(column));

@@ -96,7 +96,7 @@ std::string RecordsetState::RowCondition() const {
 void RecordsetState::WriteRow(sqlite3_stmt* statement, int parameter, int row) {
     sqlite3_bind_int64(statement, ++parameter, m_rows.Id(row));
     for (int column = 0; column < m_shape->Width(); ++column)
-        Bind(statement, ++parameter, m_rows.At(row, column), m_rows);
+        Bind(statement, ++parameter, m_rows.At(row, column), m_rows.Store());
     if (Engine().Write(statement, Table()) > 0)
         return;
     const StatementLease current = RowById(m_rows.Id(row));
@@ -123,12 +123,12 @@ void RecordsetState::ReadBackAndCommit(std::int64_t id, Transaction& transaction
         const StatementLease row = RowById(id);
         if (!Engine().Step(row.Get(), Table(), Activity::Reading))
             Fail(SectionError::NoCurrentRecord, Table() + ": the record cannot be read back.");
-        m_rows.Append(row.Get(), true);
+        m_rows.Edit([&row](RowStore& rows) { rows.Append(row.Get(), true); });
     }
     try {
         transaction.Commit();
     } catch (...) {
-        m_rows.RemoveLast();
+        m_rows.Edit([](RowStore& rows) { rows.RemoveLast(); });
         throw;
     }
 }
@@ -176,7 +176,7 @@ void RecordsetState::UpdateRow() {
         if (m_values[i] && m_shape->columns[i].isRecordId && m_values[i]->vt == VT_R8)
             id = static_cast<std::int64_t>(m_values[i]->dblVal);
     ReadBackAndCommit(id, transaction);
-    m_rows.MoveLastTo(m_position);
+    m_rows.Edit([this](RowStore& rows) { rows.MoveLastTo(m_position); });
 }
 
 void RecordsetState::DeleteRow(int row) {
@@ -188,6 +188,7 @@ void RecordsetState::DeleteRow(int row) {
 void RecordsetState::Delete() {
     RequireEditable();
     RequireRow();
+    m_rows.MakeOwn();
     Transaction transaction(Engine(), Purpose::OneWrite);
     DeleteRow(m_position);
     transaction.Commit();
@@ -203,7 +204,7 @@ int RecordsetState::DeleteAll() {
     for (int row = 0; row < count; ++row)
         DeleteRow(row);
     transaction.Commit();
-    m_rows = RowStore(m_shape->Width());
+    m_rows = RowsInUse(RowStore(m_shape->Width()));
     m_visited = 0;
     Visit(-1);
     return count;

@@ -28,6 +28,12 @@ RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql
     : m_session(std::move(session)),
       m_sql(std::move(sql)),
       m_editing(editing) {
+    if (!TakeKeptRows())
+        OpenRows();
+    Visit(0);
+}
+
+void RecordsetState::OpenRows() {
     WithFirstRow([&](const ReadyQuery& query, bool atRow) {
         m_shape = query.lease.Shape();
         if (atRow && m_shape->isWholeTable)
@@ -35,7 +41,27 @@ RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql
         else
             ReadRows(query, atRow);
     });
-    Visit(0);
+}
+
+/// Takes the rows that are kept of the file; false where there are none.
+bool RecordsetState::TakeKeptRows() {
+    auto kept = Engine().Answer(m_sql, m_editing);
+    if (!kept)
+        return false;
+    TakeRows(std::move(kept->shape), std::move(kept->rows), kept->stamp);
+    return true;
+}
+
+/// Nothing fails here: a failed query leaves the rows that there were.
+void RecordsetState::TakeRows(std::shared_ptr<const QueryShape> shape, RowsInUse rows,
+                              const std::optional<CSectionDataStamp>& stamp) {
+    if (m_shape != shape)
+        m_edit = Edit::None; // of columns that may be others now
+    m_shape = std::move(shape);
+    m_rows = std::move(rows);
+    m_stamp = m_rows.Count() > 0 ? stamp : std::nullopt;
+    m_isRead = true;
+    m_onGap = false;
 }
 
 /// Runs the statement up to its first row, made ready anew where the tables have changed.
@@ -58,6 +84,8 @@ void RecordsetState::WithFirstRow(Use use) {
 }
 
 void RecordsetState::ReadRows() {
+    if (TakeKeptRows())
+        return;
     WithFirstRow([&](const ReadyQuery& query, bool atRow) { ReadRows(query, atRow); });
 }
 
@@ -72,14 +100,7 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow) {
         rows.Append(query.lease.Get(), shape->IsEditable());
         Engine().RequireTextsWhole(rows.TextSize() - before);
     }
-    // From here on nothing fails: a failed query leaves the rows that there were.
-    if (m_shape != shape)
-        m_edit = Edit::None; // of columns that may be others now
-    m_shape = shape;
-    m_rows = std::move(rows);
-    m_stamp = stamp;
-    m_isRead = true;
-    m_onGap = false;
+    TakeRows(shape, RowsInUse(std::move(rows)), stamp);
 }
 
 /// Reads the rows where that was left for later; the row that was the first is current still.
@@ -89,7 +110,7 @@ void RecordsetState::ReadRowsLeft() {
 }
 
 void RecordsetState::Requery() {
-    if (!m_isRead || !m_stamp || *m_stamp != Engine().Stamp())
+    if (!m_isRead || !m_stamp || !Engine().IsCurrent(*m_stamp))
         ReadRows();
     LeaveRow();
     m_visited = 0;
@@ -105,7 +126,7 @@ void RecordsetState::LeaveRow() {
     m_edit = Edit::None;
     if (!m_onGap)
         return;
-    m_rows.Remove(m_position);
+    m_rows.Edit([this](RowStore& rows) { rows.Remove(m_position); });
     m_onGap = false;
     --m_visited;
 }
@@ -194,7 +215,7 @@ int RecordsetState::FindFrom(int first, int step, std::string_view condition) {
         if (m_onGap && row == m_position)
             continue;
         for (int column = 0; column < columns; ++column)
-            Bind(statement, column + 1, m_rows.At(row, column), m_rows);
+            Bind(statement, column + 1, m_rows.At(row, column), m_rows.Store());
         if (Engine().NextRow(query))
             return row;
         sqlite3_reset(statement);
@@ -210,7 +231,7 @@ COleVariant RecordsetState::Value(int column) {
     if (m_edit == Edit::New)
         return COleVariant::Null();
     RequireRow();
-    return ToVariant(m_rows.At(m_position, column), m_rows, m_shape->columns[index]);
+    return ToVariant(m_rows.At(m_position, column), m_rows.Store(), m_shape->columns[index]);
 }
 
 double RecordsetState::Number(int column) {

@@ -1,7 +1,7 @@
 // What a recordset holds while it is open: its rows, the current row, and the edit buffer.
 #pragma once
 
-#include "dataaccess/sqlite/RowStore.h"
+#include "dataaccess/sqlite/RowsInUse.h"
 #include "dataaccess/sqlite/Session.h"
 #include "platform/COleVariant.h"
 
@@ -63,6 +63,10 @@ private:
 
     template <class Use>
     void WithFirstRow(Use use);
+    void OpenRows();
+    bool TakeKeptRows();
+    void TakeRows(std::shared_ptr<const QueryShape> shape, RowsInUse rows,
+                  const std::optional<CSectionDataStamp>& stamp);
     void ReadRows();
     void ReadRows(const ReadyQuery& query, bool atRow);
     void ReadRowsLeft();
@@ -105,7 +109,7 @@ private:
     std::string m_sql;
     Editing m_editing;
     std::shared_ptr<const QueryShape> m_shape;
-    RowStore m_rows;
+    RowsInUse m_rows;
     std::optional<CSectionDataStamp> m_stamp;
     bool m_isRead = false;
     std::int64_t m_firstId = 0; ///< of the row that is current when the rows are read later

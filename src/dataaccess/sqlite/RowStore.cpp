@@ -6,11 +6,63 @@
 
 namespace dbsection {
 
+std::size_t RowStore::Size() const {
+    return m_room * m_columns * sizeof(Cell) + m_ids.capacity() * sizeof(std::int64_t) +
+           m_texts.capacity();
+}
+
+RowStore RowStore::Extract(int first, int count) const {
+    RowStore part(static_cast<int>(m_columns));
+    part.m_ids.assign(m_ids.begin() + first, m_ids.begin() + first + count);
+    for (int row = 0; row < count; ++row) {
+        if (static_cast<std::size_t>(row) == part.m_room)
+            part.Grow(std::min(RowsOfBlock, static_cast<std::size_t>(count - row)));
+        const Cell* from = Row(first + row);
+        Cell* to = part.Row(row);
+        for (std::size_t column = 0; column < m_columns; ++column, ++from, ++to) {
+            const bool hasBytes =
+                from->storage == Cell::Storage::Text || from->storage == Cell::Storage::Bytes;
+            *to = hasBytes ? part.Store(from->storage, TextOf(*from)) : *from;
+        }
+    }
+    part.m_texts.shrink_to_fit();
+    return part;
+}
+
+Cell RowStore::Store(Cell::Storage storage, std::string_view bytes) {
+    if (m_texts.size() + bytes.size() > std::numeric_limits<std::uint32_t>::max())
+        throw std::bad_alloc();
+    Cell cell{};
+    cell.storage = storage;
+    cell.extent = {static_cast<std::uint32_t>(m_texts.size()),
+                   static_cast<std::uint32_t>(bytes.size())};
+    m_texts.append(bytes);
+    return cell;
+}
+
+/// Makes room for more rows, of one block at most.
+void RowStore::Grow(std::size_t rows) {
+    const std::size_t begun = m_room % RowsOfBlock;
+    auto block =
+        std::make_unique_for_overwrite<Cell[]>((begun == 0 ? rows : RowsOfBlock) * m_columns);
+    if (begun == 0) {
+        m_blocks.push_back(std::move(block));
+        m_room += rows;
+    } else {
+        std::copy_n(m_blocks.back().get(), begun * m_columns, block.get());
+        m_blocks.back() = std::move(block);
+        m_room += RowsOfBlock - begun;
+    }
+}
+
 Cell RowStore::Read(sqlite3_stmt* row, int column) {
     // Asking the value, not the row, spares the engine's checks at each question.
     sqlite3_value* value = sqlite3_column_value(row, column);
+    const auto bytes = [value](const void* begin) {
+        return std::string_view(static_cast<const char*>(begin),
+                                static_cast<std::size_t>(sqlite3_value_bytes(value)));
+    };
     Cell cell{};
-    const char* bytes = nullptr;
     switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
         cell.storage = Cell::Storage::Integer;
@@ -23,27 +75,18 @@ Cell RowStore::Read(sqlite3_stmt* row, int column) {
     case SQLITE_NULL:
         return cell;
     case SQLITE_BLOB:
-        cell.storage = Cell::Storage::Bytes;
-        bytes = static_cast<const char*>(sqlite3_value_blob(value));
-        break;
+        return Store(Cell::Storage::Bytes, bytes(sqlite3_value_blob(value)));
     default:
-        cell.storage = Cell::Storage::Text;
-        bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
-        if (bytes == nullptr)
+        const void* text = sqlite3_value_text(value);
+        if (text == nullptr)
             throw std::bad_alloc();
-        break;
+        return Store(Cell::Storage::Text, bytes(text));
     }
-    const auto length = static_cast<std::size_t>(sqlite3_value_bytes(value));
-    if (m_texts.size() + length > std::numeric_limits<std::uint32_t>::max())
-        throw std::bad_alloc();
-    cell.extent = {static_cast<std::uint32_t>(m_texts.size()), static_cast<std::uint32_t>(length)};
-    m_texts.append(bytes, length);
-    return cell;
 }
 
 void RowStore::Append(sqlite3_stmt* row, bool hasId) {
-    if (m_ids.size() == m_blocks.size() * RowsOfBlock)
-        m_blocks.push_back(std::make_unique_for_overwrite<Cell[]>(RowsOfBlock * m_columns));
+    if (m_ids.size() == m_room)
+        Grow(RowsOfBlock);
     const auto columns = static_cast<int>(m_columns);
     Cell* cell = Row(Count());
     for (int column = 0; column < columns; ++column)
@@ -61,11 +104,6 @@ void RowStore::MoveLastTo(int index) {
     std::copy_n(Row(Count() - 1), m_columns, Row(index));
     m_ids[static_cast<std::size_t>(index)] = m_ids.back();
     m_ids.pop_back();
-}
-
-int RowStore::FindId(std::int64_t id) const {
-    const auto place = std::ranges::find(m_ids, id);
-    return place == m_ids.end() ? -1 : static_cast<int>(place - m_ids.begin());
 }
 
 } // namespace dbsection

@@ -35,7 +35,13 @@ public:
     /// Bytes of all texts.
     std::size_t TextSize() const { return m_texts.size(); }
 
+    /// Bytes of all that it holds.
+    std::size_t Size() const;
+
     int Count() const { return static_cast<int>(m_ids.size()); }
+
+    /// Some of the rows, in a store that has room for no others.
+    RowStore Extract(int first, int count) const;
 
     /// Appends the row that a statement is at; the identifier is the column behind the last one.
     /// Where it throws the rows are what they were.
@@ -46,9 +52,6 @@ public:
 
     /// Puts the last row in the place of another one.
     void MoveLastTo(int index);
-
-    /// The row of an identifier, or -1.
-    int FindId(std::int64_t id) const;
 
     std::int64_t Id(int index) const { return m_ids[static_cast<std::size_t>(index)]; }
     const Cell& At(int index, int column) const { return Row(index)[column]; }
@@ -64,9 +67,12 @@ private:
         return m_blocks[row / RowsOfBlock].get() + row % RowsOfBlock * m_columns;
     }
     Cell Read(sqlite3_stmt* row, int column);
+    Cell Store(Cell::Storage storage, std::string_view bytes);
+    void Grow(std::size_t rows);
 
     std::size_t m_columns;
-    std::vector<std::unique_ptr<Cell[]>> m_blocks; ///< grow without moving what is there
+    std::vector<std::unique_ptr<Cell[]>> m_blocks; ///< all but the last one full
+    std::size_t m_room = 0;                        ///< rows of all blocks
     std::vector<std::int64_t> m_ids;
     std::string m_texts;
 };

@@ -32,6 +32,7 @@ struct ResultColumn {
     std::string origin;
     bool required = false;
     bool isRecordId = false;
+    bool isPlainText = false; ///< a column of texts that compare byte by byte
 };
 
 /// What a reading statement delivers: its columns, and behind them, where rows can be written to,

@@ -9,9 +9,18 @@
 namespace dbsection {
 
 const std::vector<std::string>& Connection::Tables() {
-    const std::int64_t version = SchemaVersion();
-    if (version == m_tablesVersion)
+    const KeptFile* file = Kept(); // before the tables are read: a change meanwhile is one since
+    const std::int64_t number = file == nullptr ? 0 : file->Number();
+    if (number != 0 && number == m_tablesFile)
         return m_tables;
+    const std::int64_t version = SchemaVersion();
+    if (version != m_tablesVersion)
+        ReadTables(version);
+    m_tablesFile = number;
+    return m_tables;
+}
+
+void Connection::ReadTables(std::int64_t version) {
     ForgetTables();
     // Virtual tables have no page of their own; neither their code nor that of views is run.
     const StatementLease lease = Own("SELECT name, type = 'table' AND rootpage > 0 FROM "
@@ -22,7 +31,6 @@ const std::vector<std::string>& Connection::Tables() {
         (sqlite3_column_int(lease.Get(), 1) != 0 ? m_tables : m_notRun).emplace_back(name);
     }
     m_tablesVersion = version;
-    return m_tables;
 }
 
 void Connection::ForgetTables() {
@@ -30,6 +38,7 @@ void Connection::ForgetTables() {
     m_notRun.clear();
     m_fields.clear();
     m_tablesVersion = -1;
+    m_tablesFile = 0;
 }
 
 bool Connection::IsTable(std::string_view name) const {

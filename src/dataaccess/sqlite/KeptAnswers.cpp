@@ -1,0 +1,156 @@
+// Answers from what is kept of a file, and what is kept of it.
+#include "dataaccess/sqlite/Connection.h"
+#include "dataaccess/sqlite/Transaction.h"
+#include "platform/FileLook.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace dbsection {
+namespace {
+
+constexpr const char* AllRows = "SELECT * FROM ";
+
+/// What is read in a version of a file has the same stamp, whatever connection reads it.
+CSectionDataStamp StampOf(const KeptFile& file) { return {-file.Number(), 0, 0}; }
+
+KeptAnswer AllOf(const KeptFile& file, const KeptResult& result) {
+    return {result.shape, RowsInUse(result.rows, 0, result.rows->Count()), StampOf(file)};
+}
+
+/// Whether the same rows come at any time: these functions know the hour.
+bool IsTimeless(const std::string& sql) {
+    return !Mentions(sql, "date") && !Mentions(sql, "strftime");
+}
+
+} // namespace
+
+/// What is kept of the file as statements would read it now; null where that is not sure. Within a
+/// transaction a statement reads what was written in it, or what was there when it began.
+///
+/// A file with a journal that a killed writer left needs no thought: unless its version changed,
+/// what the journal would bring back is what was there.
+KeptFile* Connection::Kept() {
+    if (!m_file || IsInTransaction())
+        return nullptr;
+    const auto now = FileVersion::Look(m_path);
+    if (!now || !now->IsOfSameFile(*m_file))
+        return nullptr;
+    if (!m_keptFile || m_keptFile->Version() != *now || m_keptFile->IsRetired())
+        m_keptFile = KeptFiles::Find(m_path, *now);
+    return m_keptFile.get();
+}
+
+bool Connection::IsCurrent(const CSectionDataStamp& stamp) {
+    if (stamp.connection > 0)
+        return stamp == Stamp();
+    const KeptFile* file = Kept();
+    return file != nullptr && stamp == StampOf(*file);
+}
+
+std::optional<KeptAnswer> Connection::Answer(const std::string& sql, Editing editing) {
+    KeptFile* file = Kept();
+    if (file == nullptr)
+        return std::nullopt;
+    if (const auto question = TableQuestion::Parse(sql))
+        return AnswerFromTable(*file, *question, editing);
+    const std::string key = (editing == Editing::No ? "read " : "edit ") + sql;
+    if (const auto kept = file->FindResult(key))
+        return AllOf(*file, *kept);
+    if (!file->HasBeenAsked(key) || file->IsRefused(key) || !IsTimeless(sql))
+        return std::nullopt;
+    const auto read = ReadToKeep(*file, sql, editing);
+    if (!read || read->shape->isWholeTable) {
+        file->Refuse(key);
+        return std::nullopt;
+    }
+    file->Keep(key, *read);
+    KeptFiles::Trim();
+    return AllOf(*file, *read);
+}
+
+/// Rows of a whole table that may be written to are left to be read when they are asked for.
+std::optional<KeptAnswer> Connection::AnswerFromTable(KeptFile& file, const TableQuestion& question,
+                                                      Editing editing) {
+    const bool isWhole = question.rows == TableQuestion::Rows::All;
+    if (isWhole && editing != Editing::No)
+        return std::nullopt;
+    auto table = file.FindTable(question.table);
+    if (!table && (isWhole || file.IsWorthKeeping()))
+        table = KeepTable(file, std::string(question.table));
+    if (!table)
+        return std::nullopt;
+    const KeptResult& result = editing == Editing::No ? table->ReadOnly() : table->Editable();
+    if (isWhole)
+        return AllOf(file, result);
+    const auto row = table->Find(question);
+    if (!row)
+        return std::nullopt;
+    return KeptAnswer{result.shape, RowsInUse(result.rows, std::max(*row, 0), *row < 0 ? 0 : 1),
+                      StampOf(file)};
+}
+
+/// Null where the table cannot be kept; the engine then tells why, where it is asked for it.
+std::shared_ptr<const KeptTable> Connection::KeepTable(KeptFile& file, const std::string& name) {
+    const std::string key = "table " + UpperCase(name);
+    if (file.IsRefused(key))
+        return nullptr;
+    const auto table = FindTable(name);
+    const std::string sql = AllRows + Quoted(table.value_or(name));
+    auto editable = table ? ReadToKeep(file, sql, Editing::IfPossible) : std::nullopt;
+    if (!editable) {
+        file.Refuse(key);
+        return nullptr;
+    }
+    const auto shape = Query(sql, Editing::No, SectionError::UnknownNameInStatement).lease.Shape();
+    if (editable->shape->isWholeTable) { // single rows are not
+        auto some = *editable->shape;
+        some.isWholeTable = false;
+        editable->shape = std::make_shared<const QueryShape>(std::move(some));
+    }
+    const KeptResult readOnly{shape, editable->rows};
+    auto kept = file.Keep(std::make_shared<const KeptTable>(*table, readOnly, *editable));
+    KeptFiles::Trim();
+    return kept;
+}
+
+/// Reads all rows of a statement in the version of the file. Nothing where the file is of another
+/// one by now, the engine fails, or the rows are too many.
+std::optional<KeptResult> Connection::ReadToKeep(const KeptFile& file, const std::string& sql,
+                                                 Editing editing) {
+    try {
+        const Transaction moment(*this, Purpose::Reading);
+        const ReadyQuery query = Query(sql, editing, SectionError::UnknownNameInStatement);
+        auto atRow = FirstRow(query);
+        // Nobody writes to the file from here on.
+        if (!atRow || FileVersion::Find(m_path.c_str()) != file.Version() || !CanBeKept())
+            return std::nullopt;
+        const auto& shape = query.lease.Shape();
+        RowStore rows(shape->Width());
+        for (; *atRow; atRow = NextRow(query)) {
+            const std::size_t before = rows.TextSize();
+            rows.Append(query.lease.Get(), shape->IsEditable());
+            RequireTextsWhole(rows.TextSize() - before);
+            if (rows.Size() > KeptFiles::Limit())
+                return std::nullopt;
+        }
+        return KeptResult{shape, std::make_shared<const RowStore>(rows.Extract(0, rows.Count()))};
+    } catch (CSectionException* e) {
+        const bool isBusy = e->GetErrorNumber() == SectionError::InUse;
+        if (isBusy)
+            throw;
+        e->Delete();
+        return std::nullopt;
+    }
+}
+
+/// Whether the versions of the file tell its content, and texts compare as they are compared here.
+bool Connection::CanBeKept() {
+    if (HasWriteAheadLog() || sqlite3_compileoption_used("ENABLE_ICU") != 0)
+        return false;
+    const StatementLease lease = Own("PRAGMA encoding");
+    return Step(lease.Get(), m_path, Activity::Reading) && TextAt(lease.Get(), 0) == "UTF-8";
+}
+
+} // namespace dbsection

@@ -1,0 +1,139 @@
+#include "dataaccess/sqlite/KeptTable.h"
+
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <bit>
+#include <utility>
+
+namespace dbsection {
+namespace {
+
+std::size_t HashNoCase(std::string_view text) {
+    constexpr std::uint64_t Prime = 0x100000001b3;
+    std::uint64_t hash = 0xcbf29ce484222325;
+    for (const char c : text)
+        hash = (hash ^ static_cast<unsigned char>(ToUpper(c))) * Prime;
+    return static_cast<std::size_t>(hash ^ (hash >> 32));
+}
+
+} // namespace
+
+TextIndex::TextIndex(const RowStore& rows, int column)
+    : m_rows(rows),
+      m_column(column),
+      m_first(std::bit_ceil(static_cast<std::size_t>(rows.Count()) + 1)),
+      m_next(static_cast<std::size_t>(rows.Count())) {
+    for (int row = rows.Count() - 1; row >= 0; --row) {
+        const Cell& cell = rows.At(row, column);
+        if (cell.storage == Cell::Storage::Text) {
+            std::uint32_t& first = m_first[Bucket(rows.TextOf(cell))];
+            m_next[static_cast<std::size_t>(row)] = first;
+            first = static_cast<std::uint32_t>(row) + 1;
+        } else if (cell.storage != Cell::Storage::Null) {
+            m_isFit = false;
+        }
+    }
+}
+
+std::size_t TextIndex::Bucket(std::string_view text) const {
+    return HashNoCase(text) & (m_first.size() - 1);
+}
+
+bool TextIndex::IsText(std::size_t row, std::string_view text) const {
+    return EqualNoCase(m_rows.TextOf(m_rows.At(static_cast<int>(row), m_column)), text);
+}
+
+KeptTable::KeptTable(std::string_view name, KeptResult readOnly, KeptResult editable)
+    : m_name(name),
+      m_readOnly(std::move(readOnly)),
+      m_editable(std::move(editable)) {
+    const RowStore& rows = *m_readOnly.rows;
+    m_hasIds = m_editable.shape->IsEditable();
+    for (int row = 1; row < rows.Count(); ++row)
+        m_hasIds = m_hasIds && rows.Id(row - 1) < rows.Id(row);
+}
+
+int KeptTable::FindColumn(std::string_view name) const {
+    const auto& columns = m_readOnly.shape->columns;
+    const auto place = std::ranges::find_if(
+        columns, [name](const ResultColumn& column) { return EqualNoCase(column.name, name); });
+    return place == columns.end() ? -1 : static_cast<int>(place - columns.begin());
+}
+
+int KeptTable::FindId(std::int64_t id) const {
+    const RowStore& rows = *m_readOnly.rows;
+    int low = 0;
+    int high = rows.Count();
+    while (low < high) {
+        const int middle = low + (high - low) / 2;
+        (rows.Id(middle) < id ? low : high) = rows.Id(middle) < id ? middle + 1 : middle;
+    }
+    return low < rows.Count() && rows.Id(low) == id ? low : -1;
+}
+
+const TextIndex& KeptTable::Index(int column) const {
+    const std::lock_guard lock(m_guard);
+    const auto place = m_indexes.find(column);
+    return place != m_indexes.end()
+               ? place->second
+               : m_indexes.try_emplace(column, *m_readOnly.rows, column).first->second;
+}
+
+bool KeptTable::IsSelected(const TableQuestion& question, int row) const {
+    return question.selection.empty() ||
+           std::ranges::count(question.selection, m_readOnly.rows->Id(row)) > 0;
+}
+
+std::optional<int> KeptTable::Find(const TableQuestion& question) const {
+    using Rows = TableQuestion::Rows;
+    const auto isRecordId = [this](int column) {
+        return column >= 0 && m_hasIds &&
+               m_editable.shape->columns[static_cast<std::size_t>(column)].isRecordId;
+    };
+    const int column = FindColumn(question.column);
+    if (column < 0 ||
+        (!question.selection.empty() && !isRecordId(FindColumn(question.selectionColumn))))
+        return std::nullopt;
+    if (question.rows == Rows::OfNumber) {
+        if (!isRecordId(column))
+            return std::nullopt;
+        const int row = FindId(question.number);
+        return row >= 0 && IsSelected(question, row) ? row : -1;
+    }
+    const TextIndex& index = Index(column);
+    if (!index.IsFit() ||
+        (question.rows == Rows::OfText &&
+         !m_readOnly.shape->columns[static_cast<std::size_t>(column)].isPlainText))
+        return std::nullopt;
+    if (question.rows == Rows::OfTextInCapitals && question.text != UpperCase(question.text))
+        return -1;
+    int found = -1;
+    int count = 0;
+    index.ForEach(question.text, [&](int row) {
+        const auto text = [&] { return m_readOnly.rows->TextOf(m_readOnly.rows->At(row, column)); };
+        if ((question.rows == Rows::OfText && text() != question.text) ||
+            !IsSelected(question, row))
+            return;
+        found = row;
+        ++count;
+    });
+    return count > 1 ? std::nullopt : std::optional(found);
+}
+
+bool KeptTable::MayHold(std::string_view column, std::string_view text) const {
+    const int place = FindColumn(column);
+    if (place < 0)
+        return false;
+    const TextIndex& index = Index(place);
+    bool isHeld = !index.IsFit();
+    index.ForEach(text, [&isHeld](int) { isHeld = true; });
+    return isHeld;
+}
+
+std::size_t KeptTable::Size() const {
+    return m_readOnly.Size() + static_cast<std::size_t>(m_readOnly.rows->Count()) *
+                                   sizeof(std::uint32_t) * 6; // the indexes of two names
+}
+
+} // namespace dbsection
