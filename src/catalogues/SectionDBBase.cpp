@@ -13,33 +13,25 @@ namespace {
 
 using dbsection::ForEachSectionTable;
 using dbsection::Guarded;
+using dbsection::NameMatch;
+using dbsection::NameQuestion;
 using dbsection::Operation;
+using dbsection::QuestionFor;
 
-/// How a table that has a column is asked for a name, which stands between the two texts.
-struct Match {
-    const char* column;
-    const char* before;
-    const char* after;
-};
-
-constexpr Match Exactly{"VessaName", "[VessaName] = '", "'"};
-constexpr Match InCapitals{"VessaName", "UPPER([VessaName]) = '", "'"};
-constexpr Match DesignationInCapitals{"Designation", "UPPER([Designation]) = '", "'"};
-constexpr Match InAnyCase{"VessaName", "UPPER([VessaName]) = UPPER('", "')"};
-
-/// Finds the first section table with a row of that name. `matchFor` tells how to ask a table.
-template <class MatchFor>
-int FindTableOf(CSectionDatabase* database, const char* name, CString& table, MatchFor matchFor) {
+/// Finds the first section table with a row of that name. `questionFor` tells what a table is
+/// asked.
+int FindTableOf(CSectionDatabase* database, const char* name, CString& table,
+                const QuestionFor& questionFor) {
     table = {};
     if (!dbsection::IsSearchable(name))
         return 0;
-    ForEachSectionTable(database, [&](const CString& candidate) {
-        const Match& match = matchFor(candidate);
+    ForEachSectionTable(database, questionFor, [&](const CString& candidate) {
+        const NameQuestion question = questionFor(candidate.View());
         RecordsetHandle rows;
-        if (!dbsection::HasColumn(database, candidate, match.column) ||
+        if (!dbsection::HasColumn(database, candidate, question.column) ||
             openRecordset(&database, rows.Address(),
-                          "Select * From [" + candidate + "] WHERE " + match.before + name +
-                              match.after,
+                          "Select * From [" + candidate + "] WHERE " +
+                              dbsection::ConditionOf(question),
                           CSectionRecordset::Snapshot, 1) != 1 ||
             rows->IsEOF())
             return false;
@@ -48,6 +40,11 @@ int FindTableOf(CSectionDatabase* database, const char* name, CString& table, Ma
         return true;
     });
     return table.IsEmpty() ? 0 : 1;
+}
+
+/// Asks every table for a VessaName.
+QuestionFor ForVessaName(NameMatch match, const char* name) {
+    return [=](std::string_view) { return NameQuestion{"VessaName", match, name}; };
 }
 
 unsigned int IdentifierIn(const COleVariant& value) {
@@ -72,21 +69,22 @@ SectionDBBase::~SectionDBBase() {
 
 int SectionDBBase::FindSectionTableExact(const char* name, CString& table) {
     return Operation("FindSectionTableExact()", [&] {
-        return FindTableOf(m_pDatabase, name, table, [](const CString&) { return Exactly; });
+        return FindTableOf(m_pDatabase, name, table, ForVessaName(NameMatch::Exactly, name));
     });
 }
 
 int SectionDBBase::GetTableNameFromSection(const char* name, CString& table) {
     return Operation("GetTableNameFromSection()", [&] {
-        return FindTableOf(m_pDatabase, name, table, [](const CString& candidate) {
-            return candidate == "OWJoistMaster" ? DesignationInCapitals : InCapitals;
+        return FindTableOf(m_pDatabase, name, table, [name](std::string_view candidate) {
+            const char* column = candidate == "OWJoistMaster" ? "Designation" : "VessaName";
+            return NameQuestion{column, NameMatch::InCapitals, name};
         });
     });
 }
 
 int SectionDBBase::FindSectionTable(const char* name, CString& table) {
     return Operation("FindSectionTable()", [&] {
-        return FindTableOf(m_pDatabase, name, table, [](const CString&) { return InAnyCase; });
+        return FindTableOf(m_pDatabase, name, table, ForVessaName(NameMatch::InAnyCase, name));
     });
 }
 

@@ -17,6 +17,7 @@
 namespace dbsection {
 class Connection;
 class DatabaseTransaction;
+class KeptNames;
 class Workspace;
 struct DatabaseReference;
 } // namespace dbsection
@@ -108,6 +109,7 @@ private:
     friend class CSectionTableDef;
     friend class CSectionRecordset;
     friend class dbsection::DatabaseTransaction;
+    friend class dbsection::KeptNames;
 
     dbsection::Connection& OpenConnection() const;
     template <class Opener>

@@ -5,6 +5,19 @@
 
 namespace dbsection {
 
+CString ConditionOf(const NameQuestion& question) {
+    const CString column = CString("[") + question.column + "]";
+    const CString name = CString("'") + question.name + "'";
+    switch (question.match) {
+    case NameMatch::Exactly:
+        return column + " = " + name;
+    case NameMatch::InCapitals:
+        return "UPPER(" + column + ") = " + name;
+    default:
+        return "UPPER(" + column + ") = UPPER(" + name + ")";
+    }
+}
+
 bool IsSearchable(const CString& name) {
     if (name.Find('\'') < 0)
         return true;

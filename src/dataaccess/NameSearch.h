@@ -1,9 +1,27 @@
-// Statements that look for a name which came from outside.
+// Searching tables for a name which came from outside.
 #pragma once
 
 #include "dataaccess/DataAccess.h"
 
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <vector>
+
 namespace dbsection {
+
+/// How the texts of a column are compared with a name: both as they are, the text in capitals, or
+/// both in capitals.
+enum class NameMatch { Exactly, InCapitals, InAnyCase };
+
+struct NameQuestion {
+    const char* column;
+    NameMatch match;
+    const char* name;
+};
+
+/// The condition of a statement that asks it.
+CString ConditionOf(const NameQuestion& question);
 
 /// Whether a name can stand between quotes in a statement, where a quote in it would end the text.
 /// One that cannot is reported as a statement that failed to open.
@@ -13,5 +31,27 @@ bool IsSearchable(const CString& name);
 /// failed open: the recordset that was there is closed.
 int OpenByName(CSectionDatabase** db, CSectionRecordset** rs, const CString& name,
                const CString& sql, int openType);
+
+/// The number of rows that answer a question in a table.
+struct NameRows {
+    CString table;
+    int count;
+};
+
+/// What a table is asked, by its name.
+using QuestionFor = std::function<NameQuestion(std::string_view table)>;
+
+/// What the rows that are kept in memory tell of names (DataAccess.h).
+class KeptNames {
+public:
+    /// The user tables that have rows of a name, in table order. Nothing where that is not told, or
+    /// a host observes the statements, which are to be opened then.
+    static std::optional<std::vector<NameRows>> Find(const CSectionDatabase& database,
+                                                     const QuestionFor& questionFor);
+
+    /// The same of a file that was opened for writing with that connect text, and closed.
+    static std::optional<std::vector<NameRows>> Find(const CString& fileName, const char* connect,
+                                                     const NameQuestion& question);
+};
 
 } // namespace dbsection

@@ -1,6 +1,7 @@
 #include "dataaccess/DataAccess.h"
 
 #include "dataaccess/Guard.h"
+#include "dataaccess/Observation.h"
 #include "platform/CallState.h"
 #include "platform/MessageBox.h"
 
@@ -55,6 +56,8 @@ int getFieldCount(CSectionRecordset** rs) {
     return Guarded({"getFieldCount()", "Failed to get field count."},
                    [&] { return (*rs)->GetFieldCount(); });
 }
+
+bool dbsection::IsObserved() { return statementObserver != nullptr; }
 
 StatementObserver SetStatementObserver(StatementObserver observer) {
     return std::exchange(statementObserver, observer);

@@ -4,11 +4,15 @@
 #include "catalogues/SectionTables.h"
 #include "dataaccess/CCrack.h"
 #include "dataaccess/NameSearch.h"
+#include "interface/CatalogueTransaction.h"
 #include "interface/PublicCall.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
+using dbsection::NameMatch;
+using dbsection::NameQuestion;
 using dbsection::PublicCall;
 
 namespace {
@@ -16,22 +20,23 @@ namespace {
 /// The names of a section, by their columns.
 enum NameColumn : int { PublicName = 1, VessaName = 2 };
 
-CString QueryText(const CString& table, NameColumn column, const char* name) {
-    const CString from = "SELECT * FROM [" + table + "] WHERE ";
-    return column == VessaName ? from + "UPPER([VessaName]) = UPPER('" + name + "')"
-                               : from + "[Name] = '" + name + "'";
+NameQuestion QuestionOf(NameColumn column, const char* name) {
+    return column == VessaName ? NameQuestion{"VessaName", NameMatch::InAnyCase, name}
+                               : NameQuestion{"Name", NameMatch::Exactly, name};
 }
 
 /// Opens the library-wide database on a catalogue and searches it: `found` is called for the first
 /// table with rows of that name, with its section type, the number of the rows, and the rows at the
 /// first. False when the catalogue cannot be opened.
 template <class Found>
-bool SearchCatalogue(int index, NameColumn column, const char* name, Found found) {
+bool SearchCatalogue(int index, const NameQuestion& question, Found found) {
     CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
-    dbsection::ForEachSectionTable(database, [&](const CString& table) {
+    const auto questionFor = [&](std::string_view) { return question; };
+    dbsection::ForEachSectionTable(database, questionFor, [&](const CString& table) {
         RecordsetHandle rows;
-        if (!dbsection::HasColumn(database, table, column == VessaName ? "VessaName" : "Name") ||
-            openRecordset(&database, rows.Address(), QueryText(table, column, name),
+        if (!dbsection::HasColumn(database, table, question.column) ||
+            openRecordset(&database, rows.Address(),
+                          "SELECT * FROM [" + table + "] WHERE " + dbsection::ConditionOf(question),
                           CSectionRecordset::Snapshot, 1) != 1)
             return false;
         const int count = getRecordCount(rows.Address());
@@ -47,6 +52,24 @@ bool SearchCatalogue(int index, NameColumn column, const char* name, Found found
     return database != nullptr;
 }
 
+/// The section type and number of the rows that SearchCatalogue would find, told from memory
+/// without opening the catalogue; nothing where that cannot be. The last one is opened in any case.
+std::optional<std::pair<int, int>> Known(int index, const NameQuestion& question) {
+    const SectionDBBase* catalogue =
+        SectionDBInterface::m_SectionDBDrv.GetSectionDBObject(static_cast<WORD>(index));
+    if (index == LastCatalogueIndex || catalogue == nullptr ||
+        dbsection::CatalogueInTransaction() != 0)
+        return std::nullopt;
+    const auto found = dbsection::KeptNames::Find(SectionDBInterface::GetDatabaseFileName(index),
+                                                  SectionLibraryState::m_szPassword, question);
+    if (!found)
+        return std::nullopt;
+    for (const auto& [table, count] : *found)
+        if (dbsection::IsSectionTable(table))
+            return std::pair(dbsection::SectionTypeOf(*catalogue, table), count);
+    return std::pair(0, 0);
+}
+
 /// The text in a column of the current row; empty where there is no such column.
 CString TextIn(const CSectionRecordset& rows, int column) {
     return column < rows.GetFieldCount() ? CCrack::strVARIANT(rows.GetFieldValue(column))
@@ -57,15 +80,21 @@ int SearchAllCatalogues(NameColumn column, const char* name, CUIntArray& catalog
                         CUIntArray& sectionTypes) {
     CUIntArray indices = catalogues; // both arrays grow, or none
     CUIntArray types = sectionTypes;
+    const NameQuestion question = QuestionOf(column, name);
     bool isWhole = dbsection::IsSearchable(name);
     for (int index = 1; isWhole && index <= LastCatalogueIndex; ++index) {
-        const auto append = [&](int type, int count, const CSectionRecordset&) {
+        const auto append = [&](int type, int count) {
             for (int i = 0; i < count; ++i) {
                 indices.Add(static_cast<unsigned int>(index));
                 types.Add(static_cast<unsigned int>(type));
             }
         };
-        isWhole = SearchCatalogue(index, column, name, append);
+        if (const auto known = Known(index, question))
+            append(known->first, known->second);
+        else
+            isWhole = SearchCatalogue(
+                index, question,
+                [&](int type, int count, const CSectionRecordset&) { append(type, count); });
     }
     dbsection::RequireMemory();
     catalogues = std::move(indices);
@@ -88,7 +117,7 @@ int SearchOneCatalogue(int index, NameColumn column, const char* name, CUIntArra
         }
     };
     const bool isWhole =
-        dbsection::IsSearchable(name) && SearchCatalogue(index, column, name, append);
+        dbsection::IsSearchable(name) && SearchCatalogue(index, QuestionOf(column, name), append);
     dbsection::RequireMemory();
     sectionTypes = std::move(types);
     if (otherNames != nullptr)

@@ -1,6 +1,7 @@
 // The vocabulary: catalogue names, symbolic names, and what a catalogue calls its section types.
 #include "interface/SectionDBInterface.h"
 
+#include "catalogues/SectionTables.h"
 #include "interface/PublicCall.h"
 
 #include <list>
@@ -204,26 +205,12 @@ void Fill(CMap<const char*, const char*, int, int>& map, unsigned int buckets,
 }
 
 constexpr int NoCatalogue = LastCatalogueIndex + 1;
-constexpr int NoSectionType = -1;
 
 int CatalogueOf(const CString& name) {
     int index = 1;
     while (index < NoCatalogue && name != SectionDBInterface::m_saCountryName[index])
         ++index;
     return index;
-}
-
-/// The section type of a table, or of the last table.
-int SectionTypeOf(const SectionDBBase* catalogue, const CString& tableName) {
-    int visited = NoSectionType;
-    if (catalogue == nullptr)
-        return visited;
-    for (const auto& [type, table] : catalogue->TableNames()) {
-        visited = type;
-        if (table == tableName)
-            break;
-    }
-    return visited;
 }
 
 } // namespace
@@ -282,8 +269,12 @@ CString SectionDBInterface::GetTableFromSectionType(int index, int sectionType) 
 }
 
 int SectionDBInterface::GetSectionTypeFromTable(int index, CString tableName) {
-    const auto find = [&] { return SectionTypeOf(OpenCatalogue(index), tableName); };
-    return PublicCall("GetSectionTypeFromTable()", find, NoSectionType);
+    const auto find = [&] {
+        const SectionDBBase* catalogue = OpenCatalogue(index);
+        return catalogue == nullptr ? dbsection::NoSectionType
+                                    : dbsection::SectionTypeOf(*catalogue, tableName);
+    };
+    return PublicCall("GetSectionTypeFromTable()", find, dbsection::NoSectionType);
 }
 
 int SectionDBInterface::GetShapeTypeFromSection(int index, int sectionType) {

@@ -1,6 +1,9 @@
 #include "dataaccess/CSectionDatabase.h"
 
+#include "dataaccess/NameSearch.h"
+#include "dataaccess/Observation.h"
 #include "dataaccess/sqlite/DatabaseReference.h"
+#include "platform/FileSystem.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -202,3 +205,46 @@ std::vector<CString> CSectionDatabase::GetUserTableNames() const {
         return names;
     });
 }
+
+namespace dbsection {
+namespace {
+
+/// Asks a connection for the tables with rows of a name.
+std::optional<std::vector<NameRows>> FindUserRows(Connection& connection,
+                                                  const QuestionFor& questionFor, Keeping keeping) {
+    auto found = connection.FindRows(questionFor, keeping);
+    if (found)
+        std::erase_if(*found,
+                      [](const NameRows& rows) { return AttributesOf(rows.table.View()) != 0; });
+    return found;
+}
+
+} // namespace
+
+std::optional<std::vector<NameRows>> KeptNames::Find(const CSectionDatabase& database,
+                                                     const QuestionFor& questionFor) {
+    if (IsObserved())
+        return std::nullopt;
+    return WithMemoryErrors(
+        [&] { return FindUserRows(database.OpenConnection(), questionFor, Keeping::IfWorth); });
+}
+
+std::optional<std::vector<NameRows>> KeptNames::Find(const CString& fileName, const char* connect,
+                                                     const NameQuestion& question) {
+    std::optional<std::vector<NameRows>> found;
+    if (IsObserved())
+        return found;
+    WithMemoryErrors([&] {
+        const auto origin = Origin::Find(NativePath(fileName.View()), false);
+        if (!origin)
+            return;
+        const auto ask = [&](Connection& connection) {
+            found = FindUserRows(
+                connection, [&](std::string_view) { return question; }, Keeping::No);
+        };
+        ConnectionPool::Peek(*origin, PasswordIn(connect), ask);
+    });
+    return found;
+}
+
+} // namespace dbsection

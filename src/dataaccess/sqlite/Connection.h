@@ -4,6 +4,7 @@
 #include "dataaccess/CSectionException.h"
 #include "dataaccess/CSectionRecordset.h"
 #include "dataaccess/CSectionTableDef.h"
+#include "dataaccess/NameSearch.h"
 #include "dataaccess/sqlite/EngineError.h"
 #include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/KeptFiles.h"
@@ -37,6 +38,9 @@ struct ReadyQuery {
     StatementLease lease;
     std::vector<std::string> parameters;
 };
+
+/// Whether tables may be read to be kept.
+enum class Keeping { IfWorth, No };
 
 /// Rows that were read before, and are what a statement would read now.
 struct KeptAnswer {
@@ -130,6 +134,10 @@ public:
     /// it; nothing where the engine must be asked. Rows that were asked for again are kept.
     std::optional<KeptAnswer> Answer(const std::string& sql, Editing editing);
 
+    /// The tables that have rows of a name, in table order, from what is kept of the file; nothing
+    /// where that does not tell. `keeping` says whether all tables may be read to be kept.
+    std::optional<std::vector<NameRows>> FindRows(const QuestionFor& questionFor, Keeping keeping);
+
     /// Whether what was read in that state is what would be read now.
     bool IsCurrent(const CSectionDataStamp& stamp);
 
@@ -209,6 +217,7 @@ private:
     std::optional<KeptAnswer> AnswerFromTable(KeptFile& file, const TableQuestion& question,
                                               Editing editing);
     std::shared_ptr<const KeptTable> KeepTable(KeptFile& file, const std::string& name);
+    std::shared_ptr<const KeptFile::Tables> KeepAllTables(KeptFile& file);
     std::optional<KeptResult> ReadToKeep(const KeptFile& file, const std::string& sql,
                                          Editing editing);
     bool CanBeKept();

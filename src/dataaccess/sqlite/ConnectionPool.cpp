@@ -49,6 +49,16 @@ ConnectionPtr ConnectionPool::Take(const Origin& origin, std::string_view passwo
     return nullptr;
 }
 
+void ConnectionPool::Peek(const Origin& origin, std::string_view password,
+                          const std::function<void(Connection&)>& ask) {
+    if (isOver)
+        return;
+    const std::lock_guard lock(guard);
+    for (const ConnectionPtr& candidate : Resting())
+        if (candidate->IsOurs() && candidate->CanServe(origin, password))
+            return ask(*candidate);
+}
+
 void ConnectionPool::Rest(ConnectionPtr connection) noexcept {
     constexpr std::size_t Capacity = 64; // more than there are catalogues
     try {

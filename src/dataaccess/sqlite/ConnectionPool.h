@@ -3,6 +3,7 @@
 
 #include "dataaccess/sqlite/Connection.h"
 
+#include <functional>
 #include <string_view>
 
 namespace dbsection {
@@ -16,6 +17,10 @@ class ConnectionPool {
 public:
     /// A resting connection of that origin, which `password` would open; null when there is none.
     static ConnectionPtr Take(const Origin& origin, std::string_view password);
+
+    /// Calls `ask` with such a connection, which goes on resting.
+    static void Peek(const Origin& origin, std::string_view password,
+                     const std::function<void(Connection&)>& ask);
 
     /// Lets a connection rest, or closes it where it must not or cannot be kept.
     static void Rest(ConnectionPtr connection) noexcept;

@@ -19,6 +19,14 @@ KeptAnswer AllOf(const KeptFile& file, const KeptResult& result) {
     return {result.shape, RowsInUse(result.rows, 0, result.rows->Count()), StampOf(file)};
 }
 
+TableQuestion InTermsOfTables(const NameQuestion& question) {
+    using Rows = TableQuestion::Rows;
+    const Rows rows = question.match == NameMatch::Exactly      ? Rows::OfText
+                      : question.match == NameMatch::InCapitals ? Rows::OfTextInCapitals
+                                                                : Rows::OfTextInAnyCase;
+    return {.rows = rows, .column = question.column, .text = question.name};
+}
+
 /// Whether the same rows come at any time: these functions know the hour.
 bool IsTimeless(const std::string& sql) {
     return !Mentions(sql, "date") && !Mentions(sql, "strftime");
@@ -77,7 +85,7 @@ std::optional<KeptAnswer> Connection::AnswerFromTable(KeptFile& file, const Tabl
     if (isWhole && editing != Editing::No)
         return std::nullopt;
     auto table = file.FindTable(question.table);
-    if (!table && (isWhole || file.IsWorthKeeping()))
+    if (!table && (isWhole || file.IsWorthKeeping(1)))
         table = KeepTable(file, std::string(question.table));
     if (!table)
         return std::nullopt;
@@ -113,6 +121,45 @@ std::shared_ptr<const KeptTable> Connection::KeepTable(KeptFile& file, const std
     auto kept = file.Keep(std::make_shared<const KeptTable>(*table, readOnly, *editable));
     KeptFiles::Trim();
     return kept;
+}
+
+/// Null where not all of them are kept.
+std::shared_ptr<const KeptFile::Tables> Connection::KeepAllTables(KeptFile& file) {
+    if (const auto all = file.AllTables())
+        return all;
+    const std::vector<std::string> names = Tables();
+    if (!file.IsWorthKeeping(std::ssize(names)))
+        return nullptr;
+    auto all = std::make_shared<KeptFile::Tables>();
+    for (const std::string& name : names) {
+        auto table = file.FindTable(name);
+        if (!table)
+            table = KeepTable(file, name);
+        if (!table)
+            return nullptr;
+        all->push_back(std::move(table));
+    }
+    file.SetAllTables(all);
+    return all;
+}
+
+std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& questionFor,
+                                                          Keeping keeping) {
+    KeptFile* file = Kept();
+    if (file == nullptr)
+        return std::nullopt;
+    const auto tables = keeping == Keeping::IfWorth ? KeepAllTables(*file) : file->AllTables();
+    if (!tables)
+        return std::nullopt;
+    std::vector<NameRows> found;
+    for (const auto& table : *tables) {
+        const auto count = table->Count(InTermsOfTables(questionFor(table->Name())));
+        if (!count)
+            return std::nullopt;
+        if (*count > 0)
+            found.push_back({CString(table->Name()), *count});
+    }
+    return found;
 }
 
 /// Reads all rows of a statement in the version of the file. Nothing where the file is of another

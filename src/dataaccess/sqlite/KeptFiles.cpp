@@ -62,6 +62,16 @@ std::shared_ptr<const KeptTable> KeptFile::Keep(std::shared_ptr<const KeptTable>
     return table;
 }
 
+std::shared_ptr<const KeptFile::Tables> KeptFile::AllTables() const {
+    const std::lock_guard lock(m_guard);
+    return m_allTables;
+}
+
+void KeptFile::SetAllTables(std::shared_ptr<const Tables> tables) {
+    const std::lock_guard lock(m_guard);
+    m_allTables = std::move(tables);
+}
+
 std::optional<KeptResult> KeptFile::FindResult(const std::string& key) const {
     const std::lock_guard lock(m_guard);
     const auto place = m_results.find(key);
@@ -84,10 +94,11 @@ bool KeptFile::IsRefused(const std::string& key) const {
     return m_refused.contains(key);
 }
 
-bool KeptFile::IsWorthKeeping() {
+bool KeptFile::IsWorthKeeping(std::int64_t questions) {
     constexpr std::int64_t BytesForAQuestion = 16 << 10; // that are read in the time of one
     const std::lock_guard lock(m_guard);
-    return ++m_questions * BytesForAQuestion > m_version.Size();
+    m_questions += questions;
+    return m_questions * BytesForAQuestion > m_version.Size();
 }
 
 bool KeptFile::HasBeenAsked(const std::string& key) {
@@ -101,6 +112,7 @@ bool KeptFile::HasBeenAsked(const std::string& key) {
 void KeptFile::Clear() noexcept {
     const std::lock_guard lock(m_guard);
     m_tables.clear();
+    m_allTables.reset();
     m_results.clear();
     total -= std::exchange(m_size, 0);
 }

@@ -37,6 +37,11 @@ public:
     std::shared_ptr<const KeptTable> FindTable(std::string_view name) const;
     std::shared_ptr<const KeptTable> Keep(std::shared_ptr<const KeptTable> table);
 
+    /// All tables, in their order in the file; null before they were told.
+    using Tables = std::vector<std::shared_ptr<const KeptTable>>;
+    std::shared_ptr<const Tables> AllTables() const;
+    void SetAllTables(std::shared_ptr<const Tables> tables);
+
     /// The result of a statement, told by a key.
     std::optional<KeptResult> FindResult(const std::string& key) const;
     void Keep(const std::string& key, const KeptResult& result);
@@ -45,9 +50,9 @@ public:
     void Refuse(const std::string& key);
     bool IsRefused(const std::string& key) const;
 
-    /// Counts a question; true from the time on when reading a table to keep it costs no more than
+    /// Counts questions; true from the time on when reading a table to keep it costs no more than
     /// the questions so far, which the engine answered.
-    bool IsWorthKeeping();
+    bool IsWorthKeeping(std::int64_t questions);
 
     /// Whether the statement has been asked before.
     bool HasBeenAsked(const std::string& key);
@@ -77,7 +82,8 @@ private:
     const std::int64_t m_number;
     std::atomic<bool> m_isRetired = false;
     mutable std::mutex m_guard;
-    std::vector<std::shared_ptr<const KeptTable>> m_tables;
+    Tables m_tables;
+    std::shared_ptr<const Tables> m_allTables;
     std::unordered_map<std::string, KeptResult> m_results;
     std::unordered_set<std::string> m_refused;
     std::unordered_set<std::size_t> m_asked; ///< hashes of statements

@@ -80,55 +80,60 @@ const TextIndex& KeptTable::Index(int column) const {
                : m_indexes.try_emplace(column, *m_readOnly.rows, column).first->second;
 }
 
+/// Whether its values are the identifiers of the rows.
+bool KeptTable::IsRecordId(int column) const {
+    return column >= 0 && m_hasIds &&
+           m_editable.shape->columns[static_cast<std::size_t>(column)].isRecordId;
+}
+
 bool KeptTable::IsSelected(const TableQuestion& question, int row) const {
     return question.selection.empty() ||
            std::ranges::count(question.selection, m_readOnly.rows->Id(row)) > 0;
 }
 
-std::optional<int> KeptTable::Find(const TableQuestion& question) const {
+/// Nothing where the engine may find others.
+std::optional<KeptTable::FoundRows> KeptTable::Search(const TableQuestion& question) const {
     using Rows = TableQuestion::Rows;
-    const auto isRecordId = [this](int column) {
-        return column >= 0 && m_hasIds &&
-               m_editable.shape->columns[static_cast<std::size_t>(column)].isRecordId;
-    };
     const int column = FindColumn(question.column);
     if (column < 0 ||
-        (!question.selection.empty() && !isRecordId(FindColumn(question.selectionColumn))))
+        (!question.selection.empty() && !IsRecordId(FindColumn(question.selectionColumn))))
         return std::nullopt;
+    FoundRows found;
+    const auto add = [&](int row) {
+        if (IsSelected(question, row))
+            found = {row, found.count + 1};
+    };
     if (question.rows == Rows::OfNumber) {
-        if (!isRecordId(column))
+        if (!IsRecordId(column))
             return std::nullopt;
-        const int row = FindId(question.number);
-        return row >= 0 && IsSelected(question, row) ? row : -1;
+        if (const int row = FindId(question.number); row >= 0)
+            add(row);
+        return found;
     }
     const TextIndex& index = Index(column);
-    if (!index.IsFit() ||
-        (question.rows == Rows::OfText &&
-         !m_readOnly.shape->columns[static_cast<std::size_t>(column)].isPlainText))
+    const bool isPlain = m_readOnly.shape->columns[static_cast<std::size_t>(column)].isPlainText;
+    if (!index.IsFit() || (question.rows == Rows::OfText && !isPlain))
         return std::nullopt;
     if (question.rows == Rows::OfTextInCapitals && question.text != UpperCase(question.text))
-        return -1;
-    int found = -1;
-    int count = 0;
+        return found;
     index.ForEach(question.text, [&](int row) {
-        const auto text = [&] { return m_readOnly.rows->TextOf(m_readOnly.rows->At(row, column)); };
-        if ((question.rows == Rows::OfText && text() != question.text) ||
-            !IsSelected(question, row))
-            return;
-        found = row;
-        ++count;
+        const RowStore& rows = *m_readOnly.rows;
+        if (question.rows != Rows::OfText || rows.TextOf(rows.At(row, column)) == question.text)
+            add(row);
     });
-    return count > 1 ? std::nullopt : std::optional(found);
+    return found;
 }
 
-bool KeptTable::MayHold(std::string_view column, std::string_view text) const {
-    const int place = FindColumn(column);
-    if (place < 0)
-        return false;
-    const TextIndex& index = Index(place);
-    bool isHeld = !index.IsFit();
-    index.ForEach(text, [&isHeld](int) { isHeld = true; });
-    return isHeld;
+std::optional<int> KeptTable::Find(const TableQuestion& question) const {
+    const auto found = Search(question);
+    return found && found->count <= 1 ? std::optional(found->last) : std::nullopt;
+}
+
+std::optional<int> KeptTable::Count(const TableQuestion& question) const {
+    if (FindColumn(question.column) < 0)
+        return 0;
+    const auto found = Search(question);
+    return found ? std::optional(found->count) : std::nullopt;
 }
 
 std::size_t KeptTable::Size() const {

@@ -67,15 +67,23 @@ public:
     /// sure: of several rows the order is the engine's.
     std::optional<int> Find(const TableQuestion& question) const;
 
-    /// Whether a row may have the text in the column, whatever its letter case.
-    bool MayHold(std::string_view column, std::string_view text) const;
+    /// The number of rows that answer the question, 0 where there is no such column. Nothing where
+    /// that is not told for sure.
+    std::optional<int> Count(const TableQuestion& question) const;
 
     std::size_t Size() const;
 
 private:
+    struct FoundRows {
+        int last = -1;
+        int count = 0;
+    };
+
     int FindColumn(std::string_view name) const;
     int FindId(std::int64_t id) const;
+    bool IsRecordId(int column) const;
     bool IsSelected(const TableQuestion& question, int row) const;
+    std::optional<FoundRows> Search(const TableQuestion& question) const;
     const TextIndex& Index(int column) const;
 
     std::string m_name;
