@@ -15,10 +15,11 @@ using ThreadMark = const CallState*;
 
 constinit std::atomic<ThreadMark> inside = nullptr;
 
-/// Whether nobody was inside, and this thread is now.
+/// Whether nobody was inside, and this thread is now. The look beforehand costs less than trying.
 bool EnterFirst() {
     ThreadMark nobody = nullptr;
-    return inside.compare_exchange_strong(nobody, &callState, std::memory_order_acquire,
+    return inside.load(std::memory_order_relaxed) == nobody &&
+           inside.compare_exchange_strong(nobody, &callState, std::memory_order_acquire,
                                           std::memory_order_relaxed);
 }
 

@@ -6,9 +6,12 @@
 #include "platform/FileSystem.h"
 #include "platform/HostDefaults.h"
 #include "platform/PrivateProfile.h"
+#include "platform/ProfileRevision.h"
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 using dbsection::ComposePath;
@@ -46,13 +49,17 @@ bool IsThere(const CString& path) {
 
 enum class Customisation { None, Replaced, Unreadable };
 
+CString CustomisationFile() {
+    CString file = SectionDBInterface::GetINIFileName();
+    return file.IsEmpty() ? SectionDBInterface::GetDatabaseDirectoryName() + "Custom.Ini"
+                          : std::move(file);
+}
+
 /// What the settings file says of a catalogue. Where it cannot be read, none of the two files that
 /// the catalogue may have is the right one.
 Customisation ReadCustomisation(const CString& fileStem, CString& customName) {
     const dbsection::FailureRule rule{"IsCustomized()", "Failed to read the settings."};
-    CString settings = SectionDBInterface::GetINIFileName();
-    if (settings.IsEmpty())
-        settings = SectionDBInterface::GetDatabaseDirectoryName() + "Custom.Ini";
+    const CString settings = CustomisationFile();
     const unsigned flag = GetPrivateProfileIntA("CustomDBFlags", fileStem, 0, settings);
     if (!SettingsWereRead(settings, rule))
         return Customisation::Unreadable;
@@ -64,6 +71,37 @@ Customisation ReadCustomisation(const CString& fileStem, CString& customName) {
         return Customisation::Unreadable;
     customName = name.data();
     return customName.IsEmpty() ? Customisation::None : Customisation::Replaced;
+}
+
+/// Where the settings put the file of a catalogue.
+struct Placement {
+    CString settings; ///< the file, and its revision
+    std::uint64_t revision = 0;
+    CString folder;
+    CString path{};
+    Customisation customisation = Customisation::None;
+};
+
+/// It is told anew where the settings have changed.
+const Placement& PlaceOf(int index) {
+    static std::array<Placement, LastCatalogueIndex + 1> known;
+    Placement& place = known[static_cast<std::size_t>(index)];
+    Placement now{.settings = CustomisationFile(),
+                  .folder = SectionDBInterface::GetDatabaseDirectoryName()};
+    now.revision = dbsection::ProfileRevision(now.settings);
+    if (now.revision != 0 && now.revision == place.revision && now.settings == place.settings &&
+        now.folder == place.folder)
+        return place;
+    CString stem = SectionDBInterface::m_saSectionFile[index];
+    CString replacement;
+    now.customisation = ReadCustomisation(stem, replacement);
+    if (now.customisation == Customisation::Replaced)
+        stem = std::move(replacement);
+    if (now.customisation == Customisation::Unreadable)
+        now.revision = 0; // to be tried again
+    else
+        now.path = ComposePath({"", now.folder, stem, ".db3"});
+    return place = std::move(now);
 }
 
 } // namespace
@@ -137,14 +175,9 @@ CString SectionDBInterface::GetDatabaseFileName(int index) {
         CString path;
         Customisation customisation = Customisation::None;
         if (IsCatalogue(index)) {
-            CString stem = m_saSectionFile[index];
-            CString replacement;
-            customisation = ReadCustomisation(stem, replacement);
-            if (customisation == Customisation::Unreadable)
-                return {};
-            if (customisation == Customisation::Replaced)
-                stem = replacement;
-            path = ComposePath({"", GetDatabaseDirectoryName(), stem, ".db3"});
+            const Placement& place = PlaceOf(index);
+            customisation = place.customisation;
+            path = place.path;
         } else if (index == UserTableIndex) {
             path = GetUserTableFileName();
         } else if (index == GenericTableIndex) {

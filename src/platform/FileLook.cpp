@@ -1,10 +1,12 @@
 #include "platform/FileLook.h"
 
 #include "platform/CallState.h"
+#include "platform/FileSystem.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <string>
 
 namespace dbsection {
 namespace {
@@ -24,17 +26,18 @@ struct KeptLooks {
 
 } // namespace
 
-const FileLook& LookAt(const std::string& path) {
+const FileLook& LookAt(std::string_view path) {
     static thread_local KeptLooks kept;
     const bool isInCall = callState.depth > 0;
     if (isInCall)
         for (const KeptLook& known : kept.all)
-            if (known.number == callState.looks && known.path == path)
+            if (known.number == callState.looks &&
+                (known.path == path || IsSamePath(known.path, path)))
                 return known.look;
     KeptLook& place = kept.all[kept.next++ % Capacity];
     place.number = 0; // while it is not whole
-    place.path = path;
-    place.look.error = ::stat(path.c_str(), &place.look.status) == 0 ? 0 : errno;
+    place.path = NativePath(path);
+    place.look.error = ::stat(place.path.c_str(), &place.look.status) == 0 ? 0 : errno;
     if (isInCall)
         place.number = callState.looks;
     return place.look;

@@ -6,7 +6,7 @@
 // (ForgetLooks).
 #pragma once
 
-#include <string>
+#include <string_view>
 #include <sys/stat.h>
 
 namespace dbsection {
@@ -16,7 +16,7 @@ struct FileLook {
     struct stat status;
 };
 
-/// `path` is as the system takes it. Valid until the thread's next look.
-const FileLook& LookAt(const std::string& path);
+/// Valid until the thread's next look.
+const FileLook& LookAt(std::string_view path);
 
 } // namespace dbsection

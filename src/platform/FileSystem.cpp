@@ -23,7 +23,7 @@ bool ReadStatus(const char* path, struct stat& status) {
         errno = ENOENT;
         return false;
     }
-    const dbsection::FileLook& look = dbsection::LookAt(dbsection::NativePath(path));
+    const dbsection::FileLook& look = dbsection::LookAt(path);
     status = look.status;
     errno = look.error;
     return look.error == 0;

@@ -10,6 +10,7 @@
 #include "platform/CString.h"
 #include "platform/Export.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,13 @@ namespace dbsection {
 
 /// The path as system calls take it: `\` becomes `/` on systems that use `/`.
 DBSECTION_API std::string NativePath(std::string_view path);
+
+/// Whether two texts name a path alike.
+inline bool IsSamePath(std::string_view left, std::string_view right) {
+    const auto separators = [](char c) { return c == '\\' ? '/' : c; };
+    return left.size() == right.size() &&
+           std::ranges::equal(left, right, {}, separators, separators);
+}
 
 /// Looks for a file, anything but a folder: 0 where there is one, ENOENT where there is none, and
 /// otherwise the error that keeps this from being told.

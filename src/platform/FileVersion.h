@@ -16,7 +16,7 @@ class FileVersion {
 public:
     /// As the call of the host that is under way has seen the file; nothing where it cannot be
     /// reached, and errno then says why.
-    static std::optional<FileVersion> Look(const std::string& path) {
+    static std::optional<FileVersion> Look(std::string_view path) {
         const FileLook& look = LookAt(path);
         errno = look.error;
         return look.error == 0 ? std::optional(FileVersion(look.status)) : std::nullopt;

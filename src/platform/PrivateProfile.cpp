@@ -5,6 +5,7 @@
 #include "platform/FileLook.h"
 #include "platform/FileSystem.h"
 #include "platform/FileVersion.h"
+#include "platform/ProfileRevision.h"
 #include "platform/ProfileText.h"
 #include "platform/Text.h"
 
@@ -14,6 +15,7 @@
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
+#include <list>
 #include <new>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -31,12 +33,19 @@ constexpr std::size_t MaxKeptFiles = 16;
 
 thread_local int lastError = 0;
 
+constexpr std::uint64_t NoFile = 1;
+thread_local std::uint64_t lastRevision = NoFile;
+
 struct KeptFile {
-    KeptFile(const FileVersion& fileVersion, bool isTrusted, std::string text)
-        : version(fileVersion),
+    KeptFile(std::string nativePath, const FileVersion& fileVersion, bool isTrusted,
+             std::string text)
+        : path(std::move(nativePath)),
+          version(fileVersion),
           trusted(isTrusted),
           index(std::move(text)) {}
 
+    const std::uint64_t revision = ++lastRevision;
+    std::string path;
     FileVersion version;
     bool trusted; ///< whether any later change shows in the version
     ProfileIndex index;
@@ -64,22 +73,24 @@ int ReadText(const std::string& path, std::string& text, struct stat& status) {
 }
 
 /// The entries of a file, read again only when the file has changed. Null on error.
-const ProfileIndex* Load(const char* file) {
-    static thread_local std::unordered_map<std::string, KeptFile> keptFiles;
-    const std::string path = dbsection::NativePath(file == nullptr ? "" : file);
-    const auto place = keptFiles.find(path);
-    const dbsection::FileLook& look = dbsection::LookAt(path);
+const KeptFile* Load(const char* file) {
+    static thread_local std::list<KeptFile> keptFiles;
+    const std::string_view given(file == nullptr ? "" : file);
+    const auto place = std::ranges::find_if(keptFiles, [given](const KeptFile& kept) {
+        return dbsection::IsSamePath(kept.path, given);
+    });
+    const dbsection::FileLook& look = dbsection::LookAt(given);
     lastError = look.error;
     if (place != keptFiles.end()) {
-        const KeptFile& kept = place->second;
-        if (lastError == 0 && kept.trusted && kept.version == FileVersion(look.status))
-            return &kept.index;
+        if (lastError == 0 && place->trusted && place->version == FileVersion(look.status))
+            return &*place;
         keptFiles.erase(place);
     }
     if (lastError != 0)
         return nullptr;
 
     const auto now = std::chrono::system_clock::now();
+    std::string path = dbsection::NativePath(given);
     std::string text;
     struct stat status {};
     lastError = ReadText(path, text, status);
@@ -88,16 +99,16 @@ const ProfileIndex* Load(const char* file) {
     if (keptFiles.size() == MaxKeptFiles)
         keptFiles.clear();
     const FileVersion version(status);
-    return &keptFiles.try_emplace(path, version, version.IsSettled(now), std::move(text))
-                .first->second.index;
+    return &keptFiles.emplace_back(std::move(path), version, version.IsSettled(now),
+                                   std::move(text));
 }
 
 std::optional<std::string_view> Find(const char* section, const char* key, const char* file) {
     try {
-        const ProfileIndex* index = Load(file);
-        if (index == nullptr || section == nullptr || key == nullptr)
+        const KeptFile* kept = Load(file);
+        if (kept == nullptr || section == nullptr || key == nullptr)
             return std::nullopt;
-        return index->Find(section, key);
+        return kept->index.Find(section, key);
     } catch (const std::bad_alloc&) {
         dbsection::NoteMemoryRanOut();
         lastError = ENOMEM;
@@ -216,3 +227,15 @@ int CreatePrivateProfile(std::span<const ProfileEntry> entries, const char* file
 }
 
 int GetLastProfileError() { return lastError; }
+
+std::uint64_t dbsection::ProfileRevision(const char* file) {
+    try {
+        const KeptFile* kept = Load(file);
+        if (kept != nullptr)
+            return kept->trusted ? kept->revision : 0;
+    } catch (const std::bad_alloc&) {
+        NoteMemoryRanOut();
+        lastError = ENOMEM;
+    }
+    return lastError == ENOENT ? NoFile : 0;
+}

@@ -74,6 +74,7 @@ public:
         m_line = ParseLine(m_rest.substr(0, end));
         m_rest.remove_prefix(end);
         if (m_line.kind == LineKind::Section) {
+            m_sectionName = m_line.name;
             m_section = UpperCase(m_line.name);
             m_counts = m_seen.insert(m_section).second;
         }
@@ -82,8 +83,9 @@ public:
 
     const Line& Current() const { return m_line; }
 
-    /// Name of the section, in upper case.
+    /// Name of the section, in upper case, and as it is written.
     const std::string& Section() const { return m_section; }
+    std::string_view SectionName() const { return m_sectionName; }
 
     /// Whether the line stands in a section, and in the first of its name.
     bool Counts() const { return m_counts; }
@@ -91,15 +93,11 @@ public:
 private:
     std::string_view m_rest;
     Line m_line;
+    std::string_view m_sectionName;
     std::string m_section;
     bool m_counts = false;
     std::unordered_set<std::string> m_seen;
 };
-
-/// Neither name can hold the line end that parts them.
-std::string IndexKey(std::string_view section, std::string_view key) {
-    return UpperCase(section) + '\n' + UpperCase(key);
-}
 
 } // namespace
 
@@ -107,13 +105,13 @@ ProfileIndex::ProfileIndex(std::string text) : m_text(std::move(text)) {
     for (LineWalker walker(m_text); walker.Next();) {
         const Line& line = walker.Current();
         if (line.kind == LineKind::Entry && walker.Counts())
-            m_values.try_emplace(IndexKey(walker.Section(), line.name), line.value);
+            m_values.try_emplace(Name(walker.SectionName(), line.name), line.value);
     }
 }
 
 std::optional<std::string_view> ProfileIndex::Find(std::string_view section,
                                                    std::string_view key) const {
-    const auto place = m_values.find(IndexKey(Trim(section), Trim(key)));
+    const auto place = m_values.find(Name(Trim(section), Trim(key)));
     return place == m_values.end() ? std::nullopt : std::optional(place->second);
 }
 

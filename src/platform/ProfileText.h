@@ -2,12 +2,14 @@
 #pragma once
 
 #include "platform/PrivateProfile.h"
+#include "platform/Text.h"
 
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 
 namespace dbsection {
 
@@ -22,8 +24,22 @@ public:
     std::optional<std::string_view> Find(std::string_view section, std::string_view key) const;
 
 private:
-    std::string m_text;
-    std::unordered_map<std::string, std::string_view> m_values;
+    /// Section and key.
+    using Name = std::pair<std::string_view, std::string_view>;
+
+    struct Hash {
+        std::size_t operator()(const Name& name) const {
+            return HashNoCase(name.first) * 31 + HashNoCase(name.second);
+        }
+    };
+    struct IsSame {
+        bool operator()(const Name& left, const Name& right) const {
+            return EqualNoCase(left.first, right.first) && EqualNoCase(left.second, right.second);
+        }
+    };
+
+    std::string m_text; ///< in which all names and values stand
+    std::unordered_map<Name, std::string_view, Hash, IsSame> m_values;
 };
 
 /// Whether a change, once written, would be read back as meant.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -25,6 +26,15 @@ inline std::string UpperCase(std::string_view text) {
 
 inline bool EqualNoCase(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, ToUpper, ToUpper);
+}
+
+/// A hash that texts have in common which are alike but for the letter case.
+constexpr std::size_t HashNoCase(std::string_view text) {
+    constexpr std::uint64_t Prime = 0x100000001b3;
+    std::uint64_t hash = 0xcbf29ce484222325;
+    for (const char c : text)
+        hash = (hash ^ static_cast<unsigned char>(ToUpper(c))) * Prime;
+    return static_cast<std::size_t>(hash ^ (hash >> 32));
 }
 
 inline std::string_view Trim(std::string_view text) {

@@ -7,18 +7,6 @@
 #include <utility>
 
 namespace dbsection {
-namespace {
-
-std::size_t HashNoCase(std::string_view text) {
-    constexpr std::uint64_t Prime = 0x100000001b3;
-    std::uint64_t hash = 0xcbf29ce484222325;
-    for (const char c : text)
-        hash = (hash ^ static_cast<unsigned char>(ToUpper(c))) * Prime;
-    return static_cast<std::size_t>(hash ^ (hash >> 32));
-}
-
-} // namespace
-
 TextIndex::TextIndex(const RowStore& rows, int column)
     : m_rows(rows),
       m_column(column),

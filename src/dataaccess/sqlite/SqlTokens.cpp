@@ -15,6 +15,8 @@ std::size_t SkipBlanks(std::string_view sql, std::size_t at) {
     for (;;) {
         while (at < sql.size() && IsBlank(sql[at]))
             ++at;
+        if (at >= sql.size() || (sql[at] != '-' && sql[at] != '/'))
+            return at;
         const std::string_view two = sql.substr(at, 2);
         std::size_t end = std::string_view::npos;
         if (two == "--")
@@ -68,7 +70,7 @@ std::optional<Token> NextToken(std::string_view sql, std::size_t at) {
         return token(TokenKind::Literal, SkipQuotation(sql, at));
     if (c == '[' || c == '"' || c == '`')
         return token(TokenKind::QuotedName, SkipQuotation(sql, at));
-    if (sql.substr(at, 2) == "/*")
+    if (c == '/' && sql.substr(at, 2) == "/*")
         return token(TokenKind::Unclosed, std::nullopt);
     if (!IsWordCharacter(c))
         return token(TokenKind::Symbol, at + 1);

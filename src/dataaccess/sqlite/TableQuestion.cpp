@@ -24,13 +24,13 @@ public:
     }
 
 private:
-    bool Take(bool isAsExpected) {
+    bool Advance(bool isAsExpected) {
         if (isAsExpected)
             m_next = NextToken(m_sql, m_next->End());
         return isAsExpected;
     }
-    bool Take(const char* word) { return Take(m_next && m_next->Is(word)); }
-    bool Take(char symbol) { return Take(m_next && m_next->IsSymbol(symbol)); }
+    bool Take(std::string_view word) { return Advance(m_next && m_next->Is(word)); }
+    bool Take(char symbol) { return Advance(m_next && m_next->IsSymbol(symbol)); }
 
     /// Takes what stands in quotes, unless it contains one.
     bool TakeQuoted(TokenKind kind, std::string_view& inside) {
@@ -38,7 +38,7 @@ private:
             return false;
         const char close = m_next->text.back();
         inside = m_next->text.substr(1, m_next->text.size() - 2);
-        return Take(inside.find(close) == std::string_view::npos);
+        return Advance(inside.find(close) == std::string_view::npos);
     }
 
     /// A name without quotes may be a keyword.
@@ -54,7 +54,7 @@ private:
         if (error != std::errc() || last != end)
             return false;
         number = isNegative ? -number : number;
-        return Take(true);
+        return Advance(true);
     }
 
     bool TakeCondition(TableQuestion& question) {
