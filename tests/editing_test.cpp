@@ -70,6 +70,18 @@ protected:
     UserSectionDB m_user;
 };
 
+TEST_F(EditingTest, RecordNumbersEndWhereTheirTypeDoes) {
+    const auto section = MakeSection("P2", "p2", {4.0, 0.2, 2.4, 4.3, 2.9});
+    EXPECT_EQ(Add(65535, section), Accepted);
+    const auto next = static_cast<WORD>(65535 + 1);
+    const auto rows = Rows();
+    EXPECT_EQ(Add(next, MakeSection("P3", "p3", section.Values)), Refused);
+    EXPECT_EQ(Change(next, MakeSection("P3", "p3", section.Values)), Refused);
+    EXPECT_EQ(shownBoxes, std::vector<Box>(
+                              2, {"Record numbers go from 1 to 65535. Record not saved.", "Pipe"}));
+    EXPECT_EQ(Rows(), rows);
+}
+
 TEST_F(EditingTest, AddsAndChangesRows) {
     EXPECT_EQ(Add(40000, MakeSection("P2", "p2", {6, 0.25, 4.5, 18.5, 8.3})), Accepted);
     EXPECT_EQ(Rows().back(), "40000 P2 p2 6 8.3");

@@ -89,6 +89,11 @@ int CatalogueSectionDB::StoreSection(const char* label, const char* message, WOR
     if (OpenSectionDatabase() != 1 || m_szTableName.IsEmpty())
         return 0;
     const SectionFamily* family = EditedFamily(m_szTableName);
+    if (id == 0 && family != nullptr) {
+        dbsection::ShowMessageBox("Record numbers go from 1 to 65535. Record not saved.",
+                                  DuplicateCaption(*family));
+        return 0;
+    }
     CString captionOfTaken;
     const int result = dbsection::Guarded({label, message}, [&] {
         // Nobody can take the name, or change the row, between the look and the write.

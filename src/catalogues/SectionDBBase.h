@@ -66,7 +66,8 @@ public:
                                                   unsigned int unit2, int* sectionType);
 
     /// Adds a row to the working table, or changes the row of that identifier: the record's names,
-    /// `Values` and `Texts`. Refused with a message when another row has the record's public name.
+    /// `Values` and `Texts`. Refused with a message when another row has the record's public name,
+    /// and for number 0: that is what comes behind 65,535, where the numbers end.
     virtual int AddSectionData(WORD id, SECTIONINFO* record);
     virtual int UpdateSectionData(WORD id, SECTIONINFO* record);
 
