@@ -236,17 +236,15 @@ int SectionDBBase::GetSectionFieldCount(int sectionType) {
 
 void SectionDBBase::SetDatabase(CSectionDatabase* database) {
     Operation("SetDatabase()", [&] {
-        std::unique_ptr<CSectionDatabase> own;
-        CString fileName;
-        if (database != nullptr) {
-            own = std::make_unique<CSectionDatabase>();
-            own->ReferTo(*database);
-            fileName = database->GetName();
-        }
+        CString fileName = database == nullptr ? CString() : database->GetName();
         closeRecordset(&m_pRecordset);
-        ReleaseDatabase();
-        m_pDatabase = own.release();
+        if (database == nullptr || m_bShared == 0)
+            ReleaseDatabase();
         m_bShared = 1;
+        if (database != nullptr && m_pDatabase == nullptr)
+            m_pDatabase = new CSectionDatabase;
+        if (database != nullptr)
+            m_pDatabase->ReferTo(*database);
         m_szFileName = std::move(fileName);
         m_szTableName = {};
         m_szSQL = {};
