@@ -87,9 +87,14 @@ std::string_view Section::text(std::string_view column) const {
 template <int L>
 Measure<L> Section::first(std::initializer_list<std::string_view> columns,
                           const char* property) const {
-    for (const std::string_view column : columns)
-        if (const auto quantity = find(column))
-            return quantity->as<L>();
+    for (const std::string_view column : columns) {
+        const FamilyColumn* data = m_family->find(column);
+        if (data == nullptr || data->figures.empty() || std::isnan(data->figures[m_row]))
+            continue;
+        if (data->size != 0 && data->dimension == dbsection::UnitDimension{L, 0})
+            return {data->figures[m_row], Unit<L>{data->size}};
+        return Quantity(data->figures[m_row], data->column.unit).as<L>(); // tells what is wrong
+    }
     failFor(property);
 }
 

@@ -234,11 +234,12 @@ private:
                                                      : ::Quantity::Number;
         const bool isMeasured = quantity != ::Quantity::Number && quantity != ::Quantity::Angle &&
                                 quantity != ::Quantity::Text;
-        const bool isKnown = dbsection::DimensionOf(unit).has_value();
+        const auto dimension = dbsection::DimensionOf(unit);
         const std::string name(field.m_strName.View());
         return {{name, unit, quantity, known == nullptr ? "" : known->meaning},
                 known == nullptr ? name : known->name,
-                isMeasured && isKnown ? dbsection::SizeOf(unit) : 0,
+                isMeasured && dimension ? dbsection::SizeOf(unit) : 0,
+                dimension,
                 {},
                 {}};
     }
