@@ -1,30 +1,29 @@
 #include "dataaccess/sqlite/RowStore.h"
 
-#include <algorithm>
 #include <limits>
 #include <new>
 
 namespace dbsection {
 
 std::size_t RowStore::Size() const {
-    return m_room * m_columns * sizeof(Cell) + m_ids.capacity() * sizeof(std::int64_t) +
-           m_texts.capacity();
+    return m_cells * sizeof(Cell) + m_rows.capacity() * sizeof(Row) + m_texts.capacity();
 }
 
 RowStore RowStore::Extract(int first, int count) const {
     RowStore part(static_cast<int>(m_columns));
-    part.m_ids.assign(m_ids.begin() + first, m_ids.begin() + first + count);
-    for (int row = 0; row < count; ++row) {
-        if (static_cast<std::size_t>(row) == part.m_room)
-            part.Grow(std::min(RowsOfBlock, static_cast<std::size_t>(count - row)));
-        const Cell* from = Row(first + row);
-        Cell* to = part.Row(row);
+    part.AddBlock(static_cast<std::size_t>(count));
+    part.m_rows.reserve(static_cast<std::size_t>(count));
+    Cell* to = part.m_free;
+    for (int row = first; row < first + count; ++row) {
+        part.m_rows.push_back({to, Id(row)});
+        const Cell* from = m_rows[static_cast<std::size_t>(row)].cells;
         for (std::size_t column = 0; column < m_columns; ++column, ++from, ++to) {
             const bool hasBytes =
                 from->storage == Cell::Storage::Text || from->storage == Cell::Storage::Bytes;
             *to = hasBytes ? part.Store(from->storage, TextOf(*from)) : *from;
         }
     }
+    part.m_room = 0;
     part.m_texts.shrink_to_fit();
     return part;
 }
@@ -40,19 +39,11 @@ Cell RowStore::Store(Cell::Storage storage, std::string_view bytes) {
     return cell;
 }
 
-/// Makes room for more rows, of one block at most.
-void RowStore::Grow(std::size_t rows) {
-    const std::size_t begun = m_room % RowsOfBlock;
-    auto block =
-        std::make_unique_for_overwrite<Cell[]>((begun == 0 ? rows : RowsOfBlock) * m_columns);
-    if (begun == 0) {
-        m_blocks.push_back(std::move(block));
-        m_room += rows;
-    } else {
-        std::copy_n(m_blocks.back().get(), begun * m_columns, block.get());
-        m_blocks.back() = std::move(block);
-        m_room += RowsOfBlock - begun;
-    }
+void RowStore::AddBlock(std::size_t rows) {
+    m_blocks.push_back(std::make_unique_for_overwrite<Cell[]>(rows * m_columns));
+    m_cells += rows * m_columns;
+    m_free = m_blocks.back().get();
+    m_room = rows;
 }
 
 Cell RowStore::Read(sqlite3_stmt* row, int column) {
@@ -85,25 +76,15 @@ Cell RowStore::Read(sqlite3_stmt* row, int column) {
 }
 
 void RowStore::Append(sqlite3_stmt* row, bool hasId) {
-    if (m_ids.size() == m_room)
-        Grow(RowsOfBlock);
+    constexpr std::size_t RowsOfBlock = 64;
+    if (m_room == 0)
+        AddBlock(RowsOfBlock);
     const auto columns = static_cast<int>(m_columns);
-    Cell* cell = Row(Count());
     for (int column = 0; column < columns; ++column)
-        *cell++ = Read(row, column);
-    m_ids.push_back(hasId ? sqlite3_column_int64(row, columns) : 0);
-}
-
-void RowStore::Remove(int index) {
-    for (int next = index + 1; next < Count(); ++next)
-        std::copy_n(Row(next), m_columns, Row(next - 1));
-    m_ids.erase(m_ids.begin() + index);
-}
-
-void RowStore::MoveLastTo(int index) {
-    std::copy_n(Row(Count() - 1), m_columns, Row(index));
-    m_ids[static_cast<std::size_t>(index)] = m_ids.back();
-    m_ids.pop_back();
+        m_free[column] = Read(row, column);
+    m_rows.push_back({m_free, hasId ? sqlite3_column_int64(row, columns) : 0});
+    m_free += m_columns;
+    --m_room;
 }
 
 } // namespace dbsection

@@ -38,7 +38,7 @@ public:
     /// Bytes of all that it holds.
     std::size_t Size() const;
 
-    int Count() const { return static_cast<int>(m_ids.size()); }
+    int Count() const { return static_cast<int>(m_rows.size()); }
 
     /// Some of the rows, in a store that has room for no others.
     RowStore Extract(int first, int count) const;
@@ -47,33 +47,39 @@ public:
     /// Where it throws the rows are what they were.
     void Append(sqlite3_stmt* row, bool hasId);
 
-    void Remove(int index);
-    void RemoveLast() { m_ids.pop_back(); }
+    void Remove(int index) { m_rows.erase(m_rows.begin() + index); }
+    void RemoveLast() { m_rows.pop_back(); }
 
     /// Puts the last row in the place of another one.
-    void MoveLastTo(int index);
+    void MoveLastTo(int index) {
+        m_rows[static_cast<std::size_t>(index)] = m_rows.back();
+        RemoveLast();
+    }
 
-    std::int64_t Id(int index) const { return m_ids[static_cast<std::size_t>(index)]; }
-    const Cell& At(int index, int column) const { return Row(index)[column]; }
+    std::int64_t Id(int index) const { return m_rows[static_cast<std::size_t>(index)].id; }
+    const Cell& At(int index, int column) const {
+        return m_rows[static_cast<std::size_t>(index)].cells[column];
+    }
     std::string_view TextOf(const Cell& cell) const {
         return std::string_view(m_texts).substr(cell.extent.begin, cell.extent.length);
     }
 
 private:
-    static constexpr std::size_t RowsOfBlock = 64;
+    struct Row {
+        Cell* cells;
+        std::int64_t id;
+    };
 
-    Cell* Row(int index) const {
-        const auto row = static_cast<std::size_t>(index);
-        return m_blocks[row / RowsOfBlock].get() + row % RowsOfBlock * m_columns;
-    }
     Cell Read(sqlite3_stmt* row, int column);
     Cell Store(Cell::Storage storage, std::string_view bytes);
-    void Grow(std::size_t rows);
+    void AddBlock(std::size_t rows);
 
     std::size_t m_columns;
-    std::vector<std::unique_ptr<Cell[]>> m_blocks; ///< all but the last one full
-    std::size_t m_room = 0;                        ///< rows of all blocks
-    std::vector<std::int64_t> m_ids;
+    std::vector<std::unique_ptr<Cell[]>> m_blocks;
+    Cell* m_free = nullptr; ///< where the next row goes, in the last block
+    std::size_t m_room = 0; ///< rows for which it has room from there on
+    std::size_t m_cells = 0;
+    std::vector<Row> m_rows;
     std::string m_texts;
 };
 
