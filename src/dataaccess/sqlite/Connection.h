@@ -32,11 +32,11 @@ namespace dbsection {
 /// Whether the rows of a query are to be written to.
 enum class Editing { No, IfPossible };
 
-/// A reading statement ready to run, and the texts lifted from it, which are bound to it and must
-/// outlive the run.
+/// A reading statement ready to run, and what was lifted from it, whose texts are bound to it and
+/// must outlive the run.
 struct ReadyQuery {
     StatementLease lease;
-    std::vector<std::string> parameters;
+    std::vector<LiftedLiteral> parameters;
 };
 
 /// Whether tables may be read to be kept.
@@ -248,6 +248,7 @@ private:
 
     const ProcessMark m_opener;
     std::string m_path;
+    double NumberOf(const std::string& literal);
     std::optional<Origin> m_origin;            ///< none: must not rest
     std::optional<KeyUse> m_key;               ///< none: the file is not protected
     std::optional<FileVersion> m_file;         ///< as it was opened; none: nothing of it is kept

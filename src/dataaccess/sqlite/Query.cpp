@@ -187,9 +187,20 @@ ReadyQuery Connection::Query(std::string_view sql, Editing editing,
         refuse(m_lastPrepareCode, m_lastPrepareError);
     ReadyQuery query{StatementLease(*kept), std::move(ready.literals)};
     int parameter = ownParameters;
-    for (const std::string& text : query.parameters)
-        Bind(query.lease.Get(), ++parameter, text);
+    for (const LiftedLiteral& literal : query.parameters)
+        if (literal.isNumber)
+            Bind(query.lease.Get(), ++parameter, NumberOf(literal.text));
+        else
+            Bind(query.lease.Get(), ++parameter, literal.text);
     return query;
+}
+
+/// What the engine takes the literal for; its last digit need not be that of others.
+double Connection::NumberOf(const std::string& literal) {
+    const StatementLease number = Own("SELECT CAST(? AS REAL)");
+    Bind(number.Get(), 1, literal);
+    Step(number.Get(), m_path, Activity::Reading);
+    return sqlite3_column_double(number.Get(), 0);
 }
 
 std::optional<bool> Connection::FirstRow(const ReadyQuery& query) {

@@ -21,6 +21,23 @@ bool IsParameter(const Token& token) {
            (token.kind == TokenKind::Word && token.text[0] == '$');
 }
 
+/// The decimal number that a token begins, as one token.
+std::optional<Token> DecimalAt(std::string_view sql, const Token& token) {
+    const auto isDigits = [](const Token& part) {
+        return part.kind == TokenKind::Word && std::ranges::all_of(part.text, IsDigit);
+    };
+    if (!isDigits(token))
+        return std::nullopt;
+    const auto point = NextToken(sql, token.End());
+    if (!point || point->begin != token.End() || !point->IsSymbol('.'))
+        return std::nullopt;
+    const auto fraction = NextToken(sql, point->End());
+    if (!fraction || fraction->begin != point->End() || !isDigits(*fraction))
+        return std::nullopt;
+    return Token{TokenKind::Word, sql.substr(token.begin, fraction->End() - token.begin),
+                 token.begin};
+}
+
 /// A text put together from the pieces of another one.
 class Edited {
 public:
@@ -45,19 +62,25 @@ private:
 CallersSql MakeReady(std::string_view sql, Literals literals) {
     CallersSql ready;
     Edited text(sql);
-    bool behindWhere = false;
-    ForEachToken(sql, [&](const Token& token) {
-        if (IsParameter(token)) {
+    bool lifts = false;
+    const auto lift = [&](const Token& literal) {
+        // The blank keeps a digit behind the literal from naming a parameter.
+        text.Replace(literal, "? ");
+        ready.literals.push_back({literal.Value(), literal.kind == TokenKind::Word});
+    };
+    for (auto token = NextToken(sql, 0); token; token = NextToken(sql, token->End())) {
+        if (IsParameter(*token)) {
             ++ready.parameters;
-        } else if (token.kind == TokenKind::QuotedName && token.text[0] == '"') {
-            text.Replace(token, Quoted(token.Value()));
-        } else if (token.kind == TokenKind::Literal && behindWhere && literals == Literals::Lift) {
-            // The blank keeps a digit behind the literal from naming a parameter.
-            text.Replace(token, "? ");
-            ready.literals.push_back(token.Value());
+        } else if (token->kind == TokenKind::QuotedName && token->text[0] == '"') {
+            text.Replace(*token, Quoted(token->Value()));
+        } else if (lifts && token->kind == TokenKind::Literal) {
+            lift(*token);
+        } else if (const auto number = lifts ? DecimalAt(sql, *token) : std::nullopt) {
+            lift(*number);
+            token = number;
         }
-        behindWhere = behindWhere || token.Is("WHERE");
-    });
+        lifts = lifts || (literals == Literals::Lift && token->Is("WHERE"));
+    }
     ready.text = text.Finish();
     return ready;
 }

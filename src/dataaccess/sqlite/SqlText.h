@@ -9,17 +9,22 @@
 
 namespace dbsection {
 
-/// What becomes of the literals behind a statement's first WHERE; elsewhere a literal can name a
-/// result column. Lifted ones are replaced by parameters, so that the next statement of the same
-/// form finds the prepared one.
+/// What becomes of the literals and decimal numbers behind a statement's first WHERE; elsewhere a
+/// literal can name a result column. Lifted ones are replaced by parameters, so that the next
+/// statement of the same form finds the prepared one.
 enum class Literals { Keep, Lift };
+
+struct LiftedLiteral {
+    std::string text;
+    bool isNumber;
+};
 
 /// A caller's statement as it is made ready. Names in double quotes come in others: older engines
 /// take an unknown one for a text.
 struct CallersSql {
     std::string text;
-    std::vector<std::string> literals; ///< that were lifted
-    int parameters = 0;                ///< that the statement had itself
+    std::vector<LiftedLiteral> literals;
+    int parameters = 0; ///< that the statement had itself
 };
 
 CallersSql MakeReady(std::string_view sql, Literals literals);

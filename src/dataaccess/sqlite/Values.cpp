@@ -150,13 +150,17 @@ void Bind(sqlite3_stmt* statement, int parameter, std::string_view text) {
                                      SQLITE_UTF8));
 }
 
+void Bind(sqlite3_stmt* statement, int parameter, double number) {
+    RequireBound(sqlite3_bind_double(statement, parameter, number));
+}
+
 void Bind(sqlite3_stmt* statement, int parameter, const Cell& cell, const RowStore& rows) {
     switch (cell.storage) {
     case Cell::Storage::Integer:
         RequireBound(sqlite3_bind_int64(statement, parameter, cell.integer));
         return;
     case Cell::Storage::Real:
-        RequireBound(sqlite3_bind_double(statement, parameter, cell.real));
+        Bind(statement, parameter, cell.real);
         return;
     case Cell::Storage::Text:
         Bind(statement, parameter, rows.TextOf(cell));
@@ -176,7 +180,7 @@ void Bind(sqlite3_stmt* statement, int parameter, const COleVariant& stored) {
     else if (stored.vt == (VT_ARRAY | VT_UI1))
         BindBytes(statement, parameter, stored.strVal.View());
     else if (const auto number = NumberOf(stored))
-        RequireBound(sqlite3_bind_double(statement, parameter, *number));
+        Bind(statement, parameter, *number);
     else
         RequireBound(sqlite3_bind_null(statement, parameter));
 }

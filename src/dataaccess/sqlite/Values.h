@@ -16,9 +16,10 @@ COleVariant ToVariant(const Cell& cell, const RowStore& rows, const ResultColumn
 COleVariant ToStored(const COleVariant& value, const ResultColumn& column,
                      const std::string& table);
 
-/// Binds a text, a cell or a stored value to a parameter of a statement; texts must outlive its
-/// run. Throws where it cannot be bound: the parameter would be null.
+/// Binds a text, a number, a cell or a stored value to a parameter of a statement; texts must
+/// outlive its run. Throws where it cannot be bound: the parameter would be null.
 void Bind(sqlite3_stmt* statement, int parameter, std::string_view text);
+void Bind(sqlite3_stmt* statement, int parameter, double number);
 void Bind(sqlite3_stmt* statement, int parameter, const Cell& cell, const RowStore& rows);
 void Bind(sqlite3_stmt* statement, int parameter, const COleVariant& stored);
 
