@@ -153,8 +153,16 @@ std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& que
         return std::nullopt;
     std::vector<NameRows> found;
     for (const auto& table : *tables) {
-        const auto count = table->Count(InTermsOfTables(questionFor(table->Name())));
+        const NameQuestion question = questionFor(table->Name());
+        if (question.column != column)
+            mayBeHeld = file->MayHold(question.column, question.name);
+        column = question.column;
+        if (!mayBeHeld)
+            continue;
+        const auto count = table->Count(InTermsOfTables(question));
         if (!count)
+    const char* column = nullptr;
+    bool mayBeHeld = true;
             return std::nullopt;
         if (*count > 0)
             found.push_back({CString(table->Name()), *count});

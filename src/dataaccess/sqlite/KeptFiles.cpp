@@ -72,6 +72,27 @@ void KeptFile::SetAllTables(std::shared_ptr<const Tables> tables) {
     m_allTables = std::move(tables);
 }
 
+bool KeptFile::MayHold(const char* column, std::string_view text) {
+    const std::lock_guard lock(m_guard);
+    auto names = m_names.find(std::string_view(column));
+    if (names == m_names.end())
+        names = m_names.emplace(column, ReadNames(column)).first;
+    return !names->second || std::ranges::binary_search(*names->second, HashNoCase(text));
+}
+
+std::optional<std::vector<std::size_t>> KeptFile::ReadNames(const char* column) {
+    std::vector<std::size_t> hashes;
+    if (!m_allTables)
+        return std::nullopt;
+    for (const auto& table : *m_allTables)
+        if (!table->AppendHashes(column, hashes))
+            return std::nullopt;
+    std::ranges::sort(hashes);
+    hashes.shrink_to_fit();
+    Count(hashes.size() * sizeof(std::size_t));
+    return hashes;
+}
+
 std::optional<KeptResult> KeptFile::FindResult(const std::string& key) const {
     const std::lock_guard lock(m_guard);
     const auto place = m_results.find(key);
@@ -113,6 +134,7 @@ void KeptFile::Clear() noexcept {
     const std::lock_guard lock(m_guard);
     m_tables.clear();
     m_allTables.reset();
+    m_names.clear();
     m_results.clear();
     total -= std::exchange(m_size, 0);
 }

@@ -5,6 +5,8 @@
 #include "platform/FileVersion.h"
 
 #include <atomic>
+#include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -42,6 +44,10 @@ public:
     std::shared_ptr<const Tables> AllTables() const;
     void SetAllTables(std::shared_ptr<const Tables> tables);
 
+    /// Whether a row of some table may have the text in the column, whatever its letter case. All
+    /// tables must have been told.
+    bool MayHold(const char* column, std::string_view text);
+
     /// The result of a statement, told by a key.
     std::optional<KeptResult> FindResult(const std::string& key) const;
     void Keep(const std::string& key, const KeptResult& result);
@@ -71,6 +77,7 @@ public:
     static std::size_t TotalSize() { return total; }
 
 private:
+    std::optional<std::vector<std::size_t>> ReadNames(const char* column);
     void Count(std::size_t size) {
         m_size += size;
         total += size;
@@ -84,6 +91,8 @@ private:
     mutable std::mutex m_guard;
     Tables m_tables;
     std::shared_ptr<const Tables> m_allTables;
+    /// The hashes of all texts by column; none where a table holds others than texts.
+    std::map<std::string, std::optional<std::vector<std::size_t>>, std::less<>> m_names;
     std::unordered_map<std::string, KeptResult> m_results;
     std::unordered_set<std::string> m_refused;
     std::unordered_set<std::size_t> m_asked; ///< hashes of statements

@@ -28,6 +28,12 @@ std::size_t TextIndex::Bucket(std::string_view text) const {
     return HashNoCase(text) & (m_first.size() - 1);
 }
 
+void TextIndex::AppendHashes(std::vector<std::size_t>& hashes) const {
+    for (int row = 0; row < m_rows.Count(); ++row)
+        if (const Cell& cell = m_rows.At(row, m_column); cell.storage == Cell::Storage::Text)
+            hashes.push_back(HashNoCase(m_rows.TextOf(cell)));
+}
+
 bool TextIndex::IsText(std::size_t row, std::string_view text) const {
     return EqualNoCase(m_rows.TextOf(m_rows.At(static_cast<int>(row), m_column)), text);
 }
@@ -122,6 +128,15 @@ std::optional<int> KeptTable::Count(const TableQuestion& question) const {
         return 0;
     const auto found = Search(question);
     return found ? std::optional(found->count) : std::nullopt;
+}
+
+bool KeptTable::AppendHashes(std::string_view column, std::vector<std::size_t>& hashes) const {
+    const int place = FindColumn(column);
+    if (place < 0)
+        return true;
+    const TextIndex& index = Index(place);
+    index.AppendHashes(hashes);
+    return index.IsFit();
 }
 
 std::size_t KeptTable::Size() const {

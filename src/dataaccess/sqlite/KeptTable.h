@@ -39,6 +39,9 @@ public:
                 visit(static_cast<int>(entry - 1));
     }
 
+    /// Appends the hashes of all texts, whatever their letter case.
+    void AppendHashes(std::vector<std::size_t>& hashes) const;
+
     std::size_t Size() const { return (m_first.size() + m_next.size()) * sizeof(std::uint32_t); }
 
 private:
@@ -70,6 +73,10 @@ public:
     /// The number of rows that answer the question, 0 where there is no such column. Nothing where
     /// that is not told for sure.
     std::optional<int> Count(const TableQuestion& question) const;
+
+    /// Appends the hashes of the texts in a column, if there is such a column; false where it holds
+    /// others than texts.
+    bool AppendHashes(std::string_view column, std::vector<std::size_t>& hashes) const;
 
     std::size_t Size() const;
 
