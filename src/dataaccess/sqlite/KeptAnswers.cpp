@@ -202,7 +202,7 @@ std::optional<KeptResult> Connection::ReadToKeep(const KeptFile& file, const std
 
 /// Whether the versions of the file tell its content, and texts compare as they are compared here.
 bool Connection::CanBeKept() {
-    if (HasWriteAheadLog() || sqlite3_compileoption_used("ENABLE_ICU") != 0)
+    if (HasWriteAheadLog() || !HasAsciiCapitals())
         return false;
     const StatementLease lease = Own("PRAGMA encoding");
     return Step(lease.Get(), m_path, Activity::Reading) && TextAt(lease.Get(), 0) == "UTF-8";

@@ -1,6 +1,8 @@
 #include "dataaccess/sqlite/RecordsetState.h"
 
 #include "dataaccess/sqlite/FieldTypes.h"
+#include "dataaccess/sqlite/RowCondition.h"
+#include "dataaccess/sqlite/TableQuestion.h"
 #include "dataaccess/sqlite/Values.h"
 #include "platform/Text.h"
 
@@ -207,16 +209,22 @@ int RecordsetState::FindFrom(int first, int step, std::string_view condition) {
         Fail(SectionError::BadStatement, "\"" + std::string(condition) +
                                              "\": this is not one condition; close what it "
                                              "opens, and nothing else.");
-    const auto columns = static_cast<int>(m_shape->columns.size());
-    const ReadyQuery query = Engine().Query(ConditionStatement(*m_shape, condition), Editing::No,
-                                            SectionError::UnknownNameInCondition, columns);
-    sqlite3_stmt* statement = query.lease.Get();
+    const auto simple = RowCondition::Parse(condition, *m_shape);
+    std::optional<ReadyQuery> query;
+    if (!simple)
+        query.emplace(ReadyToTest(condition));
     for (int row = first; row >= 0 && row < m_rows.Count(); row += step) {
         if (m_onGap && row == m_position)
             continue;
-        for (int column = 0; column < columns; ++column)
-            Bind(statement, column + 1, m_rows.At(row, column), m_rows.Store());
-        if (Engine().NextRow(query))
+        auto answer = simple ? simple->Test(m_rows.Store(), &m_rows.At(row, 0))
+                             : RowCondition::Answer::AskEngine;
+        if (answer == RowCondition::Answer::AskEngine) {
+            if (!query)
+                query.emplace(ReadyToTest(condition));
+            if (Test(*query, row))
+                answer = RowCondition::Answer::Yes;
+        }
+        if (answer == RowCondition::Answer::Yes)
             return row;
         sqlite3_reset(statement);
     }
@@ -249,5 +257,22 @@ void RecordsetState::FailWithoutColumn(int column) {
     Fail(SectionError::NoSuchItem,
          "There is no column number " + std::to_string(column) + " in the recordset.");
 }
+ReadyQuery RecordsetState::ReadyToTest(std::string_view condition) const {
+    return Engine().Query(ConditionStatement(*m_shape, condition), Editing::No,
+                          SectionError::UnknownNameInCondition,
+                          static_cast<int>(m_shape->columns.size()));
+}
+
+/// Whether a row satisfies the condition of a query.
+bool RecordsetState::Test(const ReadyQuery& query, int row) const {
+    sqlite3_stmt* statement = query.lease.Get();
+    const auto columns = static_cast<int>(m_shape->columns.size());
+    for (int column = 0; column < columns; ++column)
+        Bind(statement, column + 1, m_rows.At(row, column), m_rows.Store());
+    const bool isSatisfied = Engine().NextRow(query);
+    sqlite3_reset(statement);
+    return isSatisfied;
+}
+
 
 } // namespace dbsection

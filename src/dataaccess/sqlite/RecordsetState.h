@@ -96,6 +96,8 @@ private:
     void Visit(int position);
 
     void RequireEditable() const;
+    ReadyQuery ReadyToTest(std::string_view condition) const;
+    bool Test(const ReadyQuery& query, int row) const;
     void InsertRow();
     void UpdateRow();
     void DeleteRow(int row);

@@ -3,6 +3,7 @@
 #include "dataaccess/sqlite/SqlTokens.h"
 
 #include <charconv>
+#include <sqlcipher/sqlite3.h>
 #include <utility>
 
 namespace dbsection {
@@ -91,6 +92,11 @@ private:
 };
 
 } // namespace
+
+bool HasAsciiCapitals() {
+    static const bool hasThem = sqlite3_compileoption_used("ENABLE_ICU") == 0;
+    return hasThem;
+}
 
 std::optional<TableQuestion> TableQuestion::Parse(std::string_view sql) {
     return QuestionReader(sql).Read();

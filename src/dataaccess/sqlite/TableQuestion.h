@@ -32,4 +32,7 @@ struct TableQuestion {
     std::vector<std::int64_t> selection{};
 };
 
+/// Whether UPPER changes the letters of ASCII alone.
+bool HasAsciiCapitals();
+
 } // namespace dbsection
