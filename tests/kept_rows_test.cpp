@@ -351,6 +351,55 @@ TEST_F(KeptRowsTest, TheirRoomIsBoundedAndGivenBack) {
     AskUntilKept(other, Sql);
 }
 
+TEST_F(KeptRowsTest, CountingALongTableReadsNone) {
+    constexpr int Count = 3000;
+    constexpr const char* Sql = "Select * From [Shape]";
+    CreateCatalogue(m_path, 0);
+    const Engine engine(m_path);
+    engine.Run("WITH RECURSIVE N(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM N LIMIT 3000) "
+               "INSERT INTO Shape SELECT i, 'N' || i, 'n' || i, i FROM N");
+    LetSettle();
+    DatabaseHandle db;
+    ASSERT_EQ(Open(db, m_path), 1);
+    for (const int type : {4, 2}) {
+        SCOPED_TRACE(type);
+        Rows rows(db, Sql, type);
+        EXPECT_FALSE(rows->IsBOF() || rows->IsEOF());
+        EXPECT_EQ(rows->GetRecordCount(), 1);
+        if (type == 4) {
+            EXPECT_EQ(getRecordCount(rows.Address()), Count);
+            EXPECT_EQ(GetKeptRowsSize(), 0U) << "before any of them is asked for";
+        }
+        rows->MoveLast();
+        EXPECT_EQ(rows->GetRecordCount(), Count);
+        EXPECT_EQ(rows->GetAbsolutePosition(), Count - 1);
+        EXPECT_EQ(TextAt(rows, 1), "N3000");
+        rows->MoveNext();
+        EXPECT_TRUE(rows->IsEOF());
+        EXPECT_EQ(ErrorOf([&] { rows->MoveNext(); }), 3021);
+    }
+    RecordsetHandle before;
+    ASSERT_EQ(Query(db, before, Sql, 4), 1);
+    engine.Run("DELETE FROM Shape WHERE RECNO > 2000");
+    RecordsetHandle after;
+    ASSERT_EQ(Query(db, after, Sql, 4), 1);
+    after->SetAbsolutePosition(1999);
+    EXPECT_EQ(ErrorOf([&] { after->SetAbsolutePosition(2000); }), 3021);
+    engine.Run("INSERT INTO Shape (Name) VALUES ('X')");
+    EXPECT_EQ(getRecordCount(after.Address()), 2001) << "it is queried again";
+    after->MoveLast();
+    EXPECT_EQ(TextAt(after, 1), "X");
+    EXPECT_EQ(getRecordCount(before.Address()), 2001);
+
+    engine.Run("DELETE FROM Shape");
+    RecordsetHandle none;
+    ASSERT_EQ(Query(db, none, Sql, 4), 1);
+    EXPECT_TRUE(none->IsEOF() && none->IsBOF());
+    EXPECT_EQ(getRecordCount(none.Address()), 0);
+    before->Requery();
+    EXPECT_TRUE(before->IsEOF());
+}
+
 TEST_F(KeptRowsTest, NothingIsKeptWhereALookAtTheFileDoesNotTell) {
     CreateCatalogue(m_path);
     const auto isKept = [&](DatabaseHandle& db, const char* sql) {

@@ -6,8 +6,9 @@
 //         use(rows.GetFieldValue(3));
 //
 // The rows are read when the recordset is opened or queried again, those of a whole table that was
-// opened to be edited when they are first asked for; what others write meanwhile is seen after
-// Requery. Positions and columns count from 0. Failures throw CSectionException*.
+// opened to be edited or has more than 1024 when they are first asked for; what others write
+// meanwhile is seen after Requery. Counting needs no rows. Positions and columns count from 0.
+// Failures throw CSectionException*.
 #pragma once
 
 #include "dataaccess/CSectionFieldInfo.h"

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <limits>
 
-using dbsection::Activity;
 using dbsection::Connection;
 using dbsection::DatabaseReference;
 using dbsection::Fail;
@@ -48,12 +47,6 @@ std::int32_t AttributesOf(std::string_view table) {
     return table.starts_with('~') ? HiddenTableBit : 0;
 }
 
-std::int32_t CountRows(Connection& connection, const std::string& table) {
-    const auto lease = connection.Own("SELECT count(*) FROM " + dbsection::Quoted(table));
-    connection.Step(lease.Get(), table, Activity::Reading);
-    return sqlite3_column_int(lease.Get(), 0);
-}
-
 void Describe(Connection& connection, const std::string& table, CSectionTableDefInfo& info,
               unsigned long level) {
     info = {};
@@ -61,7 +54,7 @@ void Describe(Connection& connection, const std::string& table, CSectionTableDef
     info.m_lAttributes = AttributesOf(table);
     info.m_bUpdatable = connection.IsReadOnly() || !info.IsUserTable() ? 0 : 1;
     if (level >= AllInformation)
-        info.m_lRecordCount = CountRows(connection, table);
+        info.m_lRecordCount = connection.CountRows(table);
 }
 
 } // namespace

@@ -39,6 +39,10 @@ struct ReadyQuery {
     std::vector<LiftedLiteral> parameters;
 };
 
+/// How many rows are read at once of a whole table.
+enum class Amount { Few, Any };
+inline constexpr int FewRows = 1024;
+
 /// Whether tables may be read to be kept.
 enum class Keeping { IfWorth, No };
 
@@ -132,7 +136,7 @@ public:
 
     /// The answer to a statement of a caller from what is kept of the file, which takes one look at
     /// it; nothing where the engine must be asked. Rows that were asked for again are kept.
-    std::optional<KeptAnswer> Answer(const std::string& sql, Editing editing);
+    std::optional<KeptAnswer> Answer(const std::string& sql, Editing editing, Amount amount);
 
     /// The tables that have rows of a name, in table order, from what is kept of the file; nothing
     /// where that does not tell. `keeping` says whether all tables may be read to be kept.
@@ -140,6 +144,12 @@ public:
 
     /// Whether what was read in that state is what would be read now.
     bool IsCurrent(const CSectionDataStamp& stamp);
+
+    /// The stamp of a state of which this connection alone has made another one since.
+    CSectionDataStamp WithOwnChanges(CSectionDataStamp stamp) const {
+        stamp.ownChanges = m_ownChanges;
+        return stamp;
+    }
 
     /// Makes every statement ready anew when it is used next.
     void ForgetStatements() { m_kept.Clear(); }
@@ -165,6 +175,8 @@ public:
 
     /// The columns of a table of the list.
     FieldList Fields(const std::string& table);
+
+    std::int32_t CountRows(const std::string& table);
 
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
 
@@ -215,11 +227,12 @@ private:
 
     KeptFile* Kept();
     std::optional<KeptAnswer> AnswerFromTable(KeptFile& file, const TableQuestion& question,
-                                              Editing editing);
-    std::shared_ptr<const KeptTable> KeepTable(KeptFile& file, const std::string& name);
+                                              Editing editing, Amount amount);
+    std::shared_ptr<const KeptTable> KeepTable(KeptFile& file, const std::string& name,
+                                               Amount amount);
     std::shared_ptr<const KeptFile::Tables> KeepAllTables(KeptFile& file);
     std::optional<KeptResult> ReadToKeep(const KeptFile& file, const std::string& sql,
-                                         Editing editing);
+                                         Editing editing, Amount amount);
     bool CanBeKept();
 
     void RequireCipherMemory() const;
@@ -235,6 +248,7 @@ private:
     std::optional<KeptStatement> PrepareReading(const std::string& sql);
     std::optional<KeptStatement> PrepareEditable(const std::string& sql, const QueryShape& shape);
     QueryShape ShapeOf(sqlite3_stmt* statement) const;
+    double NumberOf(const std::string& literal);
     bool IsTable(std::string_view name) const;
     void ReadTables(std::int64_t version);
     void ForgetTables();
@@ -248,7 +262,6 @@ private:
 
     const ProcessMark m_opener;
     std::string m_path;
-    double NumberOf(const std::string& literal);
     std::optional<Origin> m_origin;            ///< none: must not rest
     std::optional<KeyUse> m_key;               ///< none: the file is not protected
     std::optional<FileVersion> m_file;         ///< as it was opened; none: nothing of it is kept

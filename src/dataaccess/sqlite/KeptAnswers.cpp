@@ -57,18 +57,19 @@ bool Connection::IsCurrent(const CSectionDataStamp& stamp) {
     return file != nullptr && stamp == StampOf(*file);
 }
 
-std::optional<KeptAnswer> Connection::Answer(const std::string& sql, Editing editing) {
+std::optional<KeptAnswer> Connection::Answer(const std::string& sql, Editing editing,
+                                             Amount amount) {
     KeptFile* file = Kept();
     if (file == nullptr)
         return std::nullopt;
     if (const auto question = TableQuestion::Parse(sql))
-        return AnswerFromTable(*file, *question, editing);
+        return AnswerFromTable(*file, *question, editing, amount);
     const std::string key = (editing == Editing::No ? "read " : "edit ") + sql;
     if (const auto kept = file->FindResult(key))
         return AllOf(*file, *kept);
     if (!file->HasBeenAsked(key) || file->IsRefused(key) || !IsTimeless(sql))
         return std::nullopt;
-    const auto read = ReadToKeep(*file, sql, editing);
+    const auto read = ReadToKeep(*file, sql, editing, Amount::Any);
     if (!read || read->shape->isWholeTable) {
         file->Refuse(key);
         return std::nullopt;
@@ -80,13 +81,13 @@ std::optional<KeptAnswer> Connection::Answer(const std::string& sql, Editing edi
 
 /// Rows of a whole table that may be written to are left to be read when they are asked for.
 std::optional<KeptAnswer> Connection::AnswerFromTable(KeptFile& file, const TableQuestion& question,
-                                                      Editing editing) {
+                                                      Editing editing, Amount amount) {
     const bool isWhole = question.rows == TableQuestion::Rows::All;
     if (isWhole && editing != Editing::No)
         return std::nullopt;
     auto table = file.FindTable(question.table);
     if (!table && (isWhole || file.IsWorthKeeping(1)))
-        table = KeepTable(file, std::string(question.table));
+        table = KeepTable(file, std::string(question.table), isWhole ? amount : Amount::Any);
     if (!table)
         return std::nullopt;
     const KeptResult& result = editing == Editing::No ? table->ReadOnly() : table->Editable();
@@ -99,14 +100,16 @@ std::optional<KeptAnswer> Connection::AnswerFromTable(KeptFile& file, const Tabl
                       StampOf(file)};
 }
 
-/// Null where the table cannot be kept; the engine then tells why, where it is asked for it.
-std::shared_ptr<const KeptTable> Connection::KeepTable(KeptFile& file, const std::string& name) {
-    const std::string key = "table " + UpperCase(name);
-    if (file.IsRefused(key))
+/// Null where the table cannot be kept; the engine then tells why, where it is asked for it. A
+/// table of a file that is larger than all that may be kept is not tried.
+std::shared_ptr<const KeptTable> Connection::KeepTable(KeptFile& file, const std::string& name,
+                                                       Amount amount) {
+    const std::string key = (amount == Amount::Few ? "few of " : "table ") + UpperCase(name);
+    if (std::cmp_greater(file.Version().Size(), KeptFiles::Limit()) || file.IsRefused(key))
         return nullptr;
     const auto table = FindTable(name);
     const std::string sql = AllRows + Quoted(table.value_or(name));
-    auto editable = table ? ReadToKeep(file, sql, Editing::IfPossible) : std::nullopt;
+    auto editable = table ? ReadToKeep(file, sql, Editing::IfPossible, amount) : std::nullopt;
     if (!editable) {
         file.Refuse(key);
         return nullptr;
@@ -134,7 +137,7 @@ std::shared_ptr<const KeptFile::Tables> Connection::KeepAllTables(KeptFile& file
     for (const std::string& name : names) {
         auto table = file.FindTable(name);
         if (!table)
-            table = KeepTable(file, name);
+            table = KeepTable(file, name, Amount::Any);
         if (!table)
             return nullptr;
         all->push_back(std::move(table));
@@ -152,6 +155,8 @@ std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& que
     if (!tables)
         return std::nullopt;
     std::vector<NameRows> found;
+    const char* column = nullptr;
+    bool mayBeHeld = true;
     for (const auto& table : *tables) {
         const NameQuestion question = questionFor(table->Name());
         if (question.column != column)
@@ -161,8 +166,6 @@ std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& que
             continue;
         const auto count = table->Count(InTermsOfTables(question));
         if (!count)
-    const char* column = nullptr;
-    bool mayBeHeld = true;
             return std::nullopt;
         if (*count > 0)
             found.push_back({CString(table->Name()), *count});
@@ -173,7 +176,7 @@ std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& que
 /// Reads all rows of a statement in the version of the file. Nothing where the file is of another
 /// one by now, the engine fails, or the rows are too many.
 std::optional<KeptResult> Connection::ReadToKeep(const KeptFile& file, const std::string& sql,
-                                                 Editing editing) {
+                                                 Editing editing, Amount amount) {
     try {
         const Transaction moment(*this, Purpose::Reading);
         const ReadyQuery query = Query(sql, editing, SectionError::UnknownNameInStatement);
@@ -187,7 +190,8 @@ std::optional<KeptResult> Connection::ReadToKeep(const KeptFile& file, const std
             const std::size_t before = rows.TextSize();
             rows.Append(query.lease.Get(), shape->IsEditable());
             RequireTextsWhole(rows.TextSize() - before);
-            if (rows.Size() > KeptFiles::Limit())
+            if (rows.Size() > KeptFiles::Limit() ||
+                (amount == Amount::Few && rows.Count() > FewRows))
                 return std::nullopt;
         }
         return KeptResult{shape, std::make_shared<const RowStore>(rows.Extract(0, rows.Count()))};

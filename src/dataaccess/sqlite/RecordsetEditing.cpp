@@ -48,6 +48,7 @@ void RecordsetState::BeginNew() {
 
 void RecordsetState::BeginEdit() {
     RequireEditable();
+    RequireRows();
     RequireRow();
     m_values.assign(m_shape->columns.size(), std::nullopt);
     m_edit = Edit::Current;
@@ -148,6 +149,7 @@ void RecordsetState::InsertRow() {
     }
     if (!m_isRead) {
         transaction.Commit();
+        m_counted.reset();
         return;
     }
     ReadBackAndCommit(Engine().LastRowId(), transaction);
@@ -187,11 +189,15 @@ void RecordsetState::DeleteRow(int row) {
 
 void RecordsetState::Delete() {
     RequireEditable();
+    RequireRows();
     RequireRow();
     m_rows.MakeOwn();
     Transaction transaction(Engine(), Purpose::OneWrite);
+    const bool isCurrent = m_stamp && Engine().IsCurrent(*m_stamp);
     DeleteRow(m_position);
     transaction.Commit();
+    if (isCurrent) // the rest is what would be read now
+        m_stamp = Engine().WithOwnChanges(*m_stamp);
     m_edit = Edit::None;
     m_onGap = true;
 }
@@ -199,6 +205,7 @@ void RecordsetState::Delete() {
 int RecordsetState::DeleteAll() {
     Transaction transaction(Engine());
     Requery();
+    RequireRows();
     RequireEditable();
     const int count = m_rows.Count();
     for (int row = 0; row < count; ++row)

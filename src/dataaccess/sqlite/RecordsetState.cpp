@@ -24,30 +24,41 @@ std::string ConditionStatement(const QueryShape& shape, std::string_view conditi
     return "SELECT 1 FROM (SELECT " + columns + ") WHERE (" + std::string(condition) + "\n)";
 }
 
+bool IsWholeTable(std::string_view sql) {
+    const auto question = TableQuestion::Parse(sql);
+    return question && question->rows == TableQuestion::Rows::All;
+}
+
 } // namespace
 
 RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing)
     : m_session(std::move(session)),
       m_sql(std::move(sql)),
-      m_editing(editing) {
-    if (!TakeKeptRows())
-        OpenRows();
+      m_editing(editing),
+      m_isWholeTable(IsWholeTable(m_sql)) {
+    OpenRows();
     Visit(0);
 }
 
+/// Reads the rows, but leaves those of a whole table for later where they are to be written to,
+/// since adding rows needs none of them, or are many, since counting needs none.
 void RecordsetState::OpenRows() {
+    if (TakeKeptRows(Amount::Few))
+        return;
     WithFirstRow([&](const ReadyQuery& query, bool atRow) {
-        m_shape = query.lease.Shape();
-        if (atRow && m_shape->isWholeTable)
-            m_firstId = sqlite3_column_int64(query.lease.Get(), m_shape->Width());
-        else
-            ReadRows(query, atRow);
+        const auto& shape = query.lease.Shape();
+        if (atRow && shape->isWholeTable) {
+            LeaveRows(shape, std::nullopt);
+            m_firstId = sqlite3_column_int64(query.lease.Get(), shape->Width());
+        } else {
+            ReadRows(query, atRow, m_isWholeTable ? Amount::Few : Amount::Any);
+        }
     });
 }
 
 /// Takes the rows that are kept of the file; false where there are none.
-bool RecordsetState::TakeKeptRows() {
-    auto kept = Engine().Answer(m_sql, m_editing);
+bool RecordsetState::TakeKeptRows(Amount amount) {
+    auto kept = Engine().Answer(m_sql, m_editing, amount);
     if (!kept)
         return false;
     TakeRows(std::move(kept->shape), std::move(kept->rows), kept->stamp);
@@ -63,7 +74,17 @@ void RecordsetState::TakeRows(std::shared_ptr<const QueryShape> shape, RowsInUse
     m_rows = std::move(rows);
     m_stamp = m_rows.Count() > 0 ? stamp : std::nullopt;
     m_isRead = true;
+    m_firstId.reset();
     m_onGap = false;
+}
+
+/// Leaves the rows, of which there are some, to be read later.
+void RecordsetState::LeaveRows(std::shared_ptr<const QueryShape> shape,
+                               const std::optional<CSectionDataStamp>& stamp) {
+    TakeRows(std::move(shape), RowsInUse(), std::nullopt);
+    m_stamp = stamp;
+    m_isRead = false;
+    m_counted.reset();
 }
 
 /// Runs the statement up to its first row, made ready anew where the tables have changed.
@@ -86,18 +107,22 @@ void RecordsetState::WithFirstRow(Use use) {
 }
 
 void RecordsetState::ReadRows() {
-    if (TakeKeptRows())
+    if (TakeKeptRows(Amount::Any))
         return;
-    WithFirstRow([&](const ReadyQuery& query, bool atRow) { ReadRows(query, atRow); });
+    WithFirstRow([&](const ReadyQuery& query, bool atRow) { ReadRows(query, atRow, Amount::Any); });
 }
 
-void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow) {
+void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow, Amount amount) {
     const auto& shape = query.lease.Shape();
     RowStore rows(shape->Width());
     std::optional<CSectionDataStamp> stamp;
     if (atRow)
         stamp = Engine().Stamp();
     for (; atRow; atRow = Engine().NextRow(query)) {
+        if (amount == Amount::Few && rows.Count() == FewRows) {
+            LeaveRows(shape, stamp);
+            return;
+        }
         const std::size_t before = rows.TextSize();
         rows.Append(query.lease.Get(), shape->IsEditable());
         Engine().RequireTextsWhole(rows.TextSize() - before);
@@ -105,15 +130,23 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow) {
     TakeRows(shape, RowsInUse(std::move(rows)), stamp);
 }
 
-/// Reads the rows where that was left for later; the row that was the first is current still.
+/// Reads the rows where that was left for later. The position stays, but for the row that was the
+/// first: it is current still, wherever it is.
 void RecordsetState::ReadRowsLeft() {
+    const auto first = m_position == 0 ? m_firstId : std::nullopt;
     ReadRows();
-    Visit(std::max(m_rows.FindId(m_firstId), 0));
+    Visit(first ? std::max(m_rows.FindId(*first), 0) : m_position);
+}
+
+int RecordsetState::CountRowsLeft() {
+    if (!m_counted)
+        m_counted = Engine().CountRows(m_shape->columns.front().table);
+    return *m_counted;
 }
 
 void RecordsetState::Requery() {
-    if (!m_isRead || !m_stamp || !Engine().IsCurrent(*m_stamp))
-        ReadRows();
+    if (!m_stamp || !Engine().IsCurrent(*m_stamp))
+        m_isRead || m_firstId ? ReadRows() : OpenRows();
     LeaveRow();
     m_visited = 0;
     Visit(0);
@@ -134,8 +167,14 @@ void RecordsetState::LeaveRow() {
 }
 
 void RecordsetState::Visit(int position) {
-    m_position = m_rows.Count() == 0 ? -1 : std::clamp(position, -1, m_rows.Count());
-    m_visited = std::max(m_visited, std::min(m_position + 1, m_rows.Count()));
+    if (!m_isRead && position == 0) { // of rows that were left there is a first
+        m_position = 0;
+        m_visited = std::max(m_visited, 1);
+        return;
+    }
+    const int count = Count();
+    m_position = count == 0 ? -1 : std::clamp(position, -1, count);
+    m_visited = std::max(m_visited, std::min(m_position + 1, count));
 }
 
 void RecordsetState::FailWithoutRow() {
@@ -144,32 +183,21 @@ void RecordsetState::FailWithoutRow() {
 
 int RecordsetState::Position() { return IsAtRow() ? m_position : -1; }
 
-bool RecordsetState::IsBof() {
-    RequireRows();
-    return m_position < 0 || m_rows.Count() == 0;
-}
+bool RecordsetState::IsBof() { return m_position < 0; }
 
-bool RecordsetState::IsEof() {
-    RequireRows();
-    return m_position >= m_rows.Count() || m_rows.Count() == 0;
-}
+bool RecordsetState::IsEof() { return !IsAtRow() && !m_onGap && (m_position >= 0 || Count() == 0); }
 
-int RecordsetState::Visited() {
-    RequireRows();
-    return m_visited - (m_onGap ? 1 : 0);
-}
+int RecordsetState::Visited() { return m_visited - (m_onGap ? 1 : 0); }
 
 void RecordsetState::MoveToFirst() {
-    RequireRows();
     LeaveRow();
     Visit(0);
     RequireRow();
 }
 
 void RecordsetState::MoveToLast() {
-    RequireRows();
     LeaveRow();
-    Visit(m_rows.Count() - 1);
+    Visit(Count() - 1);
     RequireRow();
 }
 
@@ -183,9 +211,8 @@ void RecordsetState::MoveBy(int step) {
 }
 
 void RecordsetState::MoveTo(int position) {
-    RequireRows();
     LeaveRow();
-    if (position < 0 || position >= m_rows.Count())
+    if (position < 0 || position >= Count())
         Fail(SectionError::NoCurrentRecord,
              "There is no record number " + std::to_string(position) + "; move to another.");
     Visit(position);
@@ -226,37 +253,10 @@ int RecordsetState::FindFrom(int first, int step, std::string_view condition) {
         }
         if (answer == RowCondition::Answer::Yes)
             return row;
-        sqlite3_reset(statement);
     }
     return -1;
 }
 
-COleVariant RecordsetState::Value(int column) {
-    RequireColumn(column);
-    const auto index = static_cast<std::size_t>(column);
-    if (m_edit != Edit::None && m_values[index])
-        return *m_values[index];
-    if (m_edit == Edit::New)
-        return COleVariant::Null();
-    RequireRow();
-    return ToVariant(m_rows.At(m_position, column), m_rows.Store(), m_shape->columns[index]);
-}
-
-double RecordsetState::Number(int column) {
-    RequireColumn(column);
-    if (m_edit == Edit::None && IsAtRow()) { // most are reals, and need no variant
-        const Cell& cell = m_rows.At(m_position, column);
-        if (cell.storage == Cell::Storage::Real &&
-            m_shape->columns[static_cast<std::size_t>(column)].type == SectionField::Double)
-            return cell.real;
-    }
-    return AsNumber(Value(column));
-}
-
-void RecordsetState::FailWithoutColumn(int column) {
-    Fail(SectionError::NoSuchItem,
-         "There is no column number " + std::to_string(column) + " in the recordset.");
-}
 ReadyQuery RecordsetState::ReadyToTest(std::string_view condition) const {
     return Engine().Query(ConditionStatement(*m_shape, condition), Editing::No,
                           SectionError::UnknownNameInCondition,
@@ -274,5 +274,33 @@ bool RecordsetState::Test(const ReadyQuery& query, int row) const {
     return isSatisfied;
 }
 
+COleVariant RecordsetState::Value(int column) {
+    RequireColumn(column);
+    const auto index = static_cast<std::size_t>(column);
+    if (m_edit != Edit::None && m_values[index])
+        return *m_values[index];
+    if (m_edit == Edit::New)
+        return COleVariant::Null();
+    RequireRows();
+    RequireRow();
+    return ToVariant(m_rows.At(m_position, column), m_rows.Store(), m_shape->columns[index]);
+}
+
+double RecordsetState::Number(int column) {
+    RequireColumn(column);
+    RequireRows();
+    if (m_edit == Edit::None && IsAtRow()) { // most are reals, and need no variant
+        const Cell& cell = m_rows.At(m_position, column);
+        if (cell.storage == Cell::Storage::Real &&
+            m_shape->columns[static_cast<std::size_t>(column)].type == SectionField::Double)
+            return cell.real;
+    }
+    return AsNumber(Value(column));
+}
+
+void RecordsetState::FailWithoutColumn(int column) {
+    Fail(SectionError::NoSuchItem,
+         "There is no column number " + std::to_string(column) + " in the recordset.");
+}
 
 } // namespace dbsection

@@ -16,8 +16,8 @@ namespace dbsection {
 
 class Transaction;
 
-/// The rows are read when it is made, but for those of a whole table that can be written to: these
-/// when they are first asked for, since adding rows needs none of them.
+/// The rows are read when it is made, but for those of a whole table that can be written to or has
+/// many: these when they are first asked for.
 class RecordsetState {
 public:
     RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing);
@@ -64,21 +64,25 @@ private:
     template <class Use>
     void WithFirstRow(Use use);
     void OpenRows();
-    bool TakeKeptRows();
+    bool TakeKeptRows(Amount amount);
     void TakeRows(std::shared_ptr<const QueryShape> shape, RowsInUse rows,
                   const std::optional<CSectionDataStamp>& stamp);
+    void LeaveRows(std::shared_ptr<const QueryShape> shape,
+                   const std::optional<CSectionDataStamp>& stamp);
     void ReadRows();
-    void ReadRows(const ReadyQuery& query, bool atRow);
+    void ReadRows(const ReadyQuery& query, bool atRow, Amount amount);
     void ReadRowsLeft();
+    int CountRowsLeft();
 
     // Asked for every value: short enough to be part of their callers.
     void RequireRows() {
         if (!m_isRead)
             ReadRowsLeft();
     }
+    int Count() { return m_isRead ? m_rows.Count() : CountRowsLeft(); }
     bool IsAtRow() {
-        RequireRows();
-        return !m_onGap && m_position >= 0 && m_position < m_rows.Count();
+        const bool isFirstLeft = !m_isRead && m_position == 0;
+        return isFirstLeft || (!m_onGap && m_position >= 0 && m_position < Count());
     }
     void RequireRow() {
         if (!IsAtRow())
@@ -92,12 +96,12 @@ private:
     [[noreturn]] static void FailWithoutColumn(int column);
 
     int FindFrom(int first, int step, std::string_view condition);
+    ReadyQuery ReadyToTest(std::string_view condition) const;
+    bool Test(const ReadyQuery& query, int row) const;
     void LeaveRow();
     void Visit(int position);
 
     void RequireEditable() const;
-    ReadyQuery ReadyToTest(std::string_view condition) const;
-    bool Test(const ReadyQuery& query, int row) const;
     void InsertRow();
     void UpdateRow();
     void DeleteRow(int row);
@@ -113,8 +117,10 @@ private:
     std::shared_ptr<const QueryShape> m_shape;
     RowsInUse m_rows;
     std::optional<CSectionDataStamp> m_stamp;
+    bool m_isWholeTable; ///< all rows and columns of one, in no order that was asked for
     bool m_isRead = false;
-    std::int64_t m_firstId = 0; ///< of the row that is current when the rows are read later
+    std::optional<int> m_counted;          ///< rows that were left to be read later
+    std::optional<std::int64_t> m_firstId; ///< of the row that was the first when they were left
     int m_position = -1;
     int m_visited = 0;
     bool m_onGap = false; ///< the current row was deleted and not yet left
