@@ -19,14 +19,34 @@ struct KeptLook {
 
 constexpr std::size_t Capacity = 8; // more files than one step of a call depends on
 
+/// Whether the thread's looks are gone: what ends behind them looks each time.
+constinit thread_local bool areGone = false;
+
 struct KeptLooks {
+    KeptLooks() = default;
+    KeptLooks(const KeptLooks&) = delete;
+    KeptLooks& operator=(const KeptLooks&) = delete;
+    ~KeptLooks() { areGone = true; }
+
     std::array<KeptLook, Capacity> all;
     std::size_t next = 0;
 };
 
+void Look(const std::string& path, FileLook& look) {
+    look.error = ::stat(path.c_str(), &look.status) == 0 ? 0 : errno;
+}
+
+const FileLook& LookAtTheEnd(std::string_view path) {
+    static constinit thread_local FileLook look{};
+    Look(NativePath(path), look);
+    return look;
+}
+
 } // namespace
 
 const FileLook& LookAt(std::string_view path) {
+    if (areGone)
+        return LookAtTheEnd(path);
     static thread_local KeptLooks kept;
     const bool isInCall = callState.depth > 0;
     if (isInCall)
@@ -37,7 +57,7 @@ const FileLook& LookAt(std::string_view path) {
     KeptLook& place = kept.all[kept.next++ % Capacity];
     place.number = 0; // while it is not whole
     place.path = NativePath(path);
-    place.look.error = ::stat(place.path.c_str(), &place.look.status) == 0 ? 0 : errno;
+    Look(place.path, place.look);
     if (isInCall)
         place.number = callState.looks;
     return place.look;
