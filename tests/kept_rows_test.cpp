@@ -234,7 +234,6 @@ TEST_F(KeptRowsTest, ChangesOfOthersAreSeenByTheNextCall) {
                       }),
                       0);
             EXPECT_EQ(Ask(db, sql), Engine(m_path).Ask(sql)) << change;
-            EXPECT_FALSE(m_wasKept) << "the file has just been changed";
         }
         db->Close();
         std::filesystem::remove(m_path);

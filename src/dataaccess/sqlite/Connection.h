@@ -17,6 +17,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <list>
 #include <map>
 #include <memory>
@@ -128,15 +129,21 @@ public:
     ReadyQuery Query(std::string_view sql, Editing editing, SectionError::Number unknownName,
                      int ownParameters = 0);
 
-    /// Steps to the first row of a query, and to the next one: true at a row, false at the end. The
-    /// first is nothing where the tables have changed since the statement was made ready; it is
-    /// then to be forgotten.
-    std::optional<bool> FirstRow(const ReadyQuery& query);
+    /// Runs a statement up to its first row, made ready anew where the tables have changed, and
+    /// calls `use` with whether there is one.
+    void WithFirstRow(const std::string& sql, Editing editing,
+                      const std::function<void(const ReadyQuery&, bool atRow)>& use);
+
+    /// Steps to the next row of a query: true at a row, false at the end.
     bool NextRow(const ReadyQuery& query);
 
     /// The answer to a statement of a caller from what is kept of the file, which takes one look at
     /// it; nothing where the engine must be asked. Rows that were asked for again are kept.
     std::optional<KeptAnswer> Answer(const std::string& sql, Editing editing, Amount amount);
+
+    /// Whether a statement was noted, in this version of the file, to have more than few rows.
+    bool IsLong(const std::string& sql);
+    void NoteLong(const std::string& sql);
 
     /// The tables that have rows of a name, in table order, from what is kept of the file; nothing
     /// where that does not tell. `keeping` says whether all tables may be read to be kept.
@@ -225,6 +232,10 @@ private:
     bool CheckPages();
     bool HasWriteAheadLog();
 
+    /// Nothing where the tables have changed since the statement was made ready; it is then to be
+    /// forgotten.
+    std::optional<bool> FirstRow(const ReadyQuery& query);
+
     KeptFile* Kept();
     std::optional<KeptAnswer> AnswerFromTable(KeptFile& file, const TableQuestion& question,
                                               Editing editing, Amount amount);
@@ -233,6 +244,7 @@ private:
     std::shared_ptr<const KeptFile::Tables> KeepAllTables(KeptFile& file);
     std::optional<KeptResult> ReadToKeep(const KeptFile& file, const std::string& sql,
                                          Editing editing, Amount amount);
+    std::shared_ptr<const RowStore> ReadAll(const ReadyQuery& query, bool atRow, Amount amount);
     bool CanBeKept();
 
     void RequireCipherMemory() const;

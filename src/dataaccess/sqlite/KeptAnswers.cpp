@@ -11,6 +11,7 @@ namespace dbsection {
 namespace {
 
 constexpr const char* AllRows = "SELECT * FROM ";
+constexpr const char* LongKey = "long ";
 
 /// What is read in a version of a file has the same stamp, whatever connection reads it.
 CSectionDataStamp StampOf(const KeptFile& file) { return {-file.Number(), 0, 0}; }
@@ -79,6 +80,17 @@ std::optional<KeptAnswer> Connection::Answer(const std::string& sql, Editing edi
     return AllOf(*file, *read);
 }
 
+bool Connection::IsLong(const std::string& sql) {
+    const KeptFile* file = Kept();
+    return file != nullptr && file->IsRefused(LongKey + sql);
+}
+
+/// While the statement runs nobody writes: the file is of the version that is read.
+void Connection::NoteLong(const std::string& sql) {
+    if (KeptFile* file = Kept(); file != nullptr)
+        file->Refuse(LongKey + sql);
+}
+
 /// Rows of a whole table that may be written to are left to be read when they are asked for.
 std::optional<KeptAnswer> Connection::AnswerFromTable(KeptFile& file, const TableQuestion& question,
                                                       Editing editing, Amount amount) {
@@ -107,6 +119,7 @@ std::shared_ptr<const KeptTable> Connection::KeepTable(KeptFile& file, const std
     const std::string key = (amount == Amount::Few ? "few of " : "table ") + UpperCase(name);
     if (std::cmp_greater(file.Version().Size(), KeptFiles::Limit()) || file.IsRefused(key))
         return nullptr;
+    const Transaction moment(*this, Purpose::Reading); // both shapes are of the same tables
     const auto table = FindTable(name);
     const std::string sql = AllRows + Quoted(table.value_or(name));
     auto editable = table ? ReadToKeep(file, sql, Editing::IfPossible, amount) : std::nullopt;
@@ -115,6 +128,8 @@ std::shared_ptr<const KeptTable> Connection::KeepTable(KeptFile& file, const std
         return nullptr;
     }
     const auto shape = Query(sql, Editing::No, SectionError::UnknownNameInStatement).lease.Shape();
+    if (shape->tablesVersion != editable->shape->tablesVersion)
+        return nullptr;
     if (editable->shape->isWholeTable) { // single rows are not
         auto some = *editable->shape;
         some.isWholeTable = false;
@@ -177,31 +192,39 @@ std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& que
 /// one by now, the engine fails, or the rows are too many.
 std::optional<KeptResult> Connection::ReadToKeep(const KeptFile& file, const std::string& sql,
                                                  Editing editing, Amount amount) {
+    std::optional<KeptResult> result;
     try {
         const Transaction moment(*this, Purpose::Reading);
-        const ReadyQuery query = Query(sql, editing, SectionError::UnknownNameInStatement);
-        auto atRow = FirstRow(query);
-        // Nobody writes to the file from here on.
-        if (!atRow || FileVersion::Find(m_path.c_str()) != file.Version() || !CanBeKept())
-            return std::nullopt;
-        const auto& shape = query.lease.Shape();
-        RowStore rows(shape->Width());
-        for (; *atRow; atRow = NextRow(query)) {
-            const std::size_t before = rows.TextSize();
-            rows.Append(query.lease.Get(), shape->IsEditable());
-            RequireTextsWhole(rows.TextSize() - before);
-            if (rows.Size() > KeptFiles::Limit() ||
-                (amount == Amount::Few && rows.Count() > FewRows))
-                return std::nullopt;
-        }
-        return KeptResult{shape, std::make_shared<const RowStore>(rows.Extract(0, rows.Count()))};
+        WithFirstRow(sql, editing, [&](const ReadyQuery& query, bool atRow) {
+            // Nobody writes to the file from here on.
+            if (FileVersion::Find(m_path.c_str()) != file.Version() || !CanBeKept())
+                return;
+            if (auto rows = ReadAll(query, atRow, amount))
+                result = {query.lease.Shape(), std::move(rows)};
+        });
     } catch (CSectionException* e) {
         const bool isBusy = e->GetErrorNumber() == SectionError::InUse;
         if (isBusy)
             throw;
         e->Delete();
-        return std::nullopt;
+        result.reset();
     }
+    return result;
+}
+
+/// Null where the rows are too many.
+std::shared_ptr<const RowStore> Connection::ReadAll(const ReadyQuery& query, bool atRow,
+                                                    Amount amount) {
+    const auto& shape = query.lease.Shape();
+    RowStore rows(shape->Width());
+    for (; atRow; atRow = NextRow(query)) {
+        const std::size_t before = rows.TextSize();
+        rows.Append(query.lease.Get(), shape->IsEditable());
+        RequireTextsWhole(rows.TextSize() - before);
+        if (rows.Size() > KeptFiles::Limit() || (amount == Amount::Few && rows.Count() > FewRows))
+            return nullptr;
+    }
+    return std::make_shared<const RowStore>(rows.Extract(0, rows.Count()));
 }
 
 /// Whether the versions of the file tell its content, and texts compare as they are compared here.

@@ -217,6 +217,23 @@ std::optional<bool> Connection::FirstRow(const ReadyQuery& query) {
     return CheckStep(code, message, statement, m_path, Activity::Reading);
 }
 
+void Connection::WithFirstRow(const std::string& sql, Editing editing,
+                              const std::function<void(const ReadyQuery&, bool)>& use) {
+    constexpr int Attempts = 2;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        {
+            const ReadyQuery query = Query(sql, editing, SectionError::UnknownNameInStatement);
+            if (const auto atRow = FirstRow(query)) {
+                use(query, *atRow);
+                return;
+            }
+        }
+        ForgetStatements();
+    }
+    Fail(SectionError::InUse,
+         m_path + ": another program keeps changing the tables; open it again.");
+}
+
 bool Connection::NextRow(const ReadyQuery& query) {
     const ScopedFlag readingOnly(m_callersStatement);
     return Step(query.lease.Get(), m_path, Activity::Reading);

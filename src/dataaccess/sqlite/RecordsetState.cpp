@@ -45,11 +45,14 @@ RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql
 void RecordsetState::OpenRows() {
     if (TakeKeptRows(Amount::Few))
         return;
-    WithFirstRow([&](const ReadyQuery& query, bool atRow) {
+    const bool isLong = m_isWholeTable && Engine().IsLong(m_sql);
+    Engine().WithFirstRow(m_sql, m_editing, [&](const ReadyQuery& query, bool atRow) {
         const auto& shape = query.lease.Shape();
         if (atRow && shape->isWholeTable) {
             LeaveRows(shape, std::nullopt);
             m_firstId = sqlite3_column_int64(query.lease.Get(), shape->Width());
+        } else if (atRow && isLong) {
+            LeaveRows(shape, Engine().Stamp());
         } else {
             ReadRows(query, atRow, m_isWholeTable ? Amount::Few : Amount::Any);
         }
@@ -87,29 +90,12 @@ void RecordsetState::LeaveRows(std::shared_ptr<const QueryShape> shape,
     m_counted.reset();
 }
 
-/// Runs the statement up to its first row, made ready anew where the tables have changed.
-template <class Use>
-void RecordsetState::WithFirstRow(Use use) {
-    constexpr int Attempts = 2;
-    for (int attempt = 0; attempt < Attempts; ++attempt) {
-        {
-            const ReadyQuery query =
-                Engine().Query(m_sql, m_editing, SectionError::UnknownNameInStatement);
-            if (const auto atRow = Engine().FirstRow(query)) {
-                use(query, *atRow);
-                return;
-            }
-        }
-        Engine().ForgetStatements();
-    }
-    Fail(SectionError::InUse,
-         Engine().Path() + ": another program keeps changing the tables; open it again.");
-}
-
 void RecordsetState::ReadRows() {
     if (TakeKeptRows(Amount::Any))
         return;
-    WithFirstRow([&](const ReadyQuery& query, bool atRow) { ReadRows(query, atRow, Amount::Any); });
+    Engine().WithFirstRow(m_sql, m_editing, [&](const ReadyQuery& query, bool atRow) {
+        ReadRows(query, atRow, Amount::Any);
+    });
 }
 
 void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow, Amount amount) {
@@ -121,6 +107,7 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow, Amount amount
     for (; atRow; atRow = Engine().NextRow(query)) {
         if (amount == Amount::Few && rows.Count() == FewRows) {
             LeaveRows(shape, stamp);
+            Engine().NoteLong(m_sql);
             return;
         }
         const std::size_t before = rows.TextSize();
@@ -130,12 +117,16 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow, Amount amount
     TakeRows(shape, RowsInUse(std::move(rows)), stamp);
 }
 
-/// Reads the rows where that was left for later. The position stays, but for the row that was the
-/// first: it is current still, wherever it is.
+/// Reads the rows where that was left for later. Of those that may be written to the row that was
+/// the first is current still, wherever it is; of others the first or the last is.
 void RecordsetState::ReadRowsLeft() {
-    const auto first = m_position == 0 ? m_firstId : std::nullopt;
+    const auto first = m_firstId;
+    const bool isAtFirst = m_position == 0;
     ReadRows();
-    Visit(first ? std::max(m_rows.FindId(*first), 0) : m_position);
+    if (first)
+        Visit(std::max(m_rows.FindId(*first), 0));
+    else
+        Visit(isAtFirst ? 0 : m_rows.Count() - 1);
 }
 
 int RecordsetState::CountRowsLeft() {
@@ -190,18 +181,21 @@ bool RecordsetState::IsEof() { return !IsAtRow() && !m_onGap && (m_position >= 0
 int RecordsetState::Visited() { return m_visited - (m_onGap ? 1 : 0); }
 
 void RecordsetState::MoveToFirst() {
+    RequireRowsToEdit();
     LeaveRow();
     Visit(0);
     RequireRow();
 }
 
 void RecordsetState::MoveToLast() {
+    RequireRowsToEdit();
     LeaveRow();
     Visit(Count() - 1);
     RequireRow();
 }
 
 void RecordsetState::MoveBy(int step) {
+    RequireRows();
     if (!m_onGap && (step > 0 ? IsEof() : IsBof()))
         Fail(SectionError::NoCurrentRecord, "There is no record beyond the end; move back first.");
     // Behind a gap the next row takes the place of the deleted one.
@@ -211,8 +205,13 @@ void RecordsetState::MoveBy(int step) {
 }
 
 void RecordsetState::MoveTo(int position) {
+    if (position == 0) { // which needs no rows
+        MoveToFirst();
+        return;
+    }
+    RequireRows();
     LeaveRow();
-    if (position < 0 || position >= Count())
+    if (position < 0 || position >= m_rows.Count())
         Fail(SectionError::NoCurrentRecord,
              "There is no record number " + std::to_string(position) + "; move to another.");
     Visit(position);

@@ -61,8 +61,6 @@ private:
     Connection& Engine() const { return m_session->Get(); }
     const std::string& Table() const { return m_shape->editableTable; }
 
-    template <class Use>
-    void WithFirstRow(Use use);
     void OpenRows();
     bool TakeKeptRows(Amount amount);
     void TakeRows(std::shared_ptr<const QueryShape> shape, RowsInUse rows,
@@ -77,6 +75,10 @@ private:
     // Asked for every value: short enough to be part of their callers.
     void RequireRows() {
         if (!m_isRead)
+            ReadRowsLeft();
+    }
+    void RequireRowsToEdit() {
+        if (m_firstId)
             ReadRowsLeft();
     }
     int Count() { return m_isRead ? m_rows.Count() : CountRowsLeft(); }
