@@ -4,27 +4,19 @@
 #include "EngineCalls.h"
 
 namespace sectionbench {
-namespace {
-
-std::vector<std::string> ReadStatements(const std::string& path, const std::string& key) {
-    std::vector<std::string> statements;
-    const EngineDatabase database(path, key.c_str());
-    const EngineStatement names(database, "Select [VessaName] From [W Shape]");
-    while (sqlite3_step(names.Get()) == SQLITE_ROW)
-        statements.push_back(
-            StatementByName(reinterpret_cast<const char*>(sqlite3_column_text(names.Get(), 0))));
-    return statements;
-}
-
-} // namespace
-
 Catalogues::Catalogues() {
     const std::string sources = SECTIONDB_DATA_DIR "/AISCSections";
     RunProgram({SECTIONDB_PROGRAM, "build", sources, "--output", m_folder.File("plain")});
     RunProgram({SECTIONDB_PROGRAM, "build", sources, "--output", ProtectedFolder(), "--password",
                 Password});
     m_keyStatement = DeriveKeyStatement(Protected(), Password);
-    m_statementsByName = ReadStatements(Protected(), m_keyStatement);
+    const EngineDatabase database(Plain(), nullptr);
+    const EngineStatement rows(database, "Select [VessaName], [AX] From [W Shape]");
+    while (sqlite3_step(rows.Get()) == SQLITE_ROW) {
+        m_names.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(rows.Get(), 0)));
+        m_areas.push_back(sqlite3_column_double(rows.Get(), 1));
+        m_statementsByName.push_back(StatementByName(m_names.back()));
+    }
 }
 
 std::string StatementByName(const std::string& name) {

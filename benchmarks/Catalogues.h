@@ -20,12 +20,15 @@ public:
 
     std::string ProtectedFolder() const { return m_folder.File("protected"); }
     std::string Protected() const { return ProtectedFolder() + "/" + FileName; }
-    std::string Plain() const { return m_folder.File("plain") + "/" + FileName; }
+    std::string PlainFolder() const { return m_folder.File("plain"); }
+    std::string Plain() const { return PlainFolder() + "/" + FileName; }
 
     /// The statement that keys a connection to the protected file with its derived key.
     const std::string& KeyStatement() const { return m_keyStatement; }
 
-    /// The statement that finds a W shape by its name, for each of them.
+    /// The W shapes: their names, areas, and the statements that find them by name.
+    const std::vector<std::string>& Names() const { return m_names; }
+    const std::vector<double>& Areas() const { return m_areas; }
     const std::vector<std::string>& StatementsByName() const { return m_statementsByName; }
 
     const EveryCatalogue& Every() const { return m_every; }
@@ -34,6 +37,8 @@ private:
     testsupport::TempFolder m_folder;
     EveryCatalogue m_every{Password};
     std::string m_keyStatement;
+    std::vector<std::string> m_names;
+    std::vector<double> m_areas;
     std::vector<std::string> m_statementsByName;
 };
 

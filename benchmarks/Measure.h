@@ -2,8 +2,11 @@
 #pragma once
 
 #include "Catalogues.h"
+#include "LongTable.h"
 
 #include <functional>
+#include <stdexcept>
+#include <string>
 #include <vector>
 
 namespace sectionbench {
@@ -15,25 +18,43 @@ using Action = std::function<void()>;
 struct Limits {
     double ratio = 0;        ///< of our time to the engine's
     double microseconds = 0; ///< of our median time
+    double beyond = 0;       ///< microseconds of ours beyond the other side's
 };
 
 struct Measure {
     const char* name;
-    /// Make ready what is measured; what they hold lives as long as the action. `engine` does the
-    /// same with plain calls of the engine, where there is such a thing.
+    /// Make ready what is measured; what they hold lives as long as the action. `peer` does the
+    /// same in another way, where there is one: with plain calls of the engine, which keep their
+    /// statements ready and read the same columns, or what else the name tells.
     Action (*ours)(const Catalogues&);
-    Action (*engine)(const Catalogues&) = nullptr;
+    Action (*peer)(const Catalogues&) = nullptr;
     Limits limits;
 };
 
+/// The same of a table that grows.
+struct GrowthMeasure {
+    const char* name;
+    Action (*ours)(const LongTable&);
+    Action (*peer)(const LongTable&);
+    Limits limits;
+};
+
+std::vector<GrowthMeasure> GrowthMeasures();
 std::vector<Measure> DataAccessMeasures();
 std::vector<Measure> LibraryMeasures();
 std::vector<Measure> FacadeMeasures();
 std::vector<Measure> EngineMeasures();
+std::vector<Measure> ValueMeasures();
 std::vector<Measure> ProgramMeasures();
 
 /// Most memory that the program holds while it shows a section.
 double ShowPeakMebibytes(const Catalogues& catalogues);
+
+/// Throws where a measure did not come to what it is to come to.
+inline void Require(bool success, const char* what) {
+    if (!success)
+        throw std::runtime_error(std::string("a measure failed to ") + what);
+}
 
 /// Makes the compiler compute a value that nothing uses.
 template <class T>

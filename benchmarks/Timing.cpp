@@ -38,39 +38,44 @@ double Median(std::vector<double> values) {
     return *middle;
 }
 
-/// Calls `measure` for a second, but often enough for a median.
+/// Calls `measure` for a second, but often enough for a median; a few times where that takes long.
 template <class Measure>
 void Repeat(Measure measure) {
     constexpr int Fewest = 21;
+    constexpr int FewestOfLong = 3;
     constexpr std::chrono::seconds Duration(1);
-    const auto end = std::chrono::steady_clock::now() + Duration;
-    for (int i = 0; i < Fewest || std::chrono::steady_clock::now() < end; ++i)
+    constexpr std::chrono::seconds Long(10);
+    const auto start = std::chrono::steady_clock::now();
+    const auto isOver = [start](std::chrono::seconds duration) {
+        return std::chrono::steady_clock::now() - start > duration;
+    };
+    for (int i = 0; i < FewestOfLong || !isOver(i < Fewest ? Long : Duration); ++i)
         measure();
 }
 
 } // namespace
 
-Times Compare(const Action& ours, const Action& engine) {
+Times Compare(const Action& ours, const Action& peer) {
     std::vector<double> ourTimes;
     const Batch ourBatch(ours);
-    if (!engine) {
+    if (!peer) {
         Repeat([&] { ourTimes.push_back(ourBatch.MicrosecondsPerCall()); });
         return {.ours = Median(std::move(ourTimes))};
     }
-    std::vector<double> engineTimes;
+    std::vector<double> peerTimes;
     std::vector<double> ratios;
-    const Batch engineBatch(engine);
+    const Batch peerBatch(peer);
     bool oursFirst = true; // by turns, lest a rhythm of the machine prefer one side
     Repeat([&] {
         if (oursFirst)
             ourTimes.push_back(ourBatch.MicrosecondsPerCall());
-        engineTimes.push_back(engineBatch.MicrosecondsPerCall());
+        peerTimes.push_back(peerBatch.MicrosecondsPerCall());
         if (!oursFirst)
             ourTimes.push_back(ourBatch.MicrosecondsPerCall());
         oursFirst = !oursFirst;
-        ratios.push_back(ourTimes.back() / engineTimes.back());
+        ratios.push_back(ourTimes.back() / peerTimes.back());
     });
-    return {Median(std::move(ourTimes)), Median(std::move(engineTimes)), Median(std::move(ratios))};
+    return {Median(std::move(ourTimes)), Median(std::move(peerTimes)), Median(std::move(ratios))};
 }
 
 } // namespace sectionbench

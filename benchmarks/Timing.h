@@ -10,11 +10,11 @@ namespace sectionbench {
 
 struct Times {
     double ours = 0; ///< medians, in microseconds a call
-    double engine = 0;
-    double ratio = 0; ///< median of ours to the engine's
+    double peer = 0;
+    double ratio = 0; ///< median of ours to the other's
 };
 
-/// `engine` may be empty; its time and the ratio are then 0.
-Times Compare(const Action& ours, const Action& engine);
+/// `peer` may be empty; its time and the ratio are then 0.
+Times Compare(const Action& ours, const Action& peer);
 
 } // namespace sectionbench

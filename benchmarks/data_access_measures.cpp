@@ -14,11 +14,6 @@ constexpr int FirstValue = 3; // behind the record identifier and the two names
 constexpr int Columns = 14;
 constexpr const char* AllRows = "Select * From [W Shape]";
 
-void Require(bool success, const char* what) {
-    if (!success)
-        throw std::runtime_error(std::string("a measure failed to ") + what);
-}
-
 // Our side.
 
 void Open(DatabaseHandle& database, const std::string& path) {
@@ -111,7 +106,7 @@ Action CountRows(const Catalogues& catalogues) {
     const auto database = OpenOurs(catalogues);
     auto rows = std::make_shared<RecordsetHandle>();
     Query(*database, *rows, AllRows);
-    const auto expected = static_cast<int>(catalogues.StatementsByName().size());
+    const auto expected = static_cast<int>(catalogues.Names().size());
     return [database, rows, expected] {
         Require(getRecordCount(rows->Address()) == expected, "count the rows");
     };
@@ -152,8 +147,8 @@ std::vector<Measure> DataAccessMeasures() {
          [](Files files) { return ReadInTurn(OpenEngine(files), files.StatementsByName()); },
          {.ratio = 1.5}},
         {"read every value of all W shapes",
-         [](Files files) { return WalkRows(OpenOurs(files), files.StatementsByName().size()); },
-         [](Files files) { return WalkRows(OpenEngine(files), files.StatementsByName().size()); },
+         [](Files files) { return WalkRows(OpenOurs(files), files.Names().size()); },
+         [](Files files) { return WalkRows(OpenEngine(files), files.Names().size()); },
          {.ratio = 2.0}},
         {"count the rows of an open recordset", CountRows, nullptr, {}},
     };

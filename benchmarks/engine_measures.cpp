@@ -1,146 +1,211 @@
 // The analysis engine's entry points.
 #include "EngineCalls.h"
+#include "EngineWork.h"
 #include "Measure.h"
 
-#include "engine/SectionEngine.h"
-#include "interface/SectionDBInterface.h"
-#include "units/UnitId.h"
-
+#include <algorithm>
 #include <array>
-#include <cstring>
 #include <memory>
-#include <stdexcept>
-#include <string>
+#include <sys/stat.h>
 
 namespace sectionbench {
 namespace {
 
-constexpr std::int32_t American = AmericanIndex;
-constexpr std::int32_t WShape = 1;
-constexpr std::int32_t Millimetre = dbsection::UnitId::Millimetre;
-constexpr int NameColumn = 2;
-constexpr int FirstValue = 3;
-constexpr int ValueCount = 11;
-constexpr double Inch = 25.4;
-constexpr const char* Name = "W12X26";
-constexpr float AreaInMillimetres = 4935.474F;
+constexpr std::int32_t AsStored = 0; // no unit
 
-using Values = std::array<float, 17>;
+/// The names of all W shapes in turn.
+class NamesInTurn {
+public:
+    explicit NamesInTurn(const Catalogues& catalogues) : m_names(catalogues.Names()) {}
 
-void Require(bool success, const char* what) {
-    if (!success)
-        throw std::runtime_error(std::string("a measure failed to ") + what);
-}
+    const std::string& Next() { return m_names[m_next++ % m_names.size()]; }
+
+private:
+    const std::vector<std::string>& m_names;
+    std::size_t m_next = 0;
+};
+
+/// Bounds of the area between which 14 W shapes lie, others each time.
+class RangesInTurn {
+public:
+    explicit RangesInTurn(const Catalogues& catalogues) {
+        constexpr std::size_t Rows = 14;
+        std::vector<double> areas = catalogues.Areas();
+        std::ranges::sort(areas);
+        const auto isGap = [&](std::size_t i) { return areas[i] - areas[i - 1] > 0.01; };
+        for (std::size_t i = 1; i + Rows < areas.size(); ++i)
+            if (isGap(i) && isGap(i + Rows))
+                m_ranges.push_back(
+                    {static_cast<float>((areas[i - 1] + areas[i]) / 2),
+                     static_cast<float>((areas[i + Rows - 1] + areas[i + Rows]) / 2)});
+        Require(!m_ranges.empty(), "find ranges");
+    }
+
+    struct Range {
+        float lower;
+        float upper;
+    };
+    Range Next() { return m_ranges[m_next++ % m_ranges.size()]; }
+
+private:
+    std::vector<Range> m_ranges;
+    std::size_t m_next = 0;
+};
 
 // Our side.
 
-void OpenEngine(const Catalogues& catalogues) {
-    SectionDBInterface::ExitSectionDBInterface();
-    SectionDBInterface::SetProfileDBFolder(catalogues.ProtectedFolder().c_str());
-    SectionDBInterface::SetSectionDBPassword(Catalogues::Password);
-    std::int32_t err = 0;
-    OPENSECTIONDATABASE(&American, &err);
+template <bool IsProtected>
+void Open(const Catalogues& catalogues) {
+    OpenEngine(IsProtected ? catalogues.ProtectedFolder() : catalogues.PlainFolder(),
+               IsProtected ? Catalogues::Password : "");
 }
 
-Action GetSection(const Catalogues& catalogues) {
-    OpenEngine(catalogues);
-    return [] {
-        Values values{};
-        std::int32_t count = 0;
-        std::int32_t valueCount = 0;
-        std::int32_t err = 0;
-        GETSECTION(&American, &WShape, Name, static_cast<std::int32_t>(std::strlen(Name)),
-                   &Millimetre, values.data(), &count, &valueCount, &err);
-        Require(count == 1 && std::abs(values[0] - AreaInMillimetres) < 1, "get a section");
+template <bool IsProtected>
+Action LookUp(const Catalogues& catalogues) {
+    Open<IsProtected>(catalogues);
+    return [names = NamesInTurn(catalogues)]() mutable { GetSection(names.Next()); };
+}
+
+template <bool IsProtected>
+Action ListSorted(const Catalogues& catalogues) {
+    Open<IsProtected>(catalogues);
+    return [expected = catalogues.Names().size()] {
+        Require(WalkSorted() == expected, "walk all sections");
     };
 }
 
-Action WalkSorted(const Catalogues& catalogues) {
-    OpenEngine(catalogues);
-    const std::size_t expected = catalogues.StatementsByName().size();
-    return [expected] {
-        constexpr std::array<std::int32_t, 4> byArea{FirstValue, -1, 0, 0};
-        constexpr std::int32_t keyCount = 2;
-        constexpr std::int32_t slot = 1;
-        std::array<char, 32> name{};
-        Values values{};
+template <bool IsProtected>
+Action WalkRange(const Catalogues& catalogues) {
+    Open<IsProtected>(catalogues);
+    return [ranges = RangesInTurn(catalogues)]() mutable {
+        auto [lower, upper] = ranges.Next();
         std::int32_t count = 0;
         std::int32_t valueCount = 0;
         std::int32_t err = 0;
-        std::int32_t status = 0;
-        GETSORTEDSECTIONS(&American, &WShape, byArea.data(), &keyCount, &Millimetre, &count,
-                          &valueCount, &err);
-        std::size_t rows = 0;
-        for (GETFIRSTSECTION(&slot, name.data(), 32, values.data(), &status, &err); status != 0;
-             GETNEXTSECTION(&slot, name.data(), 32, values.data(), &status, &err))
-            ++rows;
-        Require(rows == expected, "walk all sections");
+        GETRANGESORTEDSECTIONS(&American, &WShape, ByArea.data(), &KeyCount, &FirstValue, &upper,
+                               &lower, &AsStored, &count, &valueCount, &err);
+        Require(Walk(3) == 14, "walk a range");
+    };
+}
+
+template <bool IsProtected>
+Action Count(const Catalogues& catalogues) {
+    Open<IsProtected>(catalogues);
+    return [expected = static_cast<std::int32_t>(catalogues.Names().size())] {
+        std::int32_t count = 0;
+        std::int32_t err = 0;
+        GETSECTIONCOUNT(&American, &WShape, &count, &err);
+        Require(count == expected, "count the sections");
+    };
+}
+
+template <bool IsProtected>
+Action CountFields(const Catalogues& catalogues) {
+    Open<IsProtected>(catalogues);
+    return [] {
+        std::int32_t count = 0;
+        std::int32_t err = 0;
+        GETFIELDCOUNT(&American, &WShape, &count, &err);
+        Require(count == ValueCount, "count the fields");
     };
 }
 
 // The engine's side.
 
+template <bool IsProtected>
 std::shared_ptr<EngineDatabase> OpenRaw(const Catalogues& catalogues) {
-    return std::make_shared<EngineDatabase>(catalogues.Protected(),
-                                            catalogues.KeyStatement().c_str());
+    return IsProtected ? std::make_shared<EngineDatabase>(catalogues.Protected(),
+                                                          catalogues.KeyStatement().c_str())
+                       : std::make_shared<EngineDatabase>(catalogues.Plain(), nullptr);
 }
 
-void ReadValues(sqlite3_stmt* row, Values& values) {
-    for (int i = 0; i < ValueCount; ++i)
-        values[static_cast<std::size_t>(i)] =
-            static_cast<float>(sqlite3_column_double(row, FirstValue + i) * Inch);
-    Keep(values);
-}
+/// A statement kept ready.
+template <bool IsProtected>
+class Ready {
+public:
+    Ready(const Catalogues& catalogues, const char* sql)
+        : m_database(OpenRaw<IsProtected>(catalogues)),
+          m_statement(std::make_shared<EngineStatement>(*m_database, sql)) {}
 
-/// A statement that is prepared once, bound to the name and served by the index.
+    const EngineDatabase& Database() const { return *m_database; }
+    sqlite3_stmt* Get() const { return m_statement->Get(); }
+
+private:
+    std::shared_ptr<EngineDatabase> m_database;
+    std::shared_ptr<EngineStatement> m_statement;
+};
+
+/// Served by the index. One that holds a reading transaction need not lock the file each time.
+template <bool IsProtected, bool HoldsFile = false>
 Action SearchBound(const Catalogues& catalogues) {
-    auto database = OpenRaw(catalogues);
-    auto search = std::make_shared<EngineStatement>(
-        *database, "SELECT * FROM [W Shape] WHERE UPPER([VessaName]) = UPPER(?)");
-    return [database, search] {
-        Values values{};
-        sqlite3_stmt* row = search->Get();
-        sqlite3_bind_text(row, 1, Name, -1, SQLITE_STATIC);
-        Require(sqlite3_step(row) == SQLITE_ROW, "find a section");
-        ReadValues(row, values);
-        sqlite3_reset(row);
+    const Ready<IsProtected> search(catalogues, SearchByName);
+    if (HoldsFile)
+        search.Database().Execute("BEGIN; SELECT count(*) FROM sqlite_master");
+    return [search, names = NamesInTurn(catalogues)]() mutable {
+        GetSectionRaw(search.Get(), names.Next());
     };
 }
 
 /// What a plain client does: it selects the table and compares the names itself, up to the end,
 /// since a second section of the name would count.
-Action PrepareAndScan(const Catalogues& catalogues) {
-    return [database = OpenRaw(catalogues)] {
+Action Scan(const Catalogues& catalogues) {
+    const Ready<true> rows(catalogues, "SELECT * FROM [W Shape]");
+    return [rows, names = NamesInTurn(catalogues)]() mutable {
         Values values{};
-        const EngineStatement rows(*database, "SELECT * FROM [W Shape]");
+        const std::string& wanted = names.Next();
         int count = 0;
         while (sqlite3_step(rows.Get()) == SQLITE_ROW) {
             const auto* name =
                 reinterpret_cast<const char*>(sqlite3_column_text(rows.Get(), NameColumn));
-            if (sqlite3_stricmp(name, Name) != 0)
+            if (sqlite3_stricmp(name, wanted.c_str()) != 0)
                 continue;
             ReadValues(rows.Get(), values);
             ++count;
         }
+        sqlite3_reset(rows.Get());
         Require(count == 1, "find a section");
     };
 }
 
-Action WalkSortedRaw(const Catalogues& catalogues) {
-    const std::size_t expected = catalogues.StatementsByName().size();
-    return [database = OpenRaw(catalogues), expected] {
-        const EngineStatement rows(*database, "SELECT * FROM [W Shape] ORDER BY [AX] ASC");
-        Values values{};
-        std::array<char, 32> name{};
-        std::size_t count = 0;
-        for (; sqlite3_step(rows.Get()) == SQLITE_ROW; ++count) {
-            std::strncpy(name.data(),
-                         reinterpret_cast<const char*>(sqlite3_column_text(rows.Get(), NameColumn)),
-                         name.size() - 1);
-            Keep(name);
-            ReadValues(rows.Get(), values);
+/// A look at each of the files that a section depends on.
+Action LookThrice(const Catalogues& catalogues) {
+    const std::string folder = catalogues.PlainFolder();
+    return [paths = std::array{folder + "/Custom.Ini", catalogues.Plain(), folder + "/index.dbi"}] {
+        for (const std::string& path : paths) {
+            struct stat status {};
+            Keep(::stat(path.c_str(), &status));
         }
-        Require(count == expected, "walk all sections");
+    };
+}
+
+template <bool IsProtected>
+Action WalkSortedRaw(const Catalogues& catalogues) {
+    const Ready<IsProtected> rows(catalogues, SortedByArea);
+    return [rows, expected = catalogues.Names().size()] {
+        Require(WalkRaw(rows.Get()) == expected, "walk all sections");
+    };
+}
+
+template <bool IsProtected>
+Action WalkRangeRaw(const Catalogues& catalogues) {
+    const Ready<IsProtected> rows(
+        catalogues, "SELECT * FROM [W Shape] WHERE [AX] >= ? AND [AX] <= ? ORDER BY [AX] ASC");
+    return [rows, ranges = RangesInTurn(catalogues)]() mutable {
+        const auto [lower, upper] = ranges.Next();
+        sqlite3_bind_double(rows.Get(), 1, static_cast<double>(lower));
+        sqlite3_bind_double(rows.Get(), 2, static_cast<double>(upper));
+        Require(WalkRaw(rows.Get()) == 14, "walk a range");
+    };
+}
+
+template <bool IsProtected>
+Action CountRaw(const Catalogues& catalogues) {
+    const Ready<IsProtected> rows(catalogues, "SELECT count(*) FROM [W Shape]");
+    return [rows, expected = static_cast<int>(catalogues.Names().size())] {
+        Require(sqlite3_step(rows.Get()) == SQLITE_ROW &&
+                    sqlite3_column_int(rows.Get(), 0) == expected,
+                "count the sections");
+        sqlite3_reset(rows.Get());
     };
 }
 
@@ -148,9 +213,27 @@ Action WalkSortedRaw(const Catalogues& catalogues) {
 
 std::vector<Measure> EngineMeasures() {
     return {
-        {"GETSECTION; a bound, indexed search", GetSection, SearchBound, {.ratio = 3.0}},
-        {"GETSECTION; preparing and scanning", GetSection, PrepareAndScan, {.ratio = 0.2}},
-        {"sorted list and walk of all W shapes", WalkSorted, WalkSortedRaw, {.ratio = 1.5}},
+        {"GETSECTION, plain; beyond three looks", LookUp<false>, LookThrice, {.beyond = 1}},
+        {"GETSECTION, plain; a bound, indexed search",
+         LookUp<false>,
+         SearchBound<false>,
+         {.ratio = 0.9}},
+        {"GETSECTION; a bound, indexed search", LookUp<true>, SearchBound<true>, {.ratio = 0.9}},
+        {"GETSECTION, plain; the file held", LookUp<false>, SearchBound<false, true>, {}},
+        {"GETSECTION; scanning the table", LookUp<true>, Scan, {.ratio = 0.2}},
+        {"sorted list and walk, plain", ListSorted<false>, WalkSortedRaw<false>, {.ratio = 0.5}},
+        {"sorted list and walk of all W shapes",
+         ListSorted<true>,
+         WalkSortedRaw<true>,
+         {.ratio = 0.5}},
+        {"ranged list of 14 and walk, plain",
+         WalkRange<false>,
+         WalkRangeRaw<false>,
+         {.ratio = 1.5}},
+        {"ranged list of 14 and walk", WalkRange<true>, WalkRangeRaw<true>, {.ratio = 1.5}},
+        {"count the W shapes, plain", Count<false>, CountRaw<false>, {.ratio = 0.5}},
+        {"count the W shapes", Count<true>, CountRaw<true>, {.ratio = 0.5}},
+        {"count the fields; counting the rows", CountFields<true>, CountRaw<true>, {.ratio = 0.5}},
     };
 }
 

@@ -1,5 +1,6 @@
 // The façade over all catalogues.
 #include "EngineCalls.h"
+#include "EngineWork.h"
 #include "EveryCatalogue.h"
 #include "Measure.h"
 
@@ -17,14 +18,7 @@ namespace {
 
 using Facade = SectionDBInterface;
 
-constexpr int American = AmericanIndex;
-constexpr int WShape = 1;
 constexpr const char* NoName = "Nowhere";
-
-void Require(bool success, const char* what) {
-    if (!success)
-        throw std::runtime_error(std::string("a measure failed to ") + what);
-}
 
 std::size_t CatalogueWith(const char* name, const Catalogues& catalogues) {
     return name == EveryCatalogue::LastName ? catalogues.Every().Files().size() : 0;
@@ -64,61 +58,35 @@ Action MakeTableIndex(const Catalogues& catalogues) {
 
 Action ListNames(const Catalogues& catalogues) {
     UseFolder(catalogues.ProtectedFolder());
-    const std::size_t expected = catalogues.StatementsByName().size();
+    const std::size_t expected = catalogues.Names().size();
     return [expected] {
         const std::unique_ptr<CStringList> names(Facade::GetSectionNameList(American, WShape, 0));
         Require(names && static_cast<std::size_t>(names->GetCount()) == expected, "list names");
     };
 }
 
-constexpr int Additions = 200;
-constexpr int FirstNewId = 20000;
-const std::vector<double> NewValues{7.65, 12.2, 6.49, 0.38, 0.23, 204, 0.3, 607, 17.3, 37.2, 8.17};
-
-/// Adds sections in one transaction, which is then undone: the file stays what it was.
-Action AddSections(const Catalogues& catalogues) {
+Action Add(const Catalogues& catalogues) {
     UseFolder(catalogues.ProtectedFolder());
-    return [] {
-        Require(Facade::BeginTransaction(American) == 1, "begin a transaction");
-        SectionDBBase* catalogue = Facade::m_SectionDBDrv.GetSectionDBObject(American);
-        catalogue->SetDatabase(Facade::GetDatabasePtr(American));
-        catalogue->SetWorkingTable("W Shape");
-        SECTIONINFO section;
-        section.Values = NewValues;
-        for (int i = 0; i < Additions; ++i) {
-            section.PublicName = section.VessaName = ("New " + std::to_string(i)).c_str();
-            Require(catalogue->AddSectionData(static_cast<WORD>(FirstNewId + i), &section) == 1,
-                    "add a section");
-        }
-        Require(Facade::RollbackTransaction() == 1, "undo the additions");
-    };
+    return [] { AddSections(); };
+}
+
+Action Delete(const Catalogues& catalogues) {
+    UseFolder(catalogues.ProtectedFolder());
+    return [&names = catalogues.Names()] { DeleteSections(names); };
 }
 
 // The engine's side.
 
-Action AddSectionsRaw(const Catalogues& catalogues) {
+Action AddRaw(const Catalogues& catalogues) {
     auto database =
         std::make_shared<EngineDatabase>(catalogues.Protected(), catalogues.KeyStatement().c_str());
-    return [database] {
-        database->Execute("BEGIN IMMEDIATE");
-        {
-            const EngineStatement insert(
-                *database,
-                "INSERT INTO [W Shape] VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
-            for (int i = 0; i < Additions; ++i) {
-                const std::string name = "New " + std::to_string(i);
-                sqlite3_bind_int(insert.Get(), 1, FirstNewId + i);
-                for (const int column : {2, 3})
-                    sqlite3_bind_text(insert.Get(), column, name.c_str(), -1, SQLITE_STATIC);
-                int column = 3;
-                for (const double value : NewValues)
-                    sqlite3_bind_double(insert.Get(), ++column, value);
-                Require(sqlite3_step(insert.Get()) == SQLITE_DONE, "add a section");
-                sqlite3_reset(insert.Get());
-            }
-        }
-        database->Execute("ROLLBACK");
-    };
+    return [database] { AddSectionsRaw(*database); };
+}
+
+Action DeleteRaw(const Catalogues& catalogues) {
+    auto database =
+        std::make_shared<EngineDatabase>(catalogues.Protected(), catalogues.KeyStatement().c_str());
+    return [database, &names = catalogues.Names()] { DeleteSectionsRaw(*database, names); };
 }
 
 class OpenCatalogues {
@@ -176,7 +144,7 @@ Action OpenFiftyTimes(const Catalogues& catalogues) {
 }
 
 Action ListNamesRaw(const Catalogues& catalogues) {
-    const std::size_t expected = catalogues.StatementsByName().size();
+    const std::size_t expected = catalogues.Names().size();
     auto database =
         std::make_shared<EngineDatabase>(catalogues.Protected(), catalogues.KeyStatement().c_str());
     return [database, expected] {
@@ -206,7 +174,8 @@ std::vector<Measure> FacadeMeasures() {
          OpenFiftyTimes,
          {.ratio = 1.0}},
         {"list the names of all W shapes", ListNames, ListNamesRaw, {.ratio = 2.0}},
-        {"add 200 W shapes in one transaction", AddSections, AddSectionsRaw, {}},
+        {"add 200 W shapes in one transaction", Add, AddRaw, {.ratio = 3}},
+        {"delete 200 W shapes in one transaction", Delete, DeleteRaw, {.ratio = 2}},
     };
 }
 

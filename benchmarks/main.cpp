@@ -2,50 +2,28 @@
 //
 //     sectiondb_bench              everything
 //     sectiondb_bench walk GET     what has "walk" or "GET" in its name
+//     sectiondb_bench --report F   everything; a table (Markdown) and a plot (SVG) go to folder F
+#include "Report.h"
 #include "Timing.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
+#include <fstream>
 #include <span>
 #include <string_view>
+#include <utility>
 
 namespace {
 
 using namespace sectionbench;
 
-std::string Number(double value, const char* unit) {
-    std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.*f%s", value < 100 ? 2 : 0, value, unit);
-    return text.data();
-}
-
-/// One line of the table; texts are empty where there is nothing to say.
-struct Line {
-    std::string name;
-    std::string ours;
-    std::string engine{};
-    std::string ratio{};
-    std::string limit{};
-    bool isBroken = false;
-};
-
-void Print(const Line& line) {
-    std::printf("%-42s %11s %11s %7s %10s%s\n", line.name.c_str(), line.ours.c_str(),
-                line.engine.c_str(), line.ratio.c_str(), line.limit.c_str(),
-                line.isBroken ? "  BROKEN" : "");
-    std::fflush(stdout);
-}
-
-Line Run(const Measure& measure, const Catalogues& catalogues) {
-    const Times times = Compare(measure.ours(catalogues),
-                                measure.engine == nullptr ? nullptr : measure.engine(catalogues));
-    const Limits& limits = measure.limits;
-    Line line{.name = measure.name, .ours = Number(times.ours, " us")};
-    if (measure.engine != nullptr) {
-        line.engine = Number(times.engine, " us");
+Line Judge(std::string name, const Times& times, const Limits& limits) {
+    Line line{.name = std::move(name), .ours = Number(times.ours, " us")};
+    if (times.peer > 0) {
+        line.peer = Number(times.peer, " us");
         line.ratio = Number(times.ratio, "");
     }
     if (limits.ratio > 0) {
@@ -54,6 +32,9 @@ Line Run(const Measure& measure, const Catalogues& catalogues) {
     } else if (limits.microseconds > 0) {
         line.limit = Number(limits.microseconds, " us");
         line.isBroken = !(times.ours <= limits.microseconds);
+    } else if (limits.beyond > 0) {
+        line.limit = "+ " + Number(limits.beyond, " us");
+        line.isBroken = !(times.ours - times.peer <= limits.beyond);
     }
     return line;
 }
@@ -69,27 +50,82 @@ Line PeakMemory(const Catalogues& catalogues) {
             .isBroken = !(peak <= Most)};
 }
 
-bool RunAll(std::span<char* const> parts) {
-    const auto isWanted = [parts](std::string_view name) {
-        return parts.empty() || std::ranges::any_of(parts, [name](const char* part) {
-                   return name.find(part) != name.npos;
+/// The measures of a run whose names have one of the parts, or all.
+class Run {
+public:
+    explicit Run(std::span<char* const> parts) : m_parts(parts) {
+        Print({"median of", "ours", "peer", "ratio", "at most"});
+    }
+
+    void MeasureAll() {
+        if (IsWanted(PeakMemoryName))
+            Take(PeakMemory(m_catalogues)); // first: see RunProgram
+        for (const auto& measures : {DataAccessMeasures(), LibraryMeasures(), FacadeMeasures(),
+                                     EngineMeasures(), ValueMeasures(), ProgramMeasures()})
+            for (const Measure& measure : measures)
+                if (IsWanted(measure.name))
+                    Take(Judge(
+                        measure.name,
+                        Compare(measure.ours(m_catalogues),
+                                measure.peer == nullptr ? nullptr : measure.peer(m_catalogues)),
+                        measure.limits));
+    }
+
+    void MeasureGrowth() {
+        std::vector<GrowthMeasure> wanted = GrowthMeasures();
+        std::erase_if(wanted, [&](const GrowthMeasure& work) { return !IsWanted(work.name); });
+        for (const GrowthMeasure& work : wanted)
+            m_curves.push_back({work.name});
+        if (wanted.empty())
+            return;
+        for (const int rows : {100, 1'000, 10'000, 100'000, 1'000'000}) {
+            const LongTable table(m_catalogues, rows);
+            for (std::size_t i = 0; i < wanted.size(); ++i) {
+                const auto& [name, ours, peer, limits] = wanted[i];
+                const Times times = Compare(ours(table), peer(table));
+                m_curves[i].ours.emplace_back(rows, times.ours);
+                m_curves[i].peer.emplace_back(rows, times.peer);
+                Take(Judge(std::string(name) + ", " + std::to_string(rows) + " rows", times,
+                           limits));
+            }
+        }
+    }
+
+    /// Writes the table and the plot into a folder.
+    void Report(const std::filesystem::path& folder) const {
+        std::filesystem::create_directories(folder);
+        std::ofstream(folder / "measures.md") << Table(m_lines);
+        std::ofstream(folder / "growth.svg") << Plot(m_curves);
+    }
+
+    bool AllLimitsKept() const { return std::ranges::none_of(m_lines, &Line::isBroken); }
+
+private:
+    bool IsWanted(std::string_view name) const {
+        return m_parts.empty() || std::ranges::any_of(m_parts, [name](const char* part) {
+                   return name.find(part) != std::string_view::npos;
                });
-    };
-    const Catalogues catalogues;
-    Print({"median of", "ours", "engine", "ratio", "at most"});
-    bool allKept = true;
-    const auto judge = [&](const Line& line) {
+    }
+
+    void Take(Line line) {
         Print(line);
-        allKept = allKept && !line.isBroken;
-    };
-    if (isWanted(PeakMemoryName))
-        judge(PeakMemory(catalogues)); // first: see RunProgram
-    for (const auto& measures : {DataAccessMeasures(), LibraryMeasures(), FacadeMeasures(),
-                                 EngineMeasures(), ProgramMeasures()})
-        for (const Measure& measure : measures)
-            if (isWanted(measure.name))
-                judge(Run(measure, catalogues));
-    return allKept;
+        m_lines.push_back(std::move(line));
+    }
+
+    std::span<char* const> m_parts;
+    Catalogues m_catalogues;
+    std::vector<Line> m_lines;
+    std::vector<Curve> m_curves;
+};
+
+bool RunAll(std::span<char* const> arguments) {
+    const bool isReported = arguments.size() >= 2 && std::string_view(arguments[0]) == "--report";
+    Run run(arguments.subspan(isReported ? 2 : 0));
+    run.MeasureAll();
+    run.MeasureGrowth();
+    if (isReported)
+        run.Report(arguments[1]);
+    return run.AllLimitsKept();
 }
 
 } // namespace
