@@ -90,6 +90,7 @@ TEST_F(ProvenanceTest, TellsStandardAndSourceOfEachFigure) {
         const sections::Section section = Get(catalogue, name);
         ASSERT_NE(section.origin(), nullptr);
         EXPECT_EQ(section.origin()->standard, standard);
+        EXPECT_EQ(section.origin()->leftOut.find("NULL"), std::string::npos) << name;
         EXPECT_EQ(section.source(column), source);
     }
     EXPECT_EQ(sections::Library(folder->Path()).open("Dutch").standard(),

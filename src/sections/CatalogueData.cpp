@@ -1,6 +1,5 @@
 #include "sections/CatalogueData.h"
 
-#include "dataaccess/CCrack.h"
 #include "dataaccess/CSectionDatabase.h"
 #include "dataaccess/CSectionException.h"
 #include "dataaccess/CSectionRecordset.h"
@@ -9,6 +8,7 @@
 #include "platform/Text.h"
 #include "sections/Failures.h"
 #include "sections/ProvenanceReader.h"
+#include "sections/RowText.h"
 #include "units/UnitText.h"
 
 #include <algorithm>
@@ -25,16 +25,6 @@ using Units = std::vector<std::string>; ///< by column
 [[noreturn]] void fail(const std::string& path, SectionError::Number number,
                        const std::string& fault) {
     throw Error(number, path + ": " + fault);
-}
-
-std::string textAt(const CSectionRecordset& rows, int column) {
-    return std::string(CCrack::strVARIANT(rows.GetFieldValue(column)).View());
-}
-
-std::optional<std::string> textOrNothing(const CSectionRecordset& rows, int column) {
-    if (rows.GetFieldValue(column).vt == VT_NULL)
-        return std::nullopt;
-    return textAt(rows, column);
 }
 
 /// The tables of joists keep what their own look-ups need, at places of their own.

@@ -1,12 +1,12 @@
 #include "sections/ProvenanceReader.h"
 
-#include "dataaccess/CCrack.h"
 #include "dataaccess/CSectionDatabase.h"
 #include "dataaccess/CSectionRecordset.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "records/ProvenanceTables.h"
 #include "records/RowMark.h"
+#include "sections/RowText.h"
 
 #include <algorithm>
 #include <cmath>
@@ -60,9 +60,7 @@ private:
     struct Row {
         const CSectionRecordset& rows;
 
-        std::string text(int column) const {
-            return std::string(CCrack::strVARIANT(rows.GetFieldValue(column)).View());
-        }
+        std::string text(int column) const { return textAt(rows, column); }
         double number(int column) const { return dbsection::AsNumber(rows.GetFieldValue(column)); }
     };
 
