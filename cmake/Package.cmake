@@ -7,6 +7,9 @@ set(CPACK_PACKAGE_NAME dbsectioninterface)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_OUTPUT_FILE_PREFIX ${PROJECT_BINARY_DIR}/packages)
 set(CPACK_COMPONENTS_ALL library development program)
+if(DBSECTION_PYTHON)
+  list(APPEND CPACK_COMPONENTS_ALL python)
+endif()
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
@@ -47,6 +50,16 @@ debian_package(development libdbsectioninterface-dev libdevel
   "catalogues of structural cross-sections - development" ${this_library})
 debian_package(program sectiondb science
   "catalogues of structural cross-sections - program and figures" ${this_library})
+if(DBSECTION_PYTHON)
+  math(EXPR next_minor "${Python_VERSION_MINOR} + 1")
+  set(python ${Python_VERSION_MAJOR}.${Python_VERSION_MINOR})
+  debian_package(python python3-sectiondb python "catalogues of structural cross-sections - Python"
+    "${this_library}, python3 (>= ${python}), python3 (<< ${Python_VERSION_MAJOR}.${next_minor})")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_RECOMMENDS sectiondb)
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_SUGGESTS "python3-pandas, python3-pint")
+  set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+    ${CMAKE_CURRENT_LIST_DIR}/debian/postinst ${CMAKE_CURRENT_LIST_DIR}/debian/prerm)
+endif()
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_RECOMMENDS sectiondb)
 set(CPACK_DEBIAN_LIBRARY_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_LIST_DIR}/debian/triggers)
 
