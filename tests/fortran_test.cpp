@@ -264,6 +264,27 @@ TEST_F(FortranScenario, HandsOnWhatTheEntryPointsSay) {
         })) << label;
 }
 
+TEST_F(FortranScenario, TellsOfEachCallByItself) {
+    WriteFile(File("KoreanSections.db3"), std::string(4096, 'x'));
+    const Outcome run = Shell("SECTIONDB_FOLDER=" + Quote(File("")) + " " + Quote(FORTRAN_ANSWERS));
+    EXPECT_EQ(run.status, 0);
+    const std::size_t message = run.output.find("open 16: F 4 ");
+    ASSERT_NE(message, std::string::npos) << run.output;
+    std::string output = run.output;
+    const std::size_t end = output.find('\n', message);
+    const std::string told = output.substr(message, end - message);
+    EXPECT_NE(told.find("KoreanSections.db3"), std::string::npos) << told;
+    EXPECT_EQ(output.erase(message, end + 1 - message), "open 3: F 2 \n"
+                                                        "password: 4\n"
+                                                        "open 1: T 0 \n"
+                                                        "value: IZ in mm^4\n"
+                                                        "value:  in \n"
+                                                        "section: T 11 0\n"
+                                                        "section: F 0 0\n"
+                                                        "sorted: 4\n"
+                                                        "sorted: 0\n");
+}
+
 /// The loads that a beam carries, and how the lightest W shape for them is found by trying all.
 struct Beam {
     double span, dead, live; // ft, kip/ft
@@ -340,7 +361,10 @@ TEST_F(BeamDesign, PrintsBothUnitsAndFailsClearly) {
         EXPECT_NE(run.output.find(text), std::string::npos) << text << run.output;
     const Outcome tooLong = Design("900 50 50");
     EXPECT_EQ(tooLong.status, 1);
-    EXPECT_NE(tooLong.output.find("SECTIONDB_FOLDER"), std::string::npos);
+    EXPECT_NE(tooLong.output.find("No W shape"), std::string::npos);
+    const Outcome nowhere = Shell("SECTIONDB_FOLDER=/nowhere " + Quote(BEAM_DESIGN));
+    EXPECT_EQ(nowhere.status, 1);
+    EXPECT_NE(nowhere.output.find("cannot be opened"), std::string::npos) << nowhere.output;
     for (const char* bad : {"long", "nan", "inf", "/", "30,5", "2*30", "'30 40'",
                             "30.0000000000000000000000000000001"}) {
         const Outcome refused = Design(bad);

@@ -3,10 +3,10 @@
 !>     use section_catalogue
 !>     character(longest_name) :: name
 !>     real(section_real), allocatable :: values(:)
-!>     integer :: rows
+!>     integer(section_int) :: rows
 !>     logical :: found
 !>
-!>     call open_catalogue(american)
+!>     call open_catalogue(american, opened=found)
 !>     call get_section(1, 1, "W12X26", millimetre, values)            ! a W shape
 !>     call get_sorted_sections(1, 1, [ascending(1)], inch, rows)      ! all, by area
 !>     call get_first_section(slot_sorted, name, values, found)
@@ -25,14 +25,19 @@
 !>   most_values, and of size 0 where there is no such section. A text counts as 0.
 !> - `rows` (out) is the number of rows that a list found. The rows stand in the list's slot until
 !>   the next list of that kind.
-!> - `status` (out, optional) is the kind of the last failure: status_ok where none is recorded.
+!> - `found` (out) tells whether there is such a section or row.
+!> - `status` (out, optional) is the kind of this call's failure, status_ok where there is none;
+!>   get_last_message tells what failed. That nothing is found is no failure.
 !> - One catalogue is open at a time, and one thread calls. A protected catalogue's password is
-!>   taken from the environment variable SECTIONDB_PASSWORD.
+!>   that of set_password or the environment variable SECTIONDB_PASSWORD.
+!> - Numbers have the kinds section_int and section_real, whatever the compiler's default ones are.
 module section_catalogue
-    use, intrinsic :: iso_c_binding, only: c_char, c_loc, c_null_char, c_null_ptr
+    use, intrinsic :: iso_c_binding, only: c_char, c_loc, c_null_ptr
     use section_arguments
     use section_engine
     use section_joists
+    use section_settings
+    use section_values
     implicit none
     private
 
@@ -76,8 +81,10 @@ module section_catalogue
 
     public :: ascending, descending
     public :: set_catalogue_folder, set_user_table_file, set_settings_file, set_selection_file
+    public :: set_password, set_user_section_file, get_last_message
     public :: open_catalogue, close_catalogue, close_slot, terminate_session
-    public :: get_customized, get_section_count, get_value_count, get_value_unit
+    public :: get_customized, get_section_count
+    public :: get_value_count, get_value_name, get_value_unit, get_value_unit_label
     public :: get_first_section, get_next_section, get_previous_section, get_last_section
     public :: get_section, get_section_type, get_castellated_root_beam
     public :: get_steel_joist, get_joist_girder, get_aluminium_properties
@@ -102,41 +109,19 @@ contains
         key = sort_key(name_column + value, 1)
     end function descending
 
-    ! Settings.
-
-    !> The folder of the catalogue files; without it, that of the environment (SECTIONDB_FOLDER).
-    subroutine set_catalogue_folder(folder)
-        character(*), intent(in) :: folder
-        call setprofiledbfolder(folder, trimmed(folder))
-    end subroutine set_catalogue_folder
-
-    !> The file of generic shapes (catalogue 1010), whatever the name says: so do engines count on it.
-    !> That of the user tables (1001) cannot be set from here.
-    subroutine set_user_table_file(file)
-        character(*), intent(in) :: file
-        call setusertablefilename(file, trimmed(file))
-    end subroutine set_user_table_file
-
-    !> The settings file.
-    subroutine set_settings_file(file)
-        character(*), intent(in) :: file
-        call setinifilename(file, trimmed(file))
-    end subroutine set_settings_file
-
-    !> Has no effect: the library takes its file of selections from elsewhere (SECTIONDB_DBI).
-    subroutine set_selection_file(file)
-        character(*), intent(in) :: file
-        call setdbifilename(file, trimmed(file))
-    end subroutine set_selection_file
-
     ! Lifetime.
 
-    !> Opens a catalogue and empties all slots.
-    subroutine open_catalogue(catalogue, status)
+    !> Opens a catalogue and empties all slots. One that has no file is not opened: status_file.
+    subroutine open_catalogue(catalogue, status, opened)
         integer(section_int), intent(in) :: catalogue
         integer(section_int), intent(out), optional :: status
-        integer(section_int) :: err
+        logical, intent(out), optional :: opened
+        integer(section_int) :: current, err, ignored
+        call begin()
         call opensectiondatabase(catalogue, err)
+        call getopencatalogue(current, ignored)
+        if (current /= catalogue .and. err == status_ok) err = status_file
+        if (present(opened)) opened = current == catalogue
         call tell(err, status)
     end subroutine open_catalogue
 
@@ -144,6 +129,7 @@ contains
     subroutine close_catalogue(status)
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: err
+        call begin()
         call closesectiondatabase(err)
         call tell(err, status)
     end subroutine close_catalogue
@@ -154,6 +140,7 @@ contains
         integer(section_int), intent(in) :: slot
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: err
+        call begin()
         call closesectionrecordset(slot, err)
         call tell(err, status)
     end subroutine close_slot
@@ -169,6 +156,7 @@ contains
         logical, intent(out) :: customized
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: answer, err
+        call begin()
         call issectiondatabasecustomized(catalogue, answer, err)
         customized = answer /= 0
         call tell(err, status)
@@ -180,44 +168,11 @@ contains
         integer(section_int), intent(out) :: sections
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: err
+        call begin()
         sections = 0
         call getsectioncount(catalogue, section_type, sections, err)
         call tell(err, status)
     end subroutine get_section_count
-
-    !> The number of values of each section of a family.
-    subroutine get_value_count(catalogue, section_type, value_count, status)
-        integer(section_int), intent(in) :: catalogue, section_type
-        integer(section_int), intent(out) :: value_count
-        integer(section_int), intent(out), optional :: status
-        integer(section_int) :: err
-        value_count = 0
-        call getfieldcount(catalogue, section_type, value_count, err)
-        call tell(err, status)
-    end subroutine get_value_count
-
-    !> The unit that a value is stored in: the code of its first factor (kip for "KIPS/FEET"),
-    !> 0 where it has none, and the factor from there to `unit`, 1 likewise. A value that the
-    !> family does not have gives 0 for both.
-    subroutine get_value_unit(catalogue, section_type, value, unit, unit_code, factor, status)
-        integer(section_int), intent(in) :: catalogue, section_type
-        integer(section_int), intent(in) :: value !! counted from 1
-        integer(section_int), intent(in) :: unit !! inch to kilometre
-        integer(section_int), intent(out) :: unit_code
-        real(section_real), intent(out) :: factor
-        integer(section_int), intent(out), optional :: status
-        integer(section_int) :: value_count, err
-        unit_code = 0
-        factor = 0
-        value_count = 0
-        call getfieldcount(catalogue, section_type, value_count, err)
-        ! The library raises a C++ exception for others, which would end the program.
-        if (value >= 1 .and. value <= value_count) then
-            call getunitforfieldandconvfact(catalogue, section_type, value - 1, unit, unit_code, &
-                                            factor, err)
-        end if
-        call tell(err, status)
-    end subroutine get_value_unit
 
     ! The cursor. `found` (out) is false when the slot has no such row: `name` is then blank.
 
@@ -261,17 +216,19 @@ contains
 
     !> A section. Of two that are joined ("W12X26+W10X12"), both of the family, the values are those
     !> of the first, but for value 4, which is the sum of both.
-    subroutine get_section(catalogue, section_type, name, unit, values, status)
+    subroutine get_section(catalogue, section_type, name, unit, values, status, found)
         integer(section_int), intent(in) :: catalogue, section_type, unit
         character(*), intent(in) :: name
         real(section_real), allocatable, intent(out) :: values(:)
         integer(section_int), intent(out), optional :: status
+        logical, intent(out), optional :: found
         real(section_real) :: buffer(most_values)
         integer(section_int) :: rows, value_count, err
+        call begin()
         buffer = unwritten
         call getsection(catalogue, section_type, name, trimmed(name), unit, buffer, rows, &
                         value_count, err)
-        call hand_over(buffer, values)
+        call hand_over(buffer, values, found)
         call tell(err, status)
     end subroutine get_section
 
@@ -285,6 +242,7 @@ contains
         integer(section_int), intent(out), optional :: status
         real(section_real), target :: buffer(most_values)
         integer(section_int) :: chosen_unit, rows, value_count, err
+        call begin()
         section_type = 0
         err = status_ok
         chosen_unit = as_stored
@@ -298,14 +256,16 @@ contains
 
     !> The beam that a castellated beam is cut from: its family and its values.
     subroutine get_castellated_root_beam(catalogue, castellated_type, name, unit, root_type, &
-                                         values, status)
+                                         values, status, found)
         integer(section_int), intent(in) :: catalogue, castellated_type, unit
         character(*), intent(in) :: name !! of the castellated beam
         integer(section_int), intent(out) :: root_type !! 0 when there is no such beam
         real(section_real), allocatable, intent(out) :: values(:)
         integer(section_int), intent(out), optional :: status
+        logical, intent(out), optional :: found
         real(section_real) :: buffer(most_values)
         integer(section_int) :: rows, value_count, err
+        call begin()
         buffer = unwritten
         root_type = castellated_type
         ! The library goes on from the section that was looked up before.
@@ -314,7 +274,7 @@ contains
         buffer = unwritten
         call getcastellatedrootbeamsection(catalogue, root_type, name, trimmed(name), unit, &
                                            buffer, rows, value_count, err)
-        call hand_over(buffer, values)
+        call hand_over(buffer, values, found)
         if (size(values) == 0) root_type = 0
         call tell(err, status)
     end subroutine get_castellated_root_beam
@@ -322,7 +282,7 @@ contains
     !> The strengths of an aluminium alloy for a product and a thickness. The first value is the
     !> column behind the product, and forces are converted to `force_unit`.
     subroutine get_aluminium_properties(catalogue, section_type, alloy, product, alclad, welded, &
-                                        thickness, unit, force_unit, values, status)
+                                        thickness, unit, force_unit, values, status, found)
         integer(section_int), intent(in) :: catalogue, section_type, unit
         character(*), intent(in) :: alloy
         integer(section_int), intent(in) :: product !! 0 all, 1 extrusions, 2 drawn tube, 3 pipe
@@ -331,12 +291,14 @@ contains
         integer(section_int), intent(in) :: force_unit !! kip to meganewton
         real(section_real), allocatable, intent(out) :: values(:)
         integer(section_int), intent(out), optional :: status
+        logical, intent(out), optional :: found
         real(section_real) :: buffer(most_values)
         integer(section_int) :: rows, value_count, err
+        call begin()
         buffer = unwritten
         call getaluminiummaterialproperty(catalogue, section_type, alloy, trimmed(alloy), product, &
             alclad, welded, thickness, unit, force_unit, buffer, rows, value_count, err)
-        call hand_over(buffer, values)
+        call hand_over(buffer, values, found)
         call tell(err, status)
     end subroutine get_aluminium_properties
 
@@ -349,6 +311,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getsortedsections(catalogue, section_type, ended(keys), ended_size(keys), unit, rows, &
                                value_count, err)
         call tell(err, status)
@@ -362,6 +325,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getlikesortedsections(catalogue, section_type, ended(keys), ended_size(keys), &
             pattern, trimmed(pattern), unit, rows, value_count, err)
         call tell(err, status)
@@ -378,6 +342,7 @@ contains
         integer(section_int), intent(out), optional :: status
         real(section_real) :: least, greatest
         integer(section_int) :: value_count, err
+        call begin()
         least = lower ! the library converts the bounds in place
         greatest = upper
         call getrangesortedsections(catalogue, section_type, ended(keys), ended_size(keys), &
@@ -393,6 +358,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getassignsections(catalogue, section_type, name, trimmed(name), unit, rows, &
                                value_count, err)
         call tell(err, status)
@@ -418,12 +384,11 @@ contains
         integer(section_int), intent(out), optional :: status
         real(section_real) :: buffer(most_values)
         integer(section_int) :: moved, err
-        integer :: end_of_name
+        call begin()
         buffer = unwritten
         name = ""
         call move(slot, name, int(len(name), section_int), buffer, moved, err)
-        end_of_name = index(name, c_null_char)
-        if (end_of_name > 0) name(end_of_name:) = ""
+        call pad(name)
         found = moved /= 0
         call hand_over(buffer, values)
         call tell(err, status)

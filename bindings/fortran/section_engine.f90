@@ -15,6 +15,8 @@ module section_engine
     public :: getkseriessteeljoists, getkcsseriessteeljoists, getlhseriessteeljoists
     public :: getdlhseriessteeljoists, getjoistgirders
     public :: findlhseriesloadtype, finddlhseriesloadtype, getunitforfieldandconvfact
+    public :: setsectionpassword, setusersectionfilename, getopencatalogue
+    public :: getvaluename, getvalueunit, resetsectionstatus, getsectionmessage
 
     ! Each is written out, those with the same arguments too: gfortran 12 forgets that a length goes
     ! by value in a procedure declared from a shared interface.
@@ -304,5 +306,55 @@ module section_engine
             real(c_float), intent(inout) :: factor
             integer(c_int32_t), intent(out) :: err
         end subroutine getunitforfieldandconvfact
+
+        subroutine setsectionpassword(text, text_length, err) bind(C, name="SETSECTIONPASSWORD")
+            import :: c_char, c_int32_t
+            character(kind=c_char), intent(in) :: text(*)
+            integer(c_int32_t), value :: text_length
+            integer(c_int32_t), intent(out) :: err
+        end subroutine setsectionpassword
+
+        subroutine setusersectionfilename(text, text_length) &
+            bind(C, name="SETUSERSECTIONFILENAME")
+            import :: c_char, c_int32_t
+            character(kind=c_char), intent(in) :: text(*)
+            integer(c_int32_t), value :: text_length
+        end subroutine setusersectionfilename
+
+        subroutine getopencatalogue(catalogue, err) bind(C, name="GETOPENCATALOGUE")
+            import :: c_int32_t
+            integer(c_int32_t), intent(out) :: catalogue, err
+        end subroutine getopencatalogue
+
+        subroutine getvaluename(catalogue, section_type, value_index, text, text_length, status, &
+                                err) bind(C, name="GETVALUENAME")
+            import :: c_char, c_int32_t
+            integer(c_int32_t), intent(in) :: catalogue, section_type, value_index
+            character(kind=c_char), intent(inout) :: text(*)
+            integer(c_int32_t), value :: text_length
+            integer(c_int32_t), intent(out) :: status, err
+        end subroutine getvaluename
+
+        subroutine getvalueunit(catalogue, section_type, value_index, unit, text, text_length, &
+                                status, err) bind(C, name="GETVALUEUNIT")
+            import :: c_char, c_int32_t
+            integer(c_int32_t), intent(in) :: catalogue, section_type, value_index, unit
+            character(kind=c_char), intent(inout) :: text(*)
+            integer(c_int32_t), value :: text_length
+            integer(c_int32_t), intent(out) :: status, err
+        end subroutine getvalueunit
+
+        subroutine resetsectionstatus(err) bind(C, name="RESETSECTIONSTATUS")
+            import :: c_int32_t
+            integer(c_int32_t), intent(out) :: err
+        end subroutine resetsectionstatus
+
+        subroutine getsectionmessage(text, text_length, full_length, err) &
+            bind(C, name="GETSECTIONMESSAGE")
+            import :: c_char, c_int32_t
+            character(kind=c_char), intent(inout) :: text(*)
+            integer(c_int32_t), value :: text_length
+            integer(c_int32_t), intent(out) :: full_length, err
+        end subroutine getsectionmessage
     end interface
 end module section_engine

@@ -16,33 +16,37 @@ contains
 
     !> A joist of a series (1 K, 2 KCS, 3 LH, 4 DLH) by its designation: depth and weight, in the
     !> units of the catalogue.
-    subroutine get_steel_joist(catalogue, series, designation, values, status)
+    subroutine get_steel_joist(catalogue, series, designation, values, status, found)
         integer(section_int), intent(in) :: catalogue, series
         character(*), intent(in) :: designation
         real(section_real), allocatable, intent(out) :: values(:)
         integer(section_int), intent(out), optional :: status
+        logical, intent(out), optional :: found
         real(section_real) :: buffer(most_values)
         integer(section_int) :: rows, value_count, err
+        call begin()
         buffer = unwritten
         call getsteeljoist(catalogue, series, designation, trimmed(designation), ignored_unit, &
                            buffer, rows, value_count, err)
-        call hand_over(buffer, values)
+        call hand_over(buffer, values, found)
         call tell(err, status)
     end subroutine get_steel_joist
 
     !> A joist girder (series 5) by its designation ("40S48G5N12.0K"): span, number of joist
     !> spaces, spacing, panel load, depth, weight and two notes, in the units of the catalogue.
-    subroutine get_joist_girder(catalogue, series, designation, values, status)
+    subroutine get_joist_girder(catalogue, series, designation, values, status, found)
         integer(section_int), intent(in) :: catalogue, series
         character(*), intent(in) :: designation
         real(section_real), allocatable, intent(out) :: values(:)
         integer(section_int), intent(out), optional :: status
+        logical, intent(out), optional :: found
         real(section_real) :: buffer(most_values)
         integer(section_int) :: rows, value_count, err
+        call begin()
         buffer = unwritten
         call getjoistgirder(catalogue, series, designation, trimmed(designation), ignored_unit, &
                             buffer, rows, value_count, err)
-        call hand_over(buffer, values)
+        call hand_over(buffer, values, found)
         call tell(err, status)
     end subroutine get_joist_girder
 
@@ -54,6 +58,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getkseriessteeljoists(catalogue, series, span, total_load, live_load, ignored_unit, &
                                    rows, value_count, err)
         call tell(err, status)
@@ -67,6 +72,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getkcsseriessteeljoists(catalogue, series, moment, shear, ignored_unit, rows, &
                                      value_count, err)
         call tell(err, status)
@@ -80,6 +86,7 @@ contains
         integer(section_int), intent(out) :: load_type
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: err
+        call begin()
         load_type = 0
         call findlhseriesloadtype(catalogue, series, span, depth, load_type, err)
         call tell(err, status)
@@ -92,6 +99,7 @@ contains
         integer(section_int), intent(out) :: load_type
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: err
+        call begin()
         load_type = 0
         call finddlhseriesloadtype(catalogue, series, span, depth, load_type, err)
         call tell(err, status)
@@ -106,6 +114,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getlhseriessteeljoists(catalogue, series, load_type, span, depth, load1, load2, &
                                     ignored_unit, rows, value_count, err)
         call tell(err, status)
@@ -118,6 +127,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getdlhseriessteeljoists(catalogue, series, load_type, span, depth, load1, load2, &
                                      ignored_unit, rows, value_count, err)
         call tell(err, status)
@@ -132,6 +142,7 @@ contains
         integer(section_int), intent(out) :: rows
         integer(section_int), intent(out), optional :: status
         integer(section_int) :: value_count, err
+        call begin()
         call getjoistgirders(catalogue, series, span, joists, panel_load, depth, ignored_unit, &
                              rows, value_count, err)
         call tell(err, status)

@@ -9,7 +9,8 @@
 !>   of all W shapes are compact at this yield stress.
 !> - the deflection under the live load alone: L / 360.
 !>
-!> The catalogues are in the folder that the environment variable SECTIONDB_FOLDER names.
+!> The catalogues are those of the installation, or in the folder that the environment variable
+!> SECTIONDB_FOLDER names.
 program beam_design
     use, intrinsic :: iso_fortran_env, only: error_unit
     use section_catalogue
@@ -39,7 +40,7 @@ program beam_design
     type(unit_pair), parameter :: moment = unit_pair("kip-ft", "kN-m", kilonewtons * metres)
 
     ! The values of an I shape.
-    integer, parameter :: ax = 1, bf = 3, tf = 4, iz = 6, zz = 10
+    integer(section_int), parameter :: ax = 1, bf = 3, tf = 4, iz = 6, zz = 10
     character(2), parameter :: labels(11) = &
         ["AX", "D ", "BF", "TF", "TW", "IZ", "IX", "CW", "IY", "ZZ", "ZY"]
     character(2), parameter :: powers(size(labels)) = & ! of the length
@@ -48,19 +49,20 @@ program beam_design
     real(dp) :: span, dead_load, live_load ! ft, kip/ft, kip/ft
     character(longest_name) :: name
     real(section_real), allocatable :: values(:)
-    integer(section_int) :: status
+    character(256) :: message
+    logical :: opened
 
     call read_arguments()
-    call open_catalogue(american, status)
-    if (status /= status_ok) then
+    call open_catalogue(american, opened=opened)
+    if (.not. opened) then
+        call get_last_message(message)
         call fail("The American catalogue cannot be opened: check its file in the folder that " // &
-                  "SECTIONDB_FOLDER names, and SECTIONDB_PASSWORD.")
+                  "SECTIONDB_FOLDER names, and SECTIONDB_PASSWORD. " // trim(message))
     end if
     call choose()
     if (size(values) == 0) then
         call close_catalogue()
-        call fail("No W shape of the American catalogue will do, or there is no catalogue in " // &
-                  "the folder that SECTIONDB_FOLDER names.")
+        call fail("No W shape of the American catalogue will do.")
     end if
     call print_checks()
     call print_properties(inch, "in")

@@ -1,5 +1,6 @@
 #include "dataaccess/ExceptionHandlers.h"
 
+#include "dataaccess/LastFailure.h"
 #include "dataaccess/LibraryState.h"
 #include "platform/MessageBox.h"
 
@@ -41,8 +42,18 @@ void ShowUnlessEngineMode(const HandlerKind& kind, const CString& message, const
     dbsection::ShowMessageBox(text, caption);
 }
 
+/// Keeps message and cause, or the message alone where there is no memory for the cause.
+void Keep(const CException& e, const CString& message) {
+    try {
+        dbsection::KeepFailure(message, e.GetMessage());
+    } catch (const std::bad_alloc&) {
+        dbsection::KeepFailure(message, "");
+    }
+}
+
 void Handle(const HandlerKind& kind, CException* e, const CString& message, const CString& label) {
     SectionLibraryState::SetExceptionType(kind.code);
+    Keep(*e, message);
     ShowUnlessEngineMode(kind, message, label, [&] {
         std::array<char, MessageBufferSize> cause{};
         e->GetErrorMessage(cause.data(), MessageBufferSize);
@@ -96,6 +107,7 @@ void HandleArchiveException(CArchiveException* e, CString message, CString label
 
 void HandleDaoException(CSectionException* e, CString message, CString label) {
     SectionLibraryState::SetExceptionType(Dao.code);
+    Keep(*e, message);
     if (e->m_errorInfo)
         CountQuietly(e->GetErrorNumber());
     else

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 using dbsection::EngineSlot;
 using dbsection::engineSlots;
@@ -37,14 +36,6 @@ CString RowName(int slot, const EngineSlot& rows) {
     return GirderName(*rows.rows);
 }
 
-void WriteName(const CString& text, char* name, std::int32_t length) {
-    const auto room = static_cast<std::size_t>(std::max<std::int32_t>(length, 0));
-    const std::size_t written = std::min(text.View().size(), room);
-    std::memcpy(name, text.View().data(), written);
-    if (written < room)
-        name[written] = '\0';
-}
-
 void Step(const char* label, const std::int32_t* slot, int (*move)(CSectionRecordset**), char* name,
           std::int32_t name_length, float* values, std::int32_t* status, std::int32_t* err) {
     *status = 0;
@@ -56,7 +47,7 @@ void Step(const char* label, const std::int32_t* slot, int (*move)(CSectionRecor
             return;
         const CString text = RowName(*slot, *rows);
         rows->ReadValues(values);
-        WriteName(text, name, name_length);
+        dbsection::WriteText(text, name, name_length);
         *status = 1;
     });
 }

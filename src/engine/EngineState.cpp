@@ -4,6 +4,7 @@
 #include "units/FieldUnits.h"
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 #include <optional>
 #include <span>
@@ -143,6 +144,14 @@ CString EngineText(const char* text, std::int32_t length) {
 CString EngineName(const char* text, std::int32_t length) {
     CString name = EngineText(text, length);
     return name.MakeUpper();
+}
+
+void WriteText(const CString& text, char* target, std::int32_t length) {
+    const auto room = static_cast<std::size_t>(std::max<std::int32_t>(length, 0));
+    const std::size_t written = std::min(text.View().size(), room);
+    std::memcpy(target, text.View().data(), written);
+    if (written < room)
+        target[written] = '\0';
 }
 
 } // namespace dbsection

@@ -69,6 +69,9 @@ EngineSlot* FindSlot(int number);
 CString EngineText(const char* text, std::int32_t length);
 CString EngineName(const char* text, std::int32_t length);
 
+/// Writes a text up to the length of the caller's, with a NUL behind it where there is room.
+void WriteText(const CString& text, char* target, std::int32_t length);
+
 /// What an entry point tells that was refused since another thread is inside the library.
 inline constexpr std::int32_t RefusedThread = 7;
 

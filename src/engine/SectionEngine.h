@@ -227,6 +227,47 @@ DBSECTION_API void GETUNITFORFIELDANDCONVFACT(const int32_t* catalogue /* in */,
                                               int32_t* unit_id /* out */, float* factor /* out */,
                                               int32_t* err /* out */);
 
+/* What there is besides. No call above resets the kind of the last failure: who wants to know it of
+ * each call resets it before. */
+
+/* The password of the protected catalogues that are opened from now on. One that holds both "=" and
+ * ";", or blanks alone, is refused; err 4. */
+DBSECTION_API void SETSECTIONPASSWORD(const char* password /* in */, int32_t password_length,
+                                      int32_t* err /* out */);
+
+/* The file of the user tables, index 1001. */
+DBSECTION_API void SETUSERSECTIONFILENAME(const char* file /* in */, int32_t file_length);
+
+/* The number of the open catalogue, 0 where none is: after OPENSECTIONDATABASE another number than
+ * was asked for tells that the catalogue has no file or cannot be opened. */
+DBSECTION_API void GETOPENCATALOGUE(int32_t* catalogue /* out */, int32_t* err /* out */);
+
+/* The number of values that the cursor hands over of each row of a slot, 17 at most. */
+DBSECTION_API void GETSLOTVALUECOUNT(const int32_t* slot /* in */, int32_t* value_count /* out */,
+                                     int32_t* err /* out */);
+
+/* The name of a value, counted from 0, as its table has it, e.g. "IZ"; and how the unit is printed
+ * in which it is handed over for the unit `unit`, e.g. "mm^4": nothing for numbers, texts and where
+ * the table keeps none. `status` is 0 where there is no such value, and the text then stays as it
+ * is. Texts are written as those of the cursor. They open the catalogue. */
+DBSECTION_API void GETVALUENAME(const int32_t* catalogue /* in */, const int32_t* type /* in */,
+                                const int32_t* value_index /* in */, char* name /* out */,
+                                int32_t name_length, int32_t* status /* out */,
+                                int32_t* err /* out */);
+DBSECTION_API void GETVALUEUNIT(const int32_t* catalogue /* in */, const int32_t* type /* in */,
+                                const int32_t* value_index /* in */, const int32_t* unit /* in */,
+                                char* label /* out */, int32_t label_length,
+                                int32_t* status /* out */, int32_t* err /* out */);
+
+/* The kind of the last failure, without doing anything; and forgetting it, with its message. */
+DBSECTION_API void GETSECTIONSTATUS(int32_t* err /* out */);
+DBSECTION_API void RESETSECTIONSTATUS(int32_t* err /* out */);
+
+/* What failed last and why, written as the texts of the cursor; `full_length` is the length of the
+ * whole text, 0 where nothing failed since it was forgotten. */
+DBSECTION_API void GETSECTIONMESSAGE(char* text /* out */, int32_t text_length,
+                                     int32_t* full_length /* out */, int32_t* err /* out */);
+
 #ifdef __cplusplus
 }
 #endif

@@ -1,6 +1,8 @@
 // The entry points of the analysis engine.
 #include "faults/PublicCall.h"
 
+#include "dataaccess/CSectionException.h"
+#include "dataaccess/ExceptionHandlers.h"
 #include "engine/SectionEngine.h"
 #include "interface/SectionDBInterface.h"
 
@@ -241,8 +243,45 @@ PublicCalls Lifetime() {
     };
 }
 
+PublicCalls Answers() {
+    const auto name = [] { return Tell(out.status, CString(out.name.data())); };
+    const auto failed = [] {
+        HandleDaoException(new CSectionException(SectionError::Damaged, "It is damaged."),
+                           "Reading failed.", "");
+    };
+    const auto message = [] {
+        GETSECTIONMESSAGE(out.name.data(), 32, &out.result, &out.err);
+        return Tell(out.result, CString(out.name.data()));
+    };
+    return {
+        Enters(
+            "SETSECTIONPASSWORD", ";PWD=a=long=password=", {"empty"},
+            [] { return Tell(Facade::m_szPassword); }, SETSECTIONPASSWORD,
+            "a=long=password=", &out.err)
+            .On([] { Facade::m_szPassword = {}; }),
+        Sets("SETUSERSECTIONFILENAME", SETUSERSECTIONFILENAME, Facade::m_szUserTableFileName,
+             LongPath),
+        Enters("GETOPENCATALOGUE", "1", {}, Result, GETOPENCATALOGUE, &out.result, &out.err)
+            .On(Opened(American)),
+        Enters("GETSLOTVALUECOUNT", "11", {}, Result, GETSLOTVALUECOUNT, 1, &out.result, &out.err)
+            .On(OpenSorted),
+        Enters("GETVALUENAME", "1 D", {"0 empty"}, name, GETVALUENAME, American, WShape, 1,
+               out.name.data(), &out.status, &out.err),
+        Enters("GETVALUEUNIT", "1 mm", {"0 empty"}, name, GETVALUEUNIT, American, WShape, 1,
+               Millimetre, out.name.data(), &out.status, &out.err),
+        Enters("GETSECTIONSTATUS", "done", {}, Done, GETSECTIONSTATUS, &out.err),
+        Enters("RESETSECTIONSTATUS", "0 empty", {}, message, RESETSECTIONSTATUS, &out.err)
+            .On(failed),
+        Enters(
+            "GETSECTIONMESSAGE", "30 Reading failed. It is damaged.", {"0 empty"},
+            [] { return Tell(out.result, CString(out.name.data())); }, GETSECTIONMESSAGE,
+            out.name.data(), &out.result, &out.err)
+            .On(failed),
+    };
+}
+
 } // namespace
 
-PublicCalls EngineCalls() { return AllOf({Lifetime(), Lookups(), Queries(), Cursor()}); }
+PublicCalls EngineCalls() { return AllOf({Lifetime(), Lookups(), Queries(), Cursor(), Answers()}); }
 
 } // namespace faults
