@@ -7,6 +7,7 @@
 #include <memory>
 #include <random>
 #include <sqlcipher/sqlite3.h>
+#include <tuple>
 
 using namespace testsupport;
 
@@ -308,6 +309,23 @@ TEST_F(KeptRowsTest, AChangedCopyLeavesTheKeptRowsAlone) {
     other->Delete();
     EXPECT_EQ(Engine(m_path).Ask("Select Name From Shape"),
               (std::vector<std::string>{"text A", "text B", "text E", "text F"}));
+}
+
+TEST_F(KeptRowsTest, WhatFollowsADeletionIsReadAgain) {
+    CreateCatalogue(m_path);
+    DatabaseHandle db;
+    ASSERT_EQ(Open(db, m_path), 1);
+    for (const auto& [sql, first, count] :
+         {std::tuple("Select * From Shape", "text B", 4),
+          {"Select * From Shape LIMIT 2", "text C", 2},
+          {"Select * From Shape WHERE AX > (Select MIN(AX) From Shape)", "text E", 1}}) {
+        SCOPED_TRACE(sql);
+        Rows rows(db, sql);
+        rows->Delete();
+        rows->Requery();
+        EXPECT_EQ(ValueOf(rows->GetFieldValue(1)), first);
+        EXPECT_EQ(getRecordCount(rows.Address()), count);
+    }
 }
 
 TEST_F(KeptRowsTest, TheirRoomIsBoundedAndGivenBack) {

@@ -25,15 +25,18 @@ int FindTableOf(CSectionDatabase* database, const char* name, CString& table,
     table = {};
     if (!dbsection::IsSearchable(name))
         return 0;
-    ForEachSectionTable(database, questionFor, [&](const CString& candidate) {
+    const auto hasRows = [&](const CString& candidate) {
         const NameQuestion question = questionFor(candidate.View());
         RecordsetHandle rows;
-        if (!dbsection::HasColumn(database, candidate, question.column) ||
-            openRecordset(&database, rows.Address(),
-                          "Select * From [" + candidate + "] WHERE " +
-                              dbsection::ConditionOf(question),
-                          CSectionRecordset::Snapshot, 1) != 1 ||
-            rows->IsEOF())
+        return dbsection::HasColumn(database, candidate, question.column) &&
+               openRecordset(&database, rows.Address(),
+                             "Select * From [" + candidate + "] WHERE " +
+                                 dbsection::ConditionOf(question),
+                             CSectionRecordset::Snapshot, 1) == 1 &&
+               !rows->IsEOF();
+    };
+    ForEachSectionTable(database, questionFor, [&](const CString& candidate, bool isToldToHave) {
+        if (!isToldToHave && !hasRows(candidate))
             return false;
         dbsection::RequireMemory(); // a table before it may have been passed over
         table = candidate;

@@ -45,8 +45,8 @@ bool ForEachSectionTable(CSectionDatabase* database, Visit visit) {
     });
 }
 
-/// The same of those tables alone that have rows of a name, where the rows that are kept in memory
-/// tell that; else of all.
+/// Calls `visit` with the name of each section table that has rows of a name and true, where the
+/// rows that are kept in memory tell that; else of all tables, and false.
 template <class Visit>
 bool ForEachSectionTable(CSectionDatabase* database, const QuestionFor& questionFor, Visit visit) {
     if (database == nullptr)
@@ -59,10 +59,11 @@ bool ForEachSectionTable(CSectionDatabase* database, const QuestionFor& question
         if (!isTold)
             return;
         for (const NameRows& rows : *found)
-            if (IsSectionTable(rows.table) && visit(rows.table))
+            if (IsSectionTable(rows.table) && visit(rows.table, true))
                 break;
     });
-    return isTold || !isWhole ? isWhole : ForEachSectionTable(database, visit);
+    const auto visitAny = [&](const CString& table) { return visit(table, false); };
+    return isTold || !isWhole ? isWhole : ForEachSectionTable(database, visitAny);
 }
 
 inline bool HasColumn(CSectionDatabase* database, const CString& table, const char* column) {

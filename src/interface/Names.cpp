@@ -32,7 +32,7 @@ template <class Found>
 bool SearchCatalogue(int index, const NameQuestion& question, Found found) {
     CSectionDatabase* database = SectionDBInterface::GetDatabasePtr(index);
     const auto questionFor = [&](std::string_view) { return question; };
-    dbsection::ForEachSectionTable(database, questionFor, [&](const CString& table) {
+    dbsection::ForEachSectionTable(database, questionFor, [&](const CString& table, bool) {
         RecordsetHandle rows;
         if (!dbsection::HasColumn(database, table, question.column) ||
             openRecordset(&database, rows.Address(),

@@ -171,13 +171,14 @@ std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& que
         return std::nullopt;
     std::vector<NameRows> found;
     const char* column = nullptr;
-    bool mayBeHeld = true;
-    for (const auto& table : *tables) {
+    std::vector<std::uint32_t> mayHold;
+    for (std::uint32_t number = 0; number < tables->size(); ++number) {
+        const auto& table = (*tables)[number];
         const NameQuestion question = questionFor(table->Name());
         if (question.column != column)
-            mayBeHeld = file->MayHold(question.column, question.name);
+            mayHold = file->TablesThatMayHold(question.column, question.name);
         column = question.column;
-        if (!mayBeHeld)
+        if (!std::ranges::binary_search(mayHold, number))
             continue;
         const auto count = table->Count(InTermsOfTables(question));
         if (!count)

@@ -8,6 +8,7 @@
 #include <functional>
 #include <linux/magic.h>
 #include <list>
+#include <numeric>
 #include <sys/statfs.h>
 #include <utility>
 
@@ -72,25 +73,42 @@ void KeptFile::SetAllTables(std::shared_ptr<const Tables> tables) {
     m_allTables = std::move(tables);
 }
 
-bool KeptFile::MayHold(const char* column, std::string_view text) {
+std::vector<std::uint32_t> KeptFile::TablesThatMayHold(const char* column, std::string_view text) {
     const std::lock_guard lock(m_guard);
     auto names = m_names.find(std::string_view(column));
     if (names == m_names.end())
         names = m_names.emplace(column, ReadNames(column)).first;
-    return !names->second || std::ranges::binary_search(*names->second, HashNoCase(text));
+    std::vector<std::uint32_t> tables;
+    if (!names->second) {
+        tables.resize(m_allTables ? m_allTables->size() : 0);
+        std::iota(tables.begin(), tables.end(), 0U);
+        return tables;
+    }
+    const std::size_t hash = HashNoCase(text);
+    const auto last = names->second->end();
+    for (auto entry = std::ranges::lower_bound(*names->second, std::pair(hash, 0U));
+         entry != last && entry->first == hash; ++entry)
+        tables.push_back(entry->second);
+    return tables;
 }
 
-std::optional<std::vector<std::size_t>> KeptFile::ReadNames(const char* column) {
-    std::vector<std::size_t> hashes;
+std::optional<KeptFile::NameIndex> KeptFile::ReadNames(const char* column) {
+    NameIndex names;
     if (!m_allTables)
         return std::nullopt;
-    for (const auto& table : *m_allTables)
-        if (!table->AppendHashes(column, hashes))
+    std::vector<std::size_t> hashes;
+    for (std::size_t table = 0; table < m_allTables->size(); ++table) {
+        hashes.clear();
+        if (!(*m_allTables)[table]->AppendHashes(column, hashes))
             return std::nullopt;
-    std::ranges::sort(hashes);
-    hashes.shrink_to_fit();
-    Count(hashes.size() * sizeof(std::size_t));
-    return hashes;
+        for (const std::size_t hash : hashes)
+            names.emplace_back(hash, static_cast<std::uint32_t>(table));
+    }
+    std::ranges::sort(names);
+    names.erase(std::ranges::unique(names).begin(), names.end());
+    names.shrink_to_fit();
+    Count(names.size() * sizeof(NameIndex::value_type));
+    return names;
 }
 
 std::optional<KeptResult> KeptFile::FindResult(const std::string& key) const {

@@ -5,6 +5,7 @@
 #include "platform/FileVersion.h"
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -14,6 +15,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace dbsection {
@@ -44,9 +46,9 @@ public:
     std::shared_ptr<const Tables> AllTables() const;
     void SetAllTables(std::shared_ptr<const Tables> tables);
 
-    /// Whether a row of some table may have the text in the column, whatever its letter case. All
-    /// tables must have been told.
-    bool MayHold(const char* column, std::string_view text);
+    /// The numbers, in their order, of the tables of which a row may have the text in the column,
+    /// whatever its letter case. All tables must have been told.
+    std::vector<std::uint32_t> TablesThatMayHold(const char* column, std::string_view text);
 
     /// The result of a statement, told by a key.
     std::optional<KeptResult> FindResult(const std::string& key) const;
@@ -77,7 +79,9 @@ public:
     static std::size_t TotalSize() { return total; }
 
 private:
-    std::optional<std::vector<std::size_t>> ReadNames(const char* column);
+    /// The hash of a text, and the number of a table that has it.
+    using NameIndex = std::vector<std::pair<std::size_t, std::uint32_t>>;
+    std::optional<NameIndex> ReadNames(const char* column);
     void Count(std::size_t size) {
         m_size += size;
         total += size;
@@ -91,8 +95,8 @@ private:
     mutable std::mutex m_guard;
     Tables m_tables;
     std::shared_ptr<const Tables> m_allTables;
-    /// The hashes of all texts by column; none where a table holds others than texts.
-    std::map<std::string, std::optional<std::vector<std::size_t>>, std::less<>> m_names;
+    /// By column; none where a table holds others than texts.
+    std::map<std::string, std::optional<NameIndex>, std::less<>> m_names;
     std::unordered_map<std::string, KeptResult> m_results;
     std::unordered_set<std::string> m_refused;
     std::unordered_set<std::size_t> m_asked; ///< hashes of statements

@@ -193,10 +193,11 @@ void RecordsetState::Delete() {
     RequireRow();
     m_rows.MakeOwn();
     Transaction transaction(Engine(), Purpose::OneWrite);
-    const bool isCurrent = m_stamp && Engine().IsCurrent(*m_stamp);
+    // Of a table the rest is then what would be read; a condition may ask for other rows, too.
+    const bool isCurrent = m_isWholeTable && m_stamp && Engine().IsCurrent(*m_stamp);
     DeleteRow(m_position);
     transaction.Commit();
-    if (isCurrent) // the rest is what would be read now
+    if (isCurrent)
         m_stamp = Engine().WithOwnChanges(*m_stamp);
     m_edit = Edit::None;
     m_onGap = true;
