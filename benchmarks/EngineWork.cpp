@@ -14,7 +14,7 @@ constexpr int Additions = 200;
 constexpr int FirstNewId = 20000;
 constexpr std::array<double, ValueCount> NewValues{7.65, 12.2, 6.49, 0.38, 0.23, 204,
                                                    0.3,  607,  17.3, 37.2, 8.17};
-constexpr std::size_t Deletions = 200;
+constexpr std::size_t Deletions = 280;
 
 std::string NewName(int i) { return "New " + std::to_string(i); }
 

@@ -175,7 +175,7 @@ std::vector<Measure> FacadeMeasures() {
          {.ratio = 1.0}},
         {"list the names of all W shapes", ListNames, ListNamesRaw, {.ratio = 2.0}},
         {"add 200 W shapes in one transaction", Add, AddRaw, {.ratio = 3}},
-        {"delete 200 W shapes in one transaction", Delete, DeleteRaw, {.ratio = 2}},
+        {"delete 280 W shapes in one transaction", Delete, DeleteRaw, {.ratio = 2}},
     };
 }
 
