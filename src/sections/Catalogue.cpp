@@ -98,15 +98,18 @@ Measure<L> Section::first(std::initializer_list<std::string_view> columns,
     failFor(property);
 }
 
+dbsection::DerivedProperties Section::deriveProperties() const {
+    return dbsection::DeriveProperties(m_family->family->layout, RowInBaseUnits(*m_family, m_row),
+                                       weightDensity(m_catalogue->catalogue->density));
+}
+
 template <int L, int F>
 Measure<L, F> Section::derived(double dbsection::DerivedProperties::*member,
                                const char* property) const {
-    const dbsection::DerivedProperties all =
-        dbsection::DeriveProperties(m_family->family->layout, RowInBaseUnits(*m_family, m_row),
-                                    weightDensity(m_catalogue->catalogue->density));
-    if (all.*member == 0)
+    const double figure = deriveProperties().*member;
+    if (figure == 0)
         failFor(property);
-    return {all.*member, Unit<L, F>{1}};
+    return {figure, Unit<L, F>{1}};
 }
 
 Area Section::area() const { return first<2>({"AX"}, "area"); }
@@ -139,6 +142,8 @@ Length Section::minorRadius() const {
     return derived<1>(&dbsection::DerivedProperties::minorRadius, "radius of gyration");
 }
 WeightPerLength Section::weight() const {
+    if (const auto mass = parameters(); mass.contains("mass"))
+        return {mass.find("mass")->second, Unit<-1, 1>{1}};
     return derived<-1, 1>(&dbsection::DerivedProperties::weightPerLength, "weight");
 }
 
@@ -199,6 +204,19 @@ dbsection::SectionGeometry Section::shape() const {
     }
 }
 
+dbsection::SectionGeometry Section::agreedShape() const {
+    constexpr double Agreement = 0.02;
+    dbsection::SectionGeometry made = shape();
+    const double drawn = made.outline.Area();
+    const double kept = area().in("mm^2");
+    if (std::abs(drawn / kept - 1) > Agreement)
+        throw Error(SectionError::RuleBroken,
+                    m_catalogue->path + ": " + name() + " of table \"" + m_family->table +
+                        "\": its dimensions give an area of " + std::to_string(drawn) +
+                        " mm^2, its row has " + std::to_string(kept) + " mm^2.");
+    return made;
+}
+
 const RowOrigin* Section::rowOrigin() const {
     return m_row < m_family->origins.size() && m_family->origins[m_row] ? &*m_family->origins[m_row]
                                                                         : nullptr;
@@ -214,7 +232,9 @@ bool Section::isChanged() const { return rowOrigin() != nullptr && rowOrigin()->
 FigureSource Section::source(std::string_view column) const {
     const RowOrigin* const row = rowOrigin();
     const FamilyColumn* const data = m_family->find(column);
-    if (row == nullptr || row->isChanged || data == nullptr)
+    if (data == nullptr)
+        return derivedSource(column);
+    if (row == nullptr || row->isChanged)
         return FigureSource::Unknown;
     if (!data->figures.empty() && std::isnan(data->figures[m_row]))
         return FigureSource::NotPublished;

@@ -52,6 +52,13 @@ struct Column {
     std::string meaning; ///< empty where the layout does not know the column
 };
 
+/// What follows from a section's columns and shape, under a name and in a unit like a column:
+/// "Weight", "SZ" and "SY" (elastic moduli), "RZ" and "RY" (radii of gyration), the centroid, the
+/// principal angle, surfaces, and what classifies plates in compression.
+struct DerivedColumn : Column {
+    bool isDetail; ///< asked less often
+};
+
 /// One section: a row of a family.
 ///
 /// Axes: the major axis is that about which the section is stiffer as it stands, the minor axis is
@@ -69,6 +76,9 @@ public:
 
     /// The same; throws Error where there is none.
     Quantity operator[](std::string_view column) const;
+
+    /// The figure of one of the family's derived columns; nothing where it does not follow.
+    std::optional<Quantity> findDerived(std::string_view name) const;
 
     /// The text of a column, such as the product form of an alloy; nothing where it keeps none.
     std::optional<std::string_view> findText(std::string_view column) const;
@@ -97,7 +107,7 @@ public:
     Modulus minorElasticModulus() const;
     Length majorRadius() const; ///< of gyration
     Length minorRadius() const;
-    WeightPerLength weight() const; ///< of steel or aluminium, by the catalogue's density
+    WeightPerLength weight() const; ///< as published, or by the area and the material's density
 
     /// The angle in degrees, counter-clockwise as the outline lies, from the major axis to the
     /// principal axis about which the section is stiffest; 0 for those that are symmetric about an
@@ -110,6 +120,10 @@ public:
     dbsection::SectionGeometry shape() const;
     dbsection::Outline outline() const { return shape().outline; }
 
+    /// The shape where its area is, but for rounding and radii that are not published, the row's;
+    /// otherwise throws Error (SectionError::RuleBroken), telling both.
+    dbsection::SectionGeometry agreedShape() const;
+
     /// The figures that it keeps, by the columns of its layout, in mm and N.
     dbsection::Figures figures() const;
 
@@ -117,7 +131,7 @@ public:
     /// picture of the catalogue.
     const Origin* origin() const;
 
-    /// Where the figure of a column comes from.
+    /// Where the figure of a column, or of a derived one, comes from.
     FigureSource source(std::string_view column) const;
 
     /// Whether names or figures are not those with which the file was built. False where it does
@@ -142,6 +156,8 @@ private:
           m_row(row) {}
 
     const RowOrigin* rowOrigin() const;
+    dbsection::DerivedProperties deriveProperties() const;
+    FigureSource derivedSource(std::string_view name) const;
 
     template <int L>
     Measure<L> first(std::initializer_list<std::string_view> columns, const char* property) const;
@@ -233,6 +249,11 @@ public:
     int sectionType() const;         ///< the catalogue's number of it
     LayoutId layout() const;
     const std::vector<Column>& columns() const;
+
+    /// What follows besides, where the table has no column of that name: in lengths, areas and
+    /// weights of the family's system of units.
+    std::vector<DerivedColumn> derivedColumns() const;
+
     Catalogue catalogue() const;
 
     std::size_t size() const;
