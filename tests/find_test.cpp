@@ -1,6 +1,7 @@
 // Sections found by names as people type them, over all catalogues.
 #include "ProgramSupport.h"
 #include "records/CatalogueList.h"
+#include "sections/Error.h"
 #include "sections/Library.h"
 #include "sections/NameIndex.h"
 #include "sources/CsvTable.h"
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <memory>
+#include <sstream>
 
 using namespace testsupport;
 using dbsection::CsvTable;
@@ -90,6 +92,52 @@ TEST_F(FindTest, SuggestsWhatWasMeant) {
     EXPECT_TRUE(names->nearest("what no section is called").empty());
     EXPECT_TRUE(names->find("").empty());
     EXPECT_TRUE(names->find(" - ").empty());
+}
+
+TEST_F(FindTest, KnowsHowNamesBegin) {
+    const std::vector<Hit> hits = names->beginning("w12x2");
+    const auto in = [&](const char* name) {
+        return std::ranges::count_if(hits,
+                                     [&](const Hit& hit) { return hit.section.name() == name; });
+    };
+    EXPECT_EQ(in("W12X26"), 1);
+    EXPECT_EQ(in("W12X22"), 1);
+    EXPECT_EQ(in("W12X210"), 1);
+    EXPECT_EQ(in("W12X30"), 0);
+    EXPECT_TRUE(names->beginning("-").empty());
+    const std::string options = " --folder " + folder->Path();
+    EXPECT_NE(Program("find --like 'hea 28' --csv" + options)
+                  .output.find("\nEuropean,HE Shape,HE280A,HE 280 A,exact\n"),
+              std::string::npos);
+    EXPECT_EQ(Program("find --like 'hea 281'" + options).status, 1);
+    EXPECT_EQ(Program("find" + options).status, 2);
+    EXPECT_EQ(Program("find IPE300 --like IPE" + options).status, 2);
+}
+
+TEST_F(FindTest, KnowsCataloguesByTheirUsualNames) {
+    using sections::Library;
+    for (const auto& [name, number] :
+         std::initializer_list<std::pair<const char*, int>>{{"US", 1},
+                                                            {"aisc", 1},
+                                                            {"AS/NZS", 2},
+                                                            {"uk", 3},
+                                                            {"GB/T", 5},
+                                                            {"EN", 7},
+                                                            {"7", 7},
+                                                            {"IS", 10},
+                                                            {"\u0433\u043E\u0441\u0442", 12},
+                                                            {"south africa", 13},
+                                                            {"ColdFormed (Japanse)", 29},
+                                                            {"jis coldformed", 29},
+                                                            {"brazilsections", 36}})
+        EXPECT_EQ(Library::numberOf(name), number) << name;
+    for (const char* name : {"", "-", "0", "38", "1001", "User tables", "Atlantis"})
+        EXPECT_THROW(Library::numberOf(name), sections::Error) << name;
+    for (const SectionCatalogue& catalogue : GetCatalogues().first(LastCatalogueIndex)) {
+        std::istringstream usual(catalogue.usualNames);
+        for (std::string name; std::getline(usual, name, ';');)
+            EXPECT_EQ(Library::numberOf(name), catalogue.index) << name;
+    }
 }
 
 TEST_F(FindTest, NeverTakesANearNameForTheOneThatWasAskedFor) {

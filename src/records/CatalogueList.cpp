@@ -1,7 +1,10 @@
 #include "records/CatalogueList.h"
 
+#include "records/NameKey.h"
+
 #include <algorithm>
 #include <array>
+#include <string>
 
 namespace {
 
@@ -31,11 +34,27 @@ constexpr ShapeType::Code ShapeOf(LayoutId layout) {
 
 constexpr std::array Catalogues{
 #define SECTION_CATALOGUE(index, Class, Record, stem, name, density)                               \
-    SectionCatalogue{index, stem, name, density, FamiliesOf##index},
+    SectionCatalogue{index, stem, name, density, FamiliesOf##index
+#define SECTION_USUAL_NAMES(names) , names
+#define SECTION_END_CATALOGUE(index)                                                               \
+    }                                                                                              \
+    ,
 #include "records/Catalogues.def"
 };
 static_assert(std::ranges::is_sorted(Catalogues, {}, &SectionCatalogue::index));
 static_assert(Catalogues[LastCatalogueIndex - 1].index == LastCatalogueIndex);
+
+bool IsCalled(const SectionCatalogue& catalogue, const dbsection::NameKey& wanted) {
+    const std::string all =
+        std::string(catalogue.stem) + ";" + catalogue.name + ";" + catalogue.usualNames;
+    for (std::size_t begin = 0; begin <= all.size();) {
+        const std::size_t end = std::min(all.find(';', begin), all.size());
+        if (dbsection::NameKey(all.substr(begin, end - begin)) == wanted)
+            return true;
+        begin = end + 1;
+    }
+    return false;
+}
 
 } // namespace
 
@@ -44,4 +63,14 @@ std::span<const SectionCatalogue> GetCatalogues() { return Catalogues; }
 const SectionCatalogue* FindCatalogue(int index) {
     const auto place = std::ranges::find(Catalogues, index, &SectionCatalogue::index);
     return place == Catalogues.end() ? nullptr : &*place;
+}
+
+const SectionCatalogue* FindCatalogue(std::string_view name) {
+    const dbsection::NameKey wanted(name);
+    const auto counted = GetCatalogues().first(LastCatalogueIndex);
+    const auto place = std::ranges::find_if(counted, [&](const SectionCatalogue& catalogue) {
+        return name == std::to_string(catalogue.index) ||
+               (!wanted.IsEmpty() && IsCalled(catalogue, wanted));
+    });
+    return place == counted.end() ? nullptr : &*place;
 }

@@ -8,6 +8,7 @@
 #include "records/SectionLayout.h"
 
 #include <span>
+#include <string_view>
 
 // Catalogue indices that are named, be it since something holds for that catalogue alone.
 inline constexpr int AmericanIndex = 1; ///< kept in inches and kips
@@ -38,6 +39,7 @@ struct SectionCatalogue {
     const char* name; ///< as it is displayed, the title of its files
     double density;   ///< of its material in kg/m^3; 0 where there are several
     std::span<const SectionFamily> families; ///< in the order in which table names are compared
+    const char* usualNames = "";             ///< separated by ";"
 };
 
 /// All catalogues, by ascending index.
@@ -45,3 +47,7 @@ DBSECTION_API std::span<const SectionCatalogue> GetCatalogues();
 
 /// The catalogue of that index, or null.
 DBSECTION_API const SectionCatalogue* FindCatalogue(int index);
+
+/// The catalogue, of those that are counted from 1, that a person names by its index, stem, display
+/// name or a usual name, in whatever spelling; or null.
+DBSECTION_API const SectionCatalogue* FindCatalogue(std::string_view name);

@@ -224,6 +224,17 @@ std::string NameKey::Text() const {
     return text;
 }
 
+bool NameKey::BeginsWith(const NameKey& typed) const {
+    const std::size_t count = typed.thousandths.size();
+    if (!letters.starts_with(typed.letters) || count > thousandths.size())
+        return false;
+    if (count == 0)
+        return true;
+    const auto last = typed.thousandths.end() - 1;
+    return std::equal(typed.thousandths.begin(), last, thousandths.begin()) &&
+           ShortNumber(thousandths[count - 1]).starts_with(ShortNumber(*last));
+}
+
 int NameDistance(std::string_view left, std::string_view right, int most) {
     const auto width = right.size() + 1;
     if (std::abs(std::ssize(left) - std::ssize(right)) > most)

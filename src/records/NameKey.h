@@ -30,6 +30,10 @@ struct DBSECTION_API NameKey {
     /// One text for each key, such as "HEA 200" or "W 12x26".
     std::string Text() const;
 
+    /// Whether a person who types this name may have typed that much: "W 12x2" of "W 12x26". The
+    /// letters may end before those of the name, the last number before its last digits.
+    bool BeginsWith(const NameKey& typed) const;
+
     bool operator==(const NameKey&) const = default;
 };
 

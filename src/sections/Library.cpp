@@ -2,12 +2,9 @@
 
 #include "dataaccess/CSectionException.h"
 #include "platform/Installation.h"
-#include "platform/Text.h"
 #include "records/CatalogueList.h"
 #include "sections/Error.h"
 
-#include <algorithm>
-#include <charconv>
 #include <system_error>
 
 namespace sections {
@@ -27,12 +24,6 @@ const SectionCatalogue& require(int number) {
 std::filesystem::path fileOf(const std::filesystem::path& folder,
                              const SectionCatalogue& catalogue) {
     return folder / (std::string(catalogue.stem) + ".db3");
-}
-
-bool isNumber(std::string_view text, int number) {
-    int value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    return error == std::errc() && end == text.data() + text.size() && value == number;
 }
 
 } // namespace
@@ -56,19 +47,13 @@ std::vector<int> Library::numbers() const {
 std::string Library::nameOf(int number) { return require(number).name; }
 
 int Library::numberOf(std::string_view name) {
-    using dbsection::EqualNoCase;
-    const auto place =
-        std::ranges::find_if(GetCatalogues(), [name](const SectionCatalogue& catalogue) {
-            return isInstalled(catalogue) &&
-                   (EqualNoCase(catalogue.name, name) || EqualNoCase(catalogue.stem, name) ||
-                    isNumber(name, catalogue.index));
-        });
-    if (place == GetCatalogues().end())
-        throw Error(SectionError::NoSuchItem,
-                    "There is no catalogue \"" + std::string(name) + "\"; give its number (1 to " +
-                        std::to_string(LastCatalogueIndex) +
-                        "), display name or file stem, such as \"American\".");
-    return place->index;
+    if (const SectionCatalogue* catalogue = FindCatalogue(name))
+        return catalogue->index;
+    throw Error(SectionError::NoSuchItem, "There is no catalogue \"" + std::string(name) +
+                                              "\"; give its number (1 to " +
+                                              std::to_string(LastCatalogueIndex) +
+                                              "), display name, file stem or usual name, such "
+                                              "as \"American\" or \"US\".");
 }
 
 Catalogue Library::open(int number) const {

@@ -35,8 +35,8 @@ public:
     /// The display name of a catalogue; throws Error for a number that is none.
     static std::string nameOf(int number);
 
-    /// The number of a catalogue by its number, file stem or display name, whatever the letter
-    /// case; throws Error.
+    /// The number of a catalogue by its number, file stem, display name or a usual name ("US",
+    /// "AISC", "EN"), in whatever spelling; throws Error.
     static int numberOf(std::string_view name);
 
     /// Reads a catalogue. Throws Error where it has no file, or Catalogue::read does.

@@ -73,6 +73,19 @@ std::vector<Hit> NameIndex::find(std::string_view typed) const {
     return hits;
 }
 
+std::vector<Hit> NameIndex::beginning(std::string_view typed) const {
+    const NameKey key(typed);
+    std::vector<Hit> hits;
+    if (key.IsEmpty())
+        return hits;
+    for (const Entry& entry : m_entries->names) {
+        const bool isKnown = !hits.empty() && isSame(hits.back().section, entry.section);
+        if (!isKnown && NameKey(entry.name).BeginsWith(key))
+            hits.push_back({entry.section, entry.match, entry.name});
+    }
+    return hits;
+}
+
 std::vector<Hit> NameIndex::nearest(std::string_view typed, std::size_t count) const {
     const NameKey key(typed);
     const std::string text = key.Text();

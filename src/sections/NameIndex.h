@@ -42,6 +42,9 @@ public:
     /// in the order of the catalogues.
     std::vector<Hit> find(std::string_view typed) const;
 
+    /// The sections of which a name begins so, each once, in the order of the catalogues.
+    std::vector<Hit> beginning(std::string_view typed) const;
+
     /// The sections whose names are most like it, each name once; fewer where few are like it.
     std::vector<Hit> nearest(std::string_view typed, std::size_t count = 3) const;
 

@@ -1,8 +1,7 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
-#include "commands/Suggestion.h"
+#include "commands/TypedNames.h"
 #include "output/Messages.h"
-#include "records/CatalogueList.h"
 
 #include <fmt/format.h>
 
@@ -11,30 +10,33 @@ namespace {
 
 class Find : public Command {
     void Declare(CLI::App& app) override {
-        app.add_option("name", m_name, "Section name, e.g. W12X26")->required();
+        auto* name = app.add_option("name", m_name, "Section name, e.g. W12X26");
+        app.add_option("--like", m_beginning, "Beginning of the names, in place of a whole one")
+            ->option_text("PREFIX")
+            ->excludes(name);
         m_form.Declare(app);
         m_catalogues.Declare(app);
     }
 
     void Run() const override {
+        if (m_name.empty() && m_beginning.empty())
+            throw UsageError("Name a section, or the beginning of names with --like.");
         const CatalogueFolder folder = m_catalogues.Folder();
-        std::vector<sections::Catalogue> catalogues;
         CatalogueFaults faults;
-        for (int number = 1; number <= LastCatalogueIndex; ++number)
-            faults.Try([&] {
-                if (!folder.FileOf(number).empty())
-                    catalogues.push_back(folder.Open(number));
-            });
+        std::vector<sections::Catalogue> catalogues = OpenAll(folder, faults);
         const std::size_t count = catalogues.size();
         const sections::NameIndex names(std::move(catalogues));
-        const std::vector<sections::Hit> hits = names.find(m_name);
+        const bool isWhole = m_beginning.empty();
+        const std::vector<sections::Hit> hits =
+            isWhole ? names.find(m_name) : names.beginning(m_beginning);
         if (!hits.empty())
             Print(TableOf(hits), m_form.Form());
         faults.ThrowIfAny();
         if (hits.empty())
             throw CommandError(fmt::format(
-                R"(There is no section "{}" in the {} catalogues in the folder "{}"; {})", m_name,
-                count, folder.Path(), Suggestion(names.nearest(m_name))));
+                R"(There is no section "{}{}" in the {} catalogues in the folder "{}"; {})",
+                isWhole ? m_name : m_beginning, isWhole ? "" : "...", count, folder.Path(),
+                Suggestion(names.nearest(isWhole ? m_name : m_beginning))));
     }
 
     static Table TableOf(const std::vector<sections::Hit>& hits) {
@@ -45,7 +47,8 @@ class Find : public Command {
         return table;
     }
 
-    std::string m_name;
+    std::string m_name;      // empty: by its beginning
+    std::string m_beginning; // empty: by the whole name
     FormOptions m_form;
     CatalogueOptions m_catalogues;
 };

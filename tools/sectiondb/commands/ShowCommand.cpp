@@ -1,8 +1,7 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
-#include "commands/Suggestion.h"
+#include "commands/TypedNames.h"
 #include "files/SectionColumns.h"
-#include "output/Messages.h"
 #include "records/CatalogueList.h"
 
 #include <fmt/format.h>
@@ -83,26 +82,9 @@ class Show : public Command {
         const char* catalogue = FindCatalogue(number)->name;
         const sections::Catalogue file = m_catalogues.Folder().Open(number);
         std::vector<Table> found; // a name may stand in several families
-        for (const sections::Section& section : SectionsNamed(file, catalogue))
+        for (const sections::Section& section : SectionsNamed(file, m_name))
             found.push_back(TableOf(catalogue, section, units));
         Print(found, m_form.Form());
-    }
-
-    /// Those of the name as it is typed, or else in whatever spelling, or else by an alias.
-    std::vector<sections::Section> SectionsNamed(const sections::Catalogue& file,
-                                                 const char* catalogue) const {
-        std::vector<sections::Section> found = file.findAll(m_name);
-        if (!found.empty())
-            return found;
-        const sections::NameIndex names({file});
-        const std::vector<sections::Hit> hits = names.find(m_name);
-        for (const sections::Hit& hit : hits)
-            if (hit.match == hits.front().match)
-                found.push_back(hit.section);
-        if (found.empty())
-            throw CommandError(fmt::format("There is no section \"{}\" in the catalogue {}; {}",
-                                           m_name, catalogue, Suggestion(names.nearest(m_name))));
-        return found;
     }
 
     std::string m_catalogue;

@@ -77,4 +77,14 @@ void CatalogueFaults::ThrowIfAny() const {
         throw CommandError(m_faults);
 }
 
+std::vector<sections::Catalogue> OpenAll(const CatalogueFolder& folder, CatalogueFaults& faults) {
+    std::vector<sections::Catalogue> catalogues;
+    for (int number = 1; number <= LastCatalogueIndex; ++number)
+        faults.Try([&] {
+            if (!folder.FileOf(number).empty())
+                catalogues.push_back(folder.Open(number));
+        });
+    return catalogues;
+}
+
 } // namespace dbsection

@@ -53,4 +53,7 @@ private:
     std::string m_faults;
 };
 
+/// The catalogues that have a file in the folder, in their order.
+std::vector<sections::Catalogue> OpenAll(const CatalogueFolder& folder, CatalogueFaults& faults);
+
 } // namespace dbsection

@@ -14,6 +14,12 @@ const char* TextOf(sections::Match match);
 /// The display name of the catalogue that a section is from.
 std::string CatalogueOf(const sections::Section& section);
 
+/// The sections of a catalogue that have the name as it is typed, or else in whatever spelling, or
+/// else as an alias: one at least, since a name may stand in several families. Throws CommandError,
+/// suggesting the nearest names, where there is none.
+std::vector<sections::Section> SectionsNamed(const sections::Catalogue& catalogue,
+                                             const std::string& typed);
+
 /// The end of a message that a name was not found: the names that are most like it, or how to list
 /// names.
 std::string Suggestion(const std::vector<sections::Hit>& near);

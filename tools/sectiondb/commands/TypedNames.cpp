@@ -1,6 +1,9 @@
-#include "commands/Suggestion.h"
+#include "commands/TypedNames.h"
 
+#include "output/Messages.h"
 #include "records/CatalogueList.h"
+
+#include <fmt/format.h>
 
 namespace dbsection {
 
@@ -20,6 +23,23 @@ const char* TextOf(sections::Match match) {
 
 std::string CatalogueOf(const sections::Section& section) {
     return FindCatalogue(section.family().catalogue().number())->name;
+}
+
+std::vector<sections::Section> SectionsNamed(const sections::Catalogue& catalogue,
+                                             const std::string& typed) {
+    std::vector<sections::Section> found = catalogue.findAll(typed);
+    if (!found.empty())
+        return found;
+    const sections::NameIndex names({catalogue});
+    const std::vector<sections::Hit> hits = names.find(typed);
+    for (const sections::Hit& hit : hits)
+        if (hit.match == hits.front().match)
+            found.push_back(hit.section);
+    if (found.empty())
+        throw CommandError(fmt::format("There is no section \"{}\" in the catalogue {}; {}", typed,
+                                       FindCatalogue(catalogue.number())->name,
+                                       Suggestion(names.nearest(typed))));
+    return found;
 }
 
 std::string Suggestion(const std::vector<sections::Hit>& near) {
