@@ -107,6 +107,22 @@ TEST(Table, IsTheSameInEveryForm) {
     EXPECT_EQ(JsonOf({&table, 1}), "[\n]\n");
 }
 
+TEST(Table, MarksComputedFigures) {
+    Table table({{"name"}, {"SZ", "in^3"}, {"RZ"}});
+    table.marksComputed = true;
+    table.rows = {{"W1", Figure{33.44262295081967, 1, true}, Figure{5.17}},
+                  {"W2", Figure{40}, Figure{WithoutNoise(6.099999999999996), 1, true}}};
+    EXPECT_EQ(TextOf({&table, 1}), "name       SZ     RZ\n"
+                                   "         in^3\n"
+                                   "W1    33.443*  5.17\n"
+                                   "W2        40    6.1*\n"
+                                   "* computed\n");
+    EXPECT_EQ(CsvOf({&table, 1}), "name,SZ,RZ,computed\n,in^3,,\nW1,33.44262295081967,5.17,SZ\n"
+                                  "W2,40,6.1,RZ\n");
+    EXPECT_NE(JsonOf({&table, 1}).find(R"("RZ": 6.1, "computed": "RZ", "units")"),
+              std::string::npos);
+}
+
 TEST(Table, OfSubjectsSaysWhatEachIs) {
     Table first({{"column"}, {"value"}});
     first.subject = {"W1 (US)", {{"catalogue", "US"}, {"name", "W1"}}, "properties"};

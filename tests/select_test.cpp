@@ -90,7 +90,8 @@ TEST_F(SelectTest, EveryFigureLiesBetweenBoundsThatAreThatFigure) {
         const std::string family = "European 'IPE Shape'" + unit;
         const CsvTable table = Selected(family + " --like IPE100AA");
         const auto& section = table.Records()[1];
-        for (const std::string& column : table.Columns().subspan(2)) {
+        const auto figures = table.Columns().subspan(2, table.Columns().size() - 3);
+        for (const std::string& column : figures) { // between the names and "computed"
             const std::string& figure = table.Text(section, column);
             std::string arguments = family;
             arguments.append(" --range ").append(column);
@@ -139,7 +140,10 @@ TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
         {"select American 'W Shape' --range ''", 2, "not FIELD:LOW:HIGH"},
         {"select American 'W Shape' --range D:tall:14", 2, "not FIELD:LOW:HIGH"},
         {"select American 'W Shape' --range D:nan:14", 2, "not FIELD:LOW:HIGH"},
-        {"select American 'W Shape' --range D:12:", 2, "not FIELD:LOW:HIGH"},
+        {"select American 'W Shape' --range D::", 2, "not FIELD:LOW:HIGH"},
+        {"select American 'W Shape' --range D:12: --range D:14:12", 2, "lower bound is above"},
+        {"select American 'W Shape' --limit -1", 2, "--limit"},
+        {"select American 'W Shape' --columns AX,H", 1, "There is no field \"H\""},
         {"select American 'W Shape' --range D:14:12", 2, "lower bound is above"},
         {"select American 'W Shape' --range name:1:2", 2, "field of texts"},
         {"select American 'W Shape' --range OD:1:2", 1, "fields are name, AX, D, BF"},
@@ -176,6 +180,28 @@ TEST_F(SelectTest, HonoursTheSelectionOfThePerson) {
     EXPECT_NE(unreadable.output.find("user.dbi"), std::string::npos) << unreadable.output;
     ::unsetenv("SECTIONDB_DBI");
     std::filesystem::remove(file);
+}
+
+// As the manual prints them, 103, 112 and 107 in^3.
+TEST_F(SelectTest, ChoosesByWhatFollowsFromTheTable) {
+    const CsvTable table = Selected(WShapes + "--range SZ:100: --range d:12:16 --sort weight "
+                                              "--limit 3 --columns Weight,AX,H/TW");
+    EXPECT_EQ(Names(table), (NameList{"W14X68", "W14X74", "W12X79"}));
+    EXPECT_EQ(std::vector(table.Columns().begin(), table.Columns().end()),
+              (NameList{"Name", "VessaName", "Weight", "AX", "H/TW", "computed"}));
+    const auto& first = table.Records()[1];
+    EXPECT_NEAR(table.Number(first, "H/TW"), 27.5, 0.1);
+    EXPECT_EQ(table.Text(first, "computed"), "Weight H/TW");
+    EXPECT_EQ(Names(Selected(WShapes + "--range SZ::5.2")), NameList{"W6X8.5"});
+}
+
+TEST_F(SelectTest, TellsWhatNoColumnHas) {
+    const std::string angle = On("show European 'L 200 x 100 x 10' --csv").output;
+    for (const char* row : {",SZ,93.343", ",ALPHA,14.74,deg,", ",CY,69.3,mm,"})
+        EXPECT_NE(angle.find(row), std::string::npos) << angle;
+    EXPECT_EQ(angle.find("BF/2TF"), std::string::npos);
+    const CsvTable zee = Selected("'EN cold-formed' RHS --limit 1 --columns SZ,Perimeter");
+    EXPECT_EQ(zee.Text(zee.Records()[1], "computed"), "SZ Perimeter");
 }
 
 TEST_F(SelectTest, TakesAFamilyByItsFirstWords) {

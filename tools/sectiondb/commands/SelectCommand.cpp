@@ -8,10 +8,12 @@
 #include "platform/Text.h"
 #include "sources/CsvTable.h"
 
+#include <CLI/Validators.hpp>
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <iterator>
+#include <limits>
 #include <optional>
 #include <set>
 
@@ -53,23 +55,31 @@ std::size_t FindColumn(const SectionTable& table, const std::string& field) {
 /// Bounds of a column in the chosen unit, both inclusive.
 struct Range {
     std::size_t column;
-    double low;
+    double low; ///< or an infinity, where there is none
     double high;
 
     /// Conversion leaves a rounding error: an exact text of the figure counts as reached.
     bool Holds(double value) const {
         constexpr double Rounding = 1e-12;
-        return value >= low - Rounding * std::abs(low) && value <= high + Rounding * std::abs(high);
+        return value >= low - Rounding * std::abs(value) &&
+               value <= high + Rounding * std::abs(value);
     }
 };
 
 Range ParseRange(const SectionTable& table, const std::string& text) {
+    constexpr double Infinity = std::numeric_limits<double>::infinity();
     const auto parts = Split(text, ':');
-    const auto low = parts.size() == 3 ? ParseNumber(parts[1]) : std::nullopt;
-    const auto high = parts.size() == 3 ? ParseNumber(parts[2]) : std::nullopt;
-    if (!low || !high)
-        throw UsageError(fmt::format(
-            "The range \"{}\" is not FIELD:LOW:HIGH with two numbers, e.g. D:12:14.", text));
+    const auto bound = [&](std::size_t part, double otherwise) {
+        return parts.size() != 3     ? std::nullopt
+               : parts[part].empty() ? std::optional(otherwise)
+                                     : ParseNumber(parts[part]);
+    };
+    const auto low = bound(1, -Infinity);
+    const auto high = bound(2, Infinity);
+    if (!low || !high || (parts[1].empty() && parts[2].empty()))
+        throw UsageError(fmt::format("The range \"{}\" is not FIELD:LOW:HIGH with two numbers, one "
+                                     "of which may be left out, e.g. D:12:14 or D:12:.",
+                                     text));
     if (*low > *high)
         throw UsageError(fmt::format(
             "The range \"{}\" is empty: its lower bound is above the upper one.", text));
@@ -100,16 +110,19 @@ std::vector<SortKey> ParseSort(const SectionTable& table, const std::string& tex
 
 /// What is asked for, as a person writes it.
 struct Wanted {
-    std::string prefix;               // of the VessaName, empty: any
-    std::optional<std::string> range; // "FIELD:LOW:HIGH"
-    std::string sort;                 // "FIELD[:desc],...", empty: as in the catalogue
+    std::string prefix;              // of the VessaName, empty: any
+    std::vector<std::string> ranges; // "FIELD:LOW:HIGH"
+    std::string sort;                // "FIELD[:desc],...", empty: as in the catalogue
+    std::size_t limit = std::numeric_limits<std::size_t>::max(); // of the sections
+    std::string columns; // "FIELD,...", empty: all that are asked often
 };
 
 /// The same in terms of the table.
 struct Criteria {
     std::string prefix;
-    std::optional<Range> range;
+    std::vector<Range> ranges;
     std::vector<SortKey> keys;
+    std::size_t limit;
 };
 
 Criteria ParseCriteria(const SectionTable& table, const Wanted& wanted) {
@@ -117,9 +130,9 @@ Criteria ParseCriteria(const SectionTable& table, const Wanted& wanted) {
         throw UsageError(fmt::format(
             "The prefix \"{}\" holds a quote, which no section's name can; leave it out.",
             wanted.prefix));
-    Criteria criteria{wanted.prefix, std::nullopt, ParseSort(table, wanted.sort)};
-    if (wanted.range)
-        criteria.range = ParseRange(table, *wanted.range);
+    Criteria criteria{wanted.prefix, {}, ParseSort(table, wanted.sort), wanted.limit};
+    for (const std::string& range : wanted.ranges)
+        criteria.ranges.push_back(ParseRange(table, range));
     return criteria;
 }
 
@@ -127,21 +140,26 @@ bool Meets(const Criteria& criteria, const SectionTable& table, const sections::
     const std::string_view name = section.programName();
     if (!EqualNoCase(name.substr(0, criteria.prefix.size()), criteria.prefix))
         return false;
-    if (!criteria.range)
-        return true;
-    const Table::Cell cell = CellAt(section, table.columns, criteria.range->column);
-    const auto* figure = std::get_if<Figure>(&cell);
-    return figure != nullptr && criteria.range->Holds(figure->Value());
+    return std::ranges::all_of(criteria.ranges, [&](const Range& range) {
+        const Table::Cell cell = CellAt(section, table.columns, range.column);
+        const auto* figure = std::get_if<Figure>(&cell);
+        return figure != nullptr && range.Holds(figure->Value());
+    });
 }
 
+/// A section, and what it is sorted by.
+struct Candidate {
+    sections::Section section;
+    std::vector<Table::Cell> keys;
+};
+
 /// Whether a section stands before another one. What is not known stands before all else.
-bool Precedes(const sections::Section& left, const sections::Section& right,
-              const SectionTable& table, std::span<const SortKey> keys) {
-    for (const auto& [column, isDescending] : keys) {
-        const Table::Cell a = CellAt(left, table.columns, column);
-        const Table::Cell b = CellAt(right, table.columns, column);
+bool Precedes(const Candidate& left, const Candidate& right, std::span<const SortKey> keys) {
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const Table::Cell& a = left.keys[i];
+        const Table::Cell& b = right.keys[i];
         if (a != b)
-            return isDescending ? b < a : a < b;
+            return keys[i].isDescending ? b < a : a < b;
     }
     return false;
 }
@@ -160,16 +178,36 @@ std::optional<std::set<std::int64_t>> SelectionOf(const sections::Family& family
 
 std::vector<sections::Section> Choose(const SectionTable& table, const Criteria& criteria) {
     const auto selection = SelectionOf(table.family);
-    std::vector<sections::Section> chosen;
-    std::ranges::copy_if(table.family.sections(), std::back_inserter(chosen),
-                         [&](const sections::Section& section) {
-                             return (!selection || selection->contains(section.recordNumber())) &&
-                                    Meets(criteria, table, section);
-                         });
-    std::ranges::stable_sort(chosen, [&](const auto& left, const auto& right) {
-        return Precedes(left, right, table, criteria.keys);
+    std::vector<Candidate> candidates;
+    for (const sections::Section& section : table.family.sections()) {
+        if ((selection && !selection->contains(section.recordNumber())) ||
+            !Meets(criteria, table, section))
+            continue;
+        Candidate& candidate = candidates.emplace_back(Candidate{section, {}});
+        for (const SortKey& key : criteria.keys)
+            candidate.keys.push_back(CellAt(section, table.columns, key.column));
+    }
+    std::ranges::stable_sort(candidates, [&](const Candidate& left, const Candidate& right) {
+        return Precedes(left, right, criteria.keys);
     });
+    std::vector<sections::Section> chosen;
+    for (std::size_t i = 0; i < std::min(criteria.limit, candidates.size()); ++i)
+        chosen.push_back(candidates[i].section);
     return chosen;
+}
+
+/// Both names and the columns that a person named, or else those that are asked often.
+std::vector<SectionColumn> PrintedColumns(const SectionTable& table, const std::string& named) {
+    const auto bookkeeping = table.columns.begin() + BookkeepingColumns;
+    std::vector<SectionColumn> columns(table.columns.begin(), bookkeeping);
+    if (named.empty())
+        std::copy_if(bookkeeping, table.columns.end(), std::back_inserter(columns),
+                     [](const SectionColumn& column) { return !column.isDetail; });
+    else
+        for (const std::string& field : Split(named, ','))
+            if (const std::size_t place = FindColumn(table, field); place >= BookkeepingColumns)
+                columns.push_back(table.columns[place]);
+    return columns;
 }
 
 class Select : public Command {
@@ -177,10 +215,16 @@ class Select : public Command {
         app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
         app.add_option("family", m_family, "Shape family, e.g. \"W Shape\"")->required();
         app.add_option("--like", m_wanted.prefix, "Beginning of the names")->option_text("PREFIX");
-        app.add_option("--range", m_wanted.range, "Bounds of a field, both included")
-            ->option_text("FIELD:LOW:HIGH");
+        app.add_option("--range", m_wanted.ranges,
+                       "Bounds of a field, both included; may stand several times")
+            ->option_text("FIELD:LOW:HIGH")
+            ->allow_extra_args(false);
         app.add_option("--sort", m_wanted.sort, "Order of the rows")
             ->option_text("FIELD[:desc],...");
+        app.add_option("--limit", m_wanted.limit, "The first ones alone")
+            ->option_text("NUMBER")
+            ->check(CLI::PositiveNumber);
+        app.add_option("--columns", m_wanted.columns, "What is printed")->option_text("FIELD,...");
         m_units.DeclareLength(app);
         m_form.Declare(app);
         m_catalogues.Declare(app);
@@ -195,8 +239,11 @@ class Select : public Command {
             throw CommandError(fmt::format("The family {} holds joists, which are chosen by span "
                                            "and load; name a catalogue of sections.",
                                            family.name()));
-        const SectionTable table{family, ColumnsOf(family, units)};
-        Print(TableOf(Choose(table, ParseCriteria(table, m_wanted)), table.columns), m_form.Form());
+        const SectionTable table{family, AllColumnsOf(family, units)};
+        const std::vector<SectionColumn> columns = PrintedColumns(table, m_wanted.columns);
+        Table chosen = TableOf(Choose(table, ParseCriteria(table, m_wanted)), columns);
+        chosen.marksComputed = true;
+        Print(chosen, m_form.Form());
     }
 
     std::string m_catalogue;

@@ -59,10 +59,14 @@ Table TableOf(const char* catalogue, const sections::Section& section, const Uni
                       {"aliases", AliasesOf(section)}},
                      "properties",
                      NotesOn(section)};
-    const std::vector<SectionColumn> columns = ColumnsOf(section.family(), units);
-    for (std::size_t i = BookkeepingColumns; i < columns.size(); ++i)
-        table.rows.push_back({columns[i].name, CellAt(section, columns, i), columns[i].unit,
-                              columns[i].meaning, TextOf(section.source(columns[i].name))});
+    const std::vector<SectionColumn> columns = AllColumnsOf(section.family(), units);
+    for (std::size_t i = BookkeepingColumns; i < columns.size(); ++i) {
+        Table::Cell cell = CellAt(section, columns, i);
+        if (columns[i].isDerived && std::holds_alternative<std::monostate>(cell))
+            continue; // it does not follow from what the section keeps
+        table.rows.push_back({columns[i].name, std::move(cell), columns[i].unit, columns[i].meaning,
+                              TextOf(section.source(columns[i].name))});
+    }
     return table;
 }
 

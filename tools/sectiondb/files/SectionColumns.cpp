@@ -22,6 +22,20 @@ std::vector<SectionColumn> ColumnsOf(const sections::Family& family, const UnitC
     return columns;
 }
 
+std::vector<SectionColumn> AllColumnsOf(const sections::Family& family, const UnitChoice& units) {
+    std::vector<SectionColumn> columns = ColumnsOf(family, units);
+    for (const sections::DerivedColumn& column : family.derivedColumns()) {
+        const auto& [label, factor] = InChosenUnits(column.unit, units);
+        columns.push_back({.name = column.name,
+                           .unit = label,
+                           .factor = factor,
+                           .meaning = column.meaning,
+                           .isDerived = true,
+                           .isDetail = column.isDetail});
+    }
+    return columns;
+}
+
 Table::Cell CellAt(const sections::Section& section, std::span<const SectionColumn> columns,
                    std::size_t index) {
     switch (index) {
@@ -34,13 +48,18 @@ Table::Cell CellAt(const sections::Section& section, std::span<const SectionColu
     default:
         break;
     }
-    const auto& [name, unit, factor, isText, meaning] = columns[index];
-    if (isText) {
-        const auto text = section.findText(name);
+    const SectionColumn& column = columns[index];
+    if (column.isText) {
+        const auto text = section.findText(column.name);
         return text ? Table::Cell(std::string(*text)) : Table::Cell();
     }
-    const auto quantity = section.find(name);
-    return quantity ? Table::Cell(Figure{quantity->figure(), factor}) : Table::Cell();
+    const auto quantity =
+        column.isDerived ? section.findDerived(column.name) : section.find(column.name);
+    if (!quantity)
+        return {};
+    const bool isComputed = section.source(column.name) == sections::FigureSource::Computed;
+    return Figure{column.isDerived ? WithoutNoise(quantity->figure()) : quantity->figure(),
+                  column.factor, isComputed};
 }
 
 Table TableOf(std::span<const sections::Section> sections, std::span<const SectionColumn> columns) {

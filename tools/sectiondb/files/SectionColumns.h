@@ -26,10 +26,16 @@ struct SectionColumn {
     double factor = 1;     ///< of the stored unit in that one
     bool isText = false;
     std::string meaning = {};
+    bool isDerived = false; ///< it is not in the table, but follows from it
+    bool isDetail = false;  ///< asked less often
 };
 
 /// Those of a family in the order of its table, bookkeeping included.
 std::vector<SectionColumn> ColumnsOf(const sections::Family& family, const UnitChoice& units = {});
+
+/// The same, and then the derived ones.
+std::vector<SectionColumn> AllColumnsOf(const sections::Family& family,
+                                        const UnitChoice& units = {});
 
 /// What a section has in a column, the index of which is that of the table.
 Table::Cell CellAt(const sections::Section& section, std::span<const SectionColumn> columns,

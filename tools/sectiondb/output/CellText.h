@@ -25,6 +25,20 @@ inline std::string CellText(const Table::Cell& cell, const CellWriter& writer) {
     return std::visit(writer, cell);
 }
 
+inline bool IsComputed(const Table::Cell& cell) {
+    const auto* figure = std::get_if<Figure>(&cell);
+    return figure != nullptr && figure->isComputed;
+}
+
+/// The names of the columns of a row whose figures are computed, separated by blanks.
+inline std::string ComputedColumns(const Table& table, const Table::Row& row) {
+    std::string names;
+    for (std::size_t i = 0; i < row.size(); ++i)
+        if (IsComputed(row[i]))
+            names.append(names.empty() ? "" : " ").append(table.columns[i].name);
+    return names;
+}
+
 /// Whether a column has a unit, so that units are to be written.
 inline bool HasUnits(const Table& table) {
     return std::ranges::any_of(table.columns,

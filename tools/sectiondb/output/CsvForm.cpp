@@ -32,6 +32,10 @@ std::string HeadOf(const Table& table) {
         names.Add(CsvText(column.name));
         units.Add(CsvText(column.unit));
     }
+    if (table.marksComputed) {
+        names.Add("computed");
+        units.Add("");
+    }
     return names.End() + (HasUnits(table) ? units.End() : "");
 }
 
@@ -46,6 +50,8 @@ std::string CsvOf(std::span<const Table> tables) {
                 line.Add(CsvText(value));
             for (const Table::Cell& cell : row)
                 line.Add(CellText(cell, Writer));
+            if (table.marksComputed)
+                line.Add(CsvText(ComputedColumns(table, row)));
             text += line.End();
         }
     return text;

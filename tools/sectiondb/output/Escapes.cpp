@@ -74,6 +74,11 @@ std::string JsonText(std::string_view text) {
     return '"' + Escaped(text, backslash) + '"';
 }
 
+std::size_t WidthOf(std::string_view text) {
+    const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
+    return static_cast<std::size_t>(std::ranges::count_if(text, begins));
+}
+
 std::string CsvText(std::string_view text) {
     const auto second = [](char32_t c) { return c == '"' ? "\"" : ""; };
     const std::string field = Escaped(text, second);

@@ -65,10 +65,18 @@ bool ConvertsBack(double decimal, const Figure& figure) {
 
 } // namespace
 
+double WithoutNoise(double computed) {
+    constexpr int Digits = 13;
+    return std::isfinite(computed) ? RoundedTo(computed, Digits) : computed;
+}
+
 std::string ReadableText(const Figure& figure) {
     const double value = figure.Value();
     if (!std::isfinite(value))
         return fmt::format("{}", value);
+    constexpr int ComputedDigits = 5;
+    if (figure.isComputed)
+        return Written(RoundedTo(value, ComputedDigits));
     if (figure.factor == 1)
         return Written(value);
     constexpr int FewestDigits = 4;

@@ -11,12 +11,17 @@ namespace dbsection {
 struct Figure {
     double stored;
     double factor = 1;
+    bool isComputed = false; ///< rather than published: five digits of it are told to a person
 
     double Value() const { return stored * factor; }
 
     // NOLINTNEXTLINE(modernize-use-nullptr): taken for a null pointer by mistake
     auto operator<=>(const Figure&) const = default;
 };
+
+/// A computed figure without what rounding in the course of computing has left: 6.1 in place of
+/// 6.099999999999996.
+double WithoutNoise(double computed);
 
 /// For a person. A stored figure has the digits that it is published with; a converted one has a
 /// digit more, so that none is lost, and at least four, since a file does not keep the zeros at the

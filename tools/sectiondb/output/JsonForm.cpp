@@ -35,6 +35,8 @@ std::string RowsOf(const Table& table, const std::string& indent) {
         JsonList members;
         for (std::size_t i = 0; i < row.size(); ++i)
             members.AddMember(table.columns[i].name, CellText(row[i], Writer));
+        if (table.marksComputed)
+            members.AddMember("computed", JsonText(ComputedColumns(table, row)));
         if (!units.empty())
             members.AddMember("units", units);
         rows.push_back(members.Object());

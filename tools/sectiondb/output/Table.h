@@ -37,6 +37,7 @@ struct Table {
     explicit Table(std::vector<Column> itsColumns) : columns(std::move(itsColumns)) {}
 
     Subject subject;
+    bool marksComputed = false; ///< figures that are computed are told apart from published ones
     std::vector<Column> columns;
     std::vector<Row> rows;
 };
@@ -47,15 +48,18 @@ enum class TableForm { Text, Csv, Json };
 void Print(std::span<const Table> tables, TableForm form);
 inline void Print(const Table& table, TableForm form) { Print({&table, 1}, form); }
 
-/// For a person: columns side by side, their names and units above, "-" where nothing is known.
+/// For a person: columns side by side, their names and units above, "-" where nothing is known, "*"
+/// behind a figure that is marked as computed.
 std::string TextOf(std::span<const Table> tables);
 
 /// Comma-separated text: a line of names, one of units where there are any, the rows, which begin
-/// with the facts of their subject.
+/// with the facts of their subject. Where computed figures are marked, a last column "computed" has
+/// the names of their columns.
 std::string CsvOf(std::span<const Table> tables);
 
 /// An array of objects, the cells by column name, and the units by column name under "units" where
-/// there are any. Tables with a subject are objects themselves, of its facts and their rows.
+/// there are any; "computed" is as in CSV. Tables with a subject are objects themselves, of its
+/// facts and their rows.
 std::string JsonOf(std::span<const Table> tables);
 
 } // namespace dbsection

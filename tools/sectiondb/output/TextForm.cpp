@@ -11,10 +11,14 @@ using Line = std::vector<std::string>;
 
 constexpr CellWriter Writer{"-", PlainText, ReadableText};
 
-/// Number of characters, of which an UTF-8 text has one for each byte that does not go on another.
-std::size_t WidthOf(const std::string& text) {
-    const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; };
-    return static_cast<std::size_t>(std::ranges::count_if(text, begins));
+/// The columns of which figures are marked, so that the others leave room for the mark.
+std::vector<bool> MarkedColumns(const Table& table) {
+    std::vector<bool> isMarked(table.columns.size(), false);
+    if (table.marksComputed)
+        for (const Table::Row& row : table.rows)
+            for (std::size_t i = 0; i < row.size(); ++i)
+                isMarked[i] = isMarked[i] || IsComputed(row[i]);
+    return isMarked;
 }
 
 std::vector<Line> LinesOf(const Table& table) {
@@ -24,10 +28,13 @@ std::vector<Line> LinesOf(const Table& table) {
         if (lines.size() > 1)
             lines[1].push_back(PlainText(column.unit));
     }
+    const std::vector<bool> isMarked = MarkedColumns(table);
     for (const Table::Row& row : table.rows) {
         Line& line = lines.emplace_back();
-        for (const Table::Cell& cell : row)
-            line.push_back(CellText(cell, Writer));
+        for (std::size_t i = 0; i < row.size(); ++i)
+            line.push_back(CellText(row[i], Writer) + (!isMarked[i]         ? ""
+                                                       : IsComputed(row[i]) ? "*"
+                                                                            : " "));
     }
     return lines;
 }
@@ -73,6 +80,9 @@ std::string TextOf(std::span<const Table> tables) {
         text += Aligned(table);
         for (const std::string& note : table.subject.notes)
             text += "  " + PlainText(note) + '\n';
+        const std::vector<bool> isMarked = MarkedColumns(table);
+        if (std::ranges::find(isMarked, true) != isMarked.end())
+            text += "* computed\n";
     }
     return text;
 }
