@@ -31,17 +31,18 @@ public:
         }
     }
 
-    void DrawDimensions() {
-        const double depth = m_extent.high.y - m_extent.low.y;
-        const double width = m_extent.high.z - m_extent.low.z;
-        const double left = m_extent.low.z - 0.28 * m_size;
-        const double below = m_extent.low.y - 0.28 * m_size;
-        Dimension({left, m_extent.low.y}, {left, m_extent.high.y}, {0.1 * m_size, 0});
-        Text({left - 0.5 * m_letter, (m_extent.low.y + m_extent.high.y) / 2}, DrawnNumber(depth),
-             90);
-        Dimension({m_extent.low.z, below}, {m_extent.high.z, below}, {0, 0.1 * m_size});
-        Text({(m_extent.low.z + m_extent.high.z) / 2, below + 0.5 * m_letter}, DrawnNumber(width),
-             0);
+    void DrawDimensions(const Legend& legend) {
+        const auto length = [&](double millimetres) {
+            return DrawnNumber(millimetres * legend.lengthFactor) +
+                   (legend.lengthUnit.empty() ? "" : " ") + legend.lengthUnit;
+        };
+        const auto& [low, high] = m_extent;
+        const double left = low.z - 0.28 * m_size;
+        const double below = low.y - 0.28 * m_size;
+        Dimension({left, low.y}, {left, high.y}, {0.22 * m_size, 0});
+        Text({left - 0.5 * m_letter, (low.y + high.y) / 2}, length(high.y - low.y), 90);
+        Dimension({low.z, below}, {high.z, below}, {0, 0.22 * m_size});
+        Text({(low.z + high.z) / 2, below + 0.5 * m_letter}, length(high.z - low.z), 0);
     }
 
     void Write(const Legend& legend) {
@@ -118,7 +119,7 @@ Extent ExtentOf(const Drawing& drawing) {
     }
     for (const DrawnText& text : drawing.texts) {
         const double length = 0.8 * text.height * static_cast<double>(LettersIn(text.text));
-        add({text.at.z - text.height, text.at.y - text.height});
+        add({text.at.z - 1.5 * text.height, text.at.y - text.height});
         if (text.anchor == DrawnText::Anchor::Left)
             add({text.at.z + length, text.at.y + text.height});
     }
@@ -155,7 +156,7 @@ Drawing DrawSection(const Outline& outline, const Legend& legend) {
     Drawing drawing{outline, {}, {}, {}};
     Draughtsman draughtsman(outline, drawing);
     draughtsman.DrawAxes(outline);
-    draughtsman.DrawDimensions();
+    draughtsman.DrawDimensions(legend);
     draughtsman.Write(legend);
     drawing.extent = ExtentOf(drawing);
     return drawing;

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -46,6 +47,8 @@ struct Legend {
     std::string subtitle{};                                    ///< e.g. catalogue and standard
     std::vector<std::pair<std::string, std::string>> values{}; ///< symbol and figure with its unit
     std::vector<std::string> remarks{};                        ///< e.g. an assumed radius
+    std::string lengthUnit{}; ///< in which dimensions are written; empty: mm, which is not told
+    double lengthFactor = 1;  ///< a mm in that unit
 };
 
 struct Drawing {
@@ -64,6 +67,9 @@ DBSECTION_API Drawing DrawSection(const Outline& outline, const Legend& legend);
 /// As a picture for browsers: Scalable Vector Graphics 1.1, in colours that follow the page it
 /// stands in (`currentColor`), a group a layer.
 DBSECTION_API std::string Svg(const Drawing& drawing);
+
+/// A text as SVG has it.
+DBSECTION_API std::string SvgText(std::string_view text);
 
 /// The data of an SVG path of the outline alone.
 DBSECTION_API std::string SvgPath(const Outline& outline);

@@ -8,28 +8,6 @@
 namespace dbsection {
 namespace {
 
-std::string Escaped(std::string_view text) {
-    std::string escaped;
-    for (const char c : text)
-        switch (c) {
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        case '"':
-            escaped += "&quot;";
-            break;
-        default: // a control character has no place in the format
-            escaped += c >= 0 && c < ' ' ? ' ' : c;
-        }
-    return escaped;
-}
-
 /// In the picture y goes downwards.
 std::string At(Point point) { return DrawnNumber(point.z) + " " + DrawnNumber(-point.y); }
 
@@ -59,10 +37,32 @@ std::string TextElement(const DrawnText& text) {
         element += " text-anchor=\"middle\"";
     if (text.angle != 0)
         element += " transform=\"rotate(" + DrawnNumber(-text.angle) + " " + At(text.at) + ")\"";
-    return element + ">" + Escaped(text.text) + "</text>\n";
+    return element + ">" + SvgText(text.text) + "</text>\n";
 }
 
 } // namespace
+
+std::string SvgText(std::string_view text) {
+    std::string escaped;
+    for (const char c : text)
+        switch (c) {
+        case '&':
+            escaped += "&amp;";
+            break;
+        case '<':
+            escaped += "&lt;";
+            break;
+        case '>':
+            escaped += "&gt;";
+            break;
+        case '"':
+            escaped += "&quot;";
+            break;
+        default: // a control character has no place in the format
+            escaped += c >= 0 && c < ' ' ? ' ' : c;
+        }
+    return escaped;
+}
 
 std::string SvgPath(const Outline& outline) {
     std::string path;

@@ -212,8 +212,9 @@ dbsection::SectionGeometry Section::agreedShape() const {
     if (std::abs(drawn / kept - 1) > Agreement)
         throw Error(SectionError::RuleBroken,
                     m_catalogue->path + ": " + name() + " of table \"" + m_family->table +
-                        "\": its dimensions give an area of " + std::to_string(drawn) +
-                        " mm^2, its row has " + std::to_string(kept) + " mm^2.");
+                        "\": its dimensions give an area of " +
+                        std::to_string(std::llround(drawn)) + " mm^2, its row has " +
+                        std::to_string(std::llround(kept)) + " mm^2.");
     return made;
 }
 

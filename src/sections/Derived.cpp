@@ -107,7 +107,8 @@ bool ofWebs(LayoutId layout) { return layout == LayoutId::IShape || layout == La
 bool ofRoundTubes(LayoutId layout) { return layout == LayoutId::RoundTube; }
 
 constexpr std::array Rules{
-    DerivedRule{"Weight", "weight per length", Told::Weight, weight, ofAny},
+    DerivedRule{"Weight", "weight per length, that of the area where none is published",
+                Told::Weight, weight, ofAny},
     DerivedRule{"SZ", "elastic modulus about the major axis, at the extreme fibre", Told::Modulus,
                 property<&DerivedProperties::majorModulus>, ofAny},
     DerivedRule{"SY", "elastic modulus about the minor axis, at the extreme fibre", Told::Modulus,

@@ -1,31 +1,18 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
+#include "files/WholeFile.h"
 #include "output/Escapes.h"
 #include "output/Messages.h"
 #include "output/Progress.h"
 #include "page/Page.h"
 #include "page/PageData.h"
-#include "platform/FileSystem.h"
 #include "records/CatalogueList.h"
 
 #include <fmt/format.h>
 #include <set>
-#include <system_error>
 
 namespace dbsection {
 namespace {
-
-/// Of another ending may be a catalogue, which a slip must not replace.
-void RequirePageName(const std::string& path) {
-    if (!path.ends_with(".html"))
-        throw UsageError(fmt::format("{}: the name of a page ends with .html.", path));
-}
-
-void Write(const std::string& path, std::string_view page) {
-    if (const int error = ReplaceFile(path.c_str(), page); error != 0)
-        throw CommandError(fmt::format("{}: the page cannot be written: {}; name another file.",
-                                       path, std::generic_category().message(error)));
-}
 
 class Page : public Command {
     void Declare(CLI::App& app) override {
@@ -39,12 +26,12 @@ class Page : public Command {
     }
 
     void Run() const override {
-        RequirePageName(m_output);
+        RequireEnding(m_output, ".html", "a page");
         const std::vector<sections::Catalogue> catalogues = Open(m_catalogues.Folder());
         std::size_t size = 0;
         for (const sections::Catalogue& catalogue : catalogues)
             size += catalogue.size();
-        Write(m_output, PageOf(DataOf(catalogues, size)));
+        WriteWholeFile(m_output, PageOf(DataOf(catalogues, size)), "the page");
         fmt::print("{}: {} catalogues, {} sections\n", PlainText(m_output), catalogues.size(),
                    size);
     }
