@@ -153,3 +153,45 @@ TEST_F(FindTest, NeverTakesANearNameForTheOneThatWasAskedFor) {
                   .output.find(R"("name": "HE 200 A", "match": "exact")"),
               std::string::npos);
 }
+
+TEST_F(FindTest, ComparesSectionsInTheUnitsOfTheFirst) {
+    const std::string options = " --csv --folder " + folder->Path();
+    const std::string table = Program("compare US:W12X26 'EN:IPE 300'" + options).output;
+    for (const char* row :
+         {"property,unit,American:W12X26,European:IPE 300,ratio\n", "\nAX,in^2,7.65,8.339",
+          ",1.090\n", "\nIZ,in^4,204,200.8", ",0.985\n", "\nWeight,lb/ft,26.0"})
+        EXPECT_NE(table.find(row), std::string::npos) << row << table;
+    EXPECT_NE(Program("compare 'w 14 x 90' W14X99 W14X109" + options)
+                  .output.find("\nAX,in^2,26.5,29.1,32,1.098,1.208\n"),
+              std::string::npos);
+    struct {
+        const char* arguments;
+        int status;
+        const char* message;
+    } const faults[] = {
+        {"compare W12X26", 2, "two sections or more"},
+        {"compare W12X26 'L 100x100x10'", 1, "Several sections are called \"L 100x100x10\""},
+        {"compare W12X26 W12X27", 1, "did you mean"},
+        {"compare W12X26 Mars:W12X26", 1, "There is no catalogue \"Mars\""},
+        {"equivalent US W12X26 --limit 0", 2, "no whole number"},
+        {"equivalent US W12X26 --in Mars", 1, "There is no catalogue"},
+        {"equivalent Aluminium 6061-T6", 1, "has no area, moments of inertia and depth"},
+    };
+    for (const auto& [arguments, status, message] : faults) {
+        const Outcome outcome = Program(arguments + options);
+        EXPECT_EQ(outcome.status, status) << arguments;
+        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
+    }
+}
+
+TEST_F(FindTest, FindsSectionsOfOtherStandards) {
+    const std::string options = " --csv --folder " + folder->Path();
+    const std::string british = Program("equivalent US W12X26 --in UK --limit 1" + options).output;
+    EXPECT_NE(
+        british.find("\nBritish,UB Shape,UB 305 x 165 x 40,EN 10365:2017,3.7,3.9,0.1,6.1,-2.1\n"),
+        std::string::npos)
+        << british;
+    const std::string all = Program("equivalent EN 'IPE 300'" + options).output;
+    EXPECT_EQ(all.find("EN 10365"), std::string::npos) << all;
+    EXPECT_EQ(std::ranges::count(all, '\n'), 12); // names, units, ten sections
+}

@@ -142,7 +142,7 @@ TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
         {"select American 'W Shape' --range D:nan:14", 2, "not FIELD:LOW:HIGH"},
         {"select American 'W Shape' --range D::", 2, "not FIELD:LOW:HIGH"},
         {"select American 'W Shape' --range D:12: --range D:14:12", 2, "lower bound is above"},
-        {"select American 'W Shape' --limit -1", 2, "--limit"},
+        {"select American 'W Shape' --limit -1", 2, "no whole number above 0"},
         {"select American 'W Shape' --columns AX,H", 1, "There is no field \"H\""},
         {"select American 'W Shape' --range D:14:12", 2, "lower bound is above"},
         {"select American 'W Shape' --range name:1:2", 2, "field of texts"},

@@ -1,5 +1,11 @@
 #include "commands/Options.h"
 
+#include "output/Messages.h"
+
+#include <charconv>
+#include <fmt/format.h>
+#include <system_error>
+
 namespace dbsection {
 
 void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning) {
@@ -30,6 +36,21 @@ void FormOptions::Declare(CLI::App& app) {
 
 TableForm FormOptions::Form() const {
     return m_csv ? TableForm::Csv : m_json ? TableForm::Json : TableForm::Text;
+}
+
+void LimitOption::Declare(CLI::App& app, const char* meaning) {
+    app.add_option("--limit", m_text, meaning)->option_text("NUMBER");
+}
+
+std::size_t LimitOption::ValueOr(std::size_t otherwise) const {
+    if (m_text.empty())
+        return otherwise;
+    std::size_t value = 0;
+    const char* const end = m_text.data() + m_text.size();
+    const auto [stop, error] = std::from_chars(m_text.data(), end, value);
+    if (error != std::errc() || stop != end || value == 0)
+        throw UsageError(fmt::format("The limit \"{}\" is no whole number above 0.", m_text));
+    return value;
 }
 
 void UnitOptions::DeclareLength(CLI::App& app) {

@@ -7,6 +7,7 @@
 #include "output/UnitLabels.h"
 
 #include <CLI/App.hpp>
+#include <cstddef>
 #include <string>
 
 namespace dbsection {
@@ -34,6 +35,18 @@ public:
 private:
     bool m_csv = false;
     bool m_json = false;
+};
+
+/// How many rows are wanted at most.
+class LimitOption {
+public:
+    void Declare(CLI::App& app, const char* meaning);
+
+    /// `otherwise` without the option. Throws UsageError where it is no whole number above 0.
+    std::size_t ValueOr(std::size_t otherwise) const;
+
+private:
+    std::string m_text;
 };
 
 /// The units of printed figures.

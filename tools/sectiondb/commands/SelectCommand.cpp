@@ -8,7 +8,6 @@
 #include "platform/Text.h"
 #include "sources/CsvTable.h"
 
-#include <CLI/Validators.hpp>
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
@@ -113,8 +112,7 @@ struct Wanted {
     std::string prefix;              // of the VessaName, empty: any
     std::vector<std::string> ranges; // "FIELD:LOW:HIGH"
     std::string sort;                // "FIELD[:desc],...", empty: as in the catalogue
-    std::size_t limit = std::numeric_limits<std::size_t>::max(); // of the sections
-    std::string columns; // "FIELD,...", empty: all that are asked often
+    std::string columns;             // "FIELD,...", empty: all that are asked often
 };
 
 /// The same in terms of the table.
@@ -122,7 +120,6 @@ struct Criteria {
     std::string prefix;
     std::vector<Range> ranges;
     std::vector<SortKey> keys;
-    std::size_t limit;
 };
 
 Criteria ParseCriteria(const SectionTable& table, const Wanted& wanted) {
@@ -130,7 +127,7 @@ Criteria ParseCriteria(const SectionTable& table, const Wanted& wanted) {
         throw UsageError(fmt::format(
             "The prefix \"{}\" holds a quote, which no section's name can; leave it out.",
             wanted.prefix));
-    Criteria criteria{wanted.prefix, {}, ParseSort(table, wanted.sort), wanted.limit};
+    Criteria criteria{wanted.prefix, {}, ParseSort(table, wanted.sort)};
     for (const std::string& range : wanted.ranges)
         criteria.ranges.push_back(ParseRange(table, range));
     return criteria;
@@ -176,7 +173,8 @@ std::optional<std::set<std::int64_t>> SelectionOf(const sections::Family& family
     return std::set<std::int64_t>(numbers.begin(), numbers.end());
 }
 
-std::vector<sections::Section> Choose(const SectionTable& table, const Criteria& criteria) {
+std::vector<sections::Section> Choose(const SectionTable& table, const Criteria& criteria,
+                                      std::size_t limit) {
     const auto selection = SelectionOf(table.family);
     std::vector<Candidate> candidates;
     for (const sections::Section& section : table.family.sections()) {
@@ -191,7 +189,7 @@ std::vector<sections::Section> Choose(const SectionTable& table, const Criteria&
         return Precedes(left, right, criteria.keys);
     });
     std::vector<sections::Section> chosen;
-    for (std::size_t i = 0; i < std::min(criteria.limit, candidates.size()); ++i)
+    for (std::size_t i = 0; i < std::min(limit, candidates.size()); ++i)
         chosen.push_back(candidates[i].section);
     return chosen;
 }
@@ -221,9 +219,7 @@ class Select : public Command {
             ->allow_extra_args(false);
         app.add_option("--sort", m_wanted.sort, "Order of the rows")
             ->option_text("FIELD[:desc],...");
-        app.add_option("--limit", m_wanted.limit, "The first ones alone")
-            ->option_text("NUMBER")
-            ->check(CLI::PositiveNumber);
+        m_limit.Declare(app, "The first ones alone");
         app.add_option("--columns", m_wanted.columns, "What is printed")->option_text("FIELD,...");
         m_units.DeclareLength(app);
         m_form.Declare(app);
@@ -232,6 +228,7 @@ class Select : public Command {
 
     void Run() const override {
         const UnitChoice units = m_units.Choice();
+        const std::size_t limit = m_limit.ValueOr(std::numeric_limits<std::size_t>::max());
         const sections::Catalogue catalogue =
             m_catalogues.Folder().Open(sections::Library::numberOf(m_catalogue));
         const sections::Family family = FindFamily(catalogue, m_family);
@@ -241,7 +238,7 @@ class Select : public Command {
                                            family.name()));
         const SectionTable table{family, AllColumnsOf(family, units)};
         const std::vector<SectionColumn> columns = PrintedColumns(table, m_wanted.columns);
-        Table chosen = TableOf(Choose(table, ParseCriteria(table, m_wanted)), columns);
+        Table chosen = TableOf(Choose(table, ParseCriteria(table, m_wanted), limit), columns);
         chosen.marksComputed = true;
         Print(chosen, m_form.Form());
     }
@@ -249,6 +246,7 @@ class Select : public Command {
     std::string m_catalogue;
     std::string m_family;
     Wanted m_wanted;
+    LimitOption m_limit;
     UnitOptions m_units;
     FormOptions m_form;
     CatalogueOptions m_catalogues;
