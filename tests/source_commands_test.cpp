@@ -52,6 +52,8 @@ TEST(Sources, AreToldByTheDocumentation) {
         {"catalogues", "catalogues.md"},
         {"corrections", "corrections.md"},
         {"validation", "validation.md"},
+        {"families", "families.md"},
+        {"families --plot", "families.svg"},
         {"validation --plot", "validation.svg"}};
     for (const auto& [page, file] : pages) {
         const Outcome outcome = Program(std::string("sources ").append(page).append(" ") + data);

@@ -1,6 +1,7 @@
 #include "commands/Command.h"
 #include "commands/Options.h"
 #include "output/Messages.h"
+#include "sources/FamiliesPage.h"
 #include "sources/MisprintCount.h"
 #include "sources/SourcePages.h"
 #include "sources/TablePlans.h"
@@ -9,6 +10,7 @@
 #include <fmt/format.h>
 #include <map>
 #include <set>
+#include <span>
 
 namespace dbsection {
 namespace {
@@ -95,7 +97,14 @@ class Check : public SourcesCommand {
     FormOptions m_form;
 };
 
-class Validation : public SourcesCommand {
+/// A page about all families that a catalogue shows, by name, and a picture of it.
+class FamilyPages : public SourcesCommand {
+protected:
+    using Write = std::string (*)(std::span<const SourceFamily* const> families);
+
+    FamilyPages(Write page, Write plot) : m_page(page), m_plot(plot) {}
+
+private:
     void Declare(CLI::App& app) override {
         SourcesCommand::Declare(app);
         app.add_flag("--plot", m_isPlot, "The picture of the page, as SVG");
@@ -111,12 +120,26 @@ class Validation : public SourcesCommand {
         families.reserve(byName.size());
         for (const auto& [name, family] : byName)
             families.push_back(family);
-        fmt::print("{}", m_isPlot ? ValidationPlot(families) : ValidationPage(families));
+        fmt::print("{}", (m_isPlot ? m_plot : m_page)(families));
     }
 
+    Write m_page;
+    Write m_plot;
     bool m_isPlot = false;
 };
 
+class Validation : public FamilyPages {
+public:
+    Validation() : FamilyPages(ValidationPage, ValidationPlot) {}
+};
+
+class Families : public FamilyPages {
+public:
+    Families() : FamilyPages(FamiliesPage, FamiliesPlot) {}
+};
+
+const CommandEntry families("sources families", "Print the page of all families, drawn",
+                            Make<Families>);
 const CommandEntry validation("sources validation", "Print the page of all deviations",
                               Make<Validation>);
 const CommandEntry check("sources check", "Count the misprints that would pass", Make<Check>);
