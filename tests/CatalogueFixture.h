@@ -141,4 +141,13 @@ private:
     DatabaseHandle m_db;
 };
 
+/// Makes a catalogue one of user tables, by its title.
+inline void MakeUserTables(const CatalogueFile& file) {
+    CSectionRecordset info(file.Database());
+    info.Open(CSectionRecordset::Table, "DBInfo");
+    info.Edit();
+    info.SetFieldValue(0, "User tables");
+    info.Update();
+}
+
 } // namespace testsupport

@@ -207,12 +207,14 @@ TEST_F(ProvenanceTest, IsNotThereInFilesThatWereNotBuiltFromSources) {
     EXPECT_TRUE(pipe.aliases().empty());
     EXPECT_TRUE(pipe.parameters().empty());
     EXPECT_TRUE(pipe.family().origins().empty());
+    EXPECT_NEAR(pipe.outline().Area(), 1492.3, 0.1);
     ASSERT_EQ(Program("user add " + mine +
-                      " Tube T AX=35 D=100 B=100 T=10 IZ=460 IX=760 IY=460 ZZ=115 ZY=115")
+                      " General G AX=35 D=100 B=100 IZ=460 IX=760 IY=460 SZ=92 SY=92 ZZ=115 ZY=115 "
+                      "AZ=17 AY=17")
                   .status,
               0);
-    EXPECT_THROW(sections::UserFile(mine).read().at("T").outline(), sections::Error)
-        << "nothing tells its corners";
+    EXPECT_THROW(sections::UserFile(mine).read().at("G").outline(), sections::Error)
+        << "nothing tells its shape";
 }
 
 TEST_F(ProvenanceTest, StaysOutOfListings) {

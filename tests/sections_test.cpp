@@ -280,11 +280,7 @@ TEST_F(SectionsTest, AreChangedTogetherOrNotAtAll) {
     {
         CatalogueFile file(path);
         file.AddTable("Pipe", LayoutId::RoundTube, {{"P1", "P1", {4.5, 0.25, 3.34}}});
-        CSectionRecordset info(file.Database());
-        info.Open(CSectionRecordset::Table, "DBInfo");
-        info.Edit();
-        info.SetFieldValue(0, "User tables");
-        info.Update();
+        MakeUserTables(file);
     }
     const sections::UserFile mine(path);
     {
@@ -306,7 +302,10 @@ TEST_F(SectionsTest, AreChangedTogetherOrNotAtAll) {
     EXPECT_DOUBLE_EQ(both.at("P60.3X5")["OD"].figure(), 60.3 / 25.4);
     {
         sections::Change change = mine.change();
-        change.update(both.at("P1"), {.name = "P one", .figures = {{"T", {1, "in"}}}});
+        EXPECT_THROW(change.update(both.at("P1"), {.figures = {{"T", {1, "in"}}}}), sections::Error)
+            << "its area is that of another wall";
+        change.update(both.at("P1"),
+                      {.name = "P one", .figures = {{"T", {1, "in"}}, {"AX", {11, "in^2"}}}});
         change.remove(both.at("P60.3X5"));
         EXPECT_THROW(change.remove(both.at("P60.3X5")), sections::Error);
         change.commit();
@@ -317,6 +316,72 @@ TEST_F(SectionsTest, AreChangedTogetherOrNotAtAll) {
     mine.change().remove(mine.read().at("P1"));
     EXPECT_EQ(mine.read().size(), 1) << "not committed";
     EXPECT_THROW(sections::UserFile(folder->File("AISCSections.db3")).read(), sections::Error);
+}
+
+TEST_F(SectionsTest, OfAPersonAreCompletedAndJudged) {
+    const std::string path = folder->File("own.db3");
+    {
+        CatalogueFile file(path);
+        file.AddTable("Wide Flange", LayoutId::IShape);
+        file.AddTable("Tube", LayoutId::RectangularTube);
+        file.AddTable("General", LayoutId::General);
+        MakeUserTables(file);
+    }
+    const sections::UserFile own(path);
+    const auto add = [&](const char* family, const sections::Draft& draft) {
+        sections::Change change = own.change();
+        change.add(family, draft);
+        change.commit();
+        return own.read().at(draft.name);
+    };
+    const std::map<std::string, sections::Quantity, std::less<>> ipe300{
+        {"D", {300, "mm"}}, {"BF", {15, "cm"}}, {"TF", {10.7, "mm"}}, {"TW", {7.1, "mm"}}};
+    auto withRadius = ipe300;
+    withRadius.emplace("radius", sections::Quantity(15, "mm"));
+    const sections::Section beam = add("Wide Flange", {.name = "I1", .figures = withRadius});
+    EXPECT_NEAR(beam.area().in("cm^2"), 53.81, 0.01);
+    EXPECT_NEAR(beam.majorInertia().in("cm^4"), 8356, 1);
+    EXPECT_NEAR(*beam.shape().assumedRadius, 15, 0.05) << "which the area tells";
+
+    const struct {
+        const char* family;
+        const char* column;
+        sections::Quantity figure;
+        double asPublished;
+        const char* fault; ///< empty: accepted
+    } cases[] = {
+        {"Wide Flange", "AX", {53.8, "cm^2"}, 0, ""},
+        {"Wide Flange", "AX", {9999, "cm^2"}, 0, "AX is 9999 cm^2, its dimensions give 62.8"},
+        {"Wide Flange", "AX", {9999, "cm^2"}, 0.5, "AX is 9999 cm^2"},
+        {"Wide Flange", "IZ", {8000, "mm^4"}, 0, "as if it were in CM^4"},
+        {"Wide Flange", "TW", {-7.1, "mm"}, 0, "web thickness (TW) is -7.1 mm; it must be"},
+        {"Wide Flange", "TW", {160, "mm"}, 0, "the web (TW) is not thinner than the flange"},
+        {"Wide Flange", "IZ", {7700, "cm^4"}, 0, "IZ is 7700 cm^4, its dimensions give 7999"},
+        {"Wide Flange", "IZ", {7700, "cm^4"}, 0.05, ""},
+        {"Wide Flange", "RV", {1, "cm"}, 0, "it has no figure RV"},
+        {"General", "AX", {9999, "cm^2"}, 0, ""},
+    };
+    for (const auto& [family, column, figure, asPublished, fault] : cases) {
+        sections::Draft draft{.name = "S", .asPublished = asPublished};
+        if (std::string_view(family) == "Wide Flange")
+            draft.figures = ipe300;
+        draft.figures.insert_or_assign(column, figure);
+        try {
+            own.change().add(family, draft);
+            EXPECT_STREQ(fault, "") << column;
+        } catch (const sections::Error& error) {
+            EXPECT_TRUE(*fault != '\0' &&
+                        std::string(error.what()).find(fault) != std::string::npos)
+                << error.what();
+        }
+    }
+    const sections::Section tube = add(
+        "Tube",
+        {.name = "T1",
+         .figures = {
+             {"D", {200, "mm"}}, {"B", {100, "mm"}}, {"T", {8, "mm"}}, {"AX", {44.8, "cm^2"}}}});
+    EXPECT_NEAR(tube.majorInertia().in("cm^4") / 2230, 1, 0.01);
+    EXPECT_NEAR(tube.outline().Area(), 4480, 1);
 }
 
 TEST_F(SectionsTest, ServeSeveralThreads) {

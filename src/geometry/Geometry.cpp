@@ -76,6 +76,20 @@ bool GeometryModel::Computes(std::string_view column) const {
     return std::ranges::find(computed, column, &ComputedColumn::name) != computed.end();
 }
 
+bool GeometryModel::IsToldBy(const Figures& section, const Figures& given) const {
+    const auto knows = [this](const auto& figure) {
+        return std::ranges::find(parameters, figure.first, &GeometryParameter::name) !=
+               parameters.end();
+    };
+    return std::ranges::all_of(inputs,
+                               [&](const char* input) { return section.contains(input); }) &&
+           std::ranges::all_of(parameters,
+                               [&](const GeometryParameter& parameter) {
+                                   return !parameter.isRequired || given.contains(parameter.name);
+                               }) &&
+           std::ranges::all_of(given, knows);
+}
+
 const GeometryModel* FindGeometryModel(std::string_view name) {
     const auto models = GetGeometryModels();
     const auto place = std::ranges::find(models, name, &GeometryModel::name);

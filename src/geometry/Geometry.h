@@ -71,6 +71,9 @@ struct GeometryModel {
     SectionGeometry (*make)(const Figures& section, const Figures& parameters);
 
     DBSECTION_API bool Computes(std::string_view column) const;
+
+    /// Whether the names of figures are enough for it, and it knows all of the parameters.
+    DBSECTION_API bool IsToldBy(const Figures& section, const Figures& given) const;
 };
 
 /// All models, by subject.

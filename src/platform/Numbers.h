@@ -2,9 +2,12 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <string>
 #include <utility>
 
 namespace dbsection {
@@ -17,6 +20,21 @@ Integer WholeNumber(double number) {
         return 0;
     const auto whole = static_cast<std::int64_t>(number);
     return std::in_range<Integer>(whole) ? static_cast<Integer>(whole) : Integer(0);
+}
+
+/// A number with at most so many digits: "14.92", "8.356e+07".
+inline std::string TextOfDigits(double number, int digits) {
+    std::array<char, 40> text{};
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), number,
+                                   std::chars_format::general, digits);
+    return {text.data(), end.ptr};
+}
+
+/// The number that this text is.
+inline double RoundedTo(double number, int digits) {
+    const std::string text = TextOfDigits(number, digits);
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
 }
 
 /// A number as a single, the largest one where it is beyond them.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 
 namespace {
@@ -74,7 +75,7 @@ constexpr Property InertiaAboutSymmetry{Inertia, "moment of inertia about the ax
 constexpr Property LeastRadius{Length, "least radius of gyration"};
 constexpr Property PrincipalAngle{Angle, "angle of the principal axes"};
 constexpr Property TorsionConstant{Inertia, "torsion constant"};
-constexpr Property WarpingConstant{Warping, "warping constant"};
+constexpr Property WarpingConstant{Warping, "warping constant", true};
 constexpr Property MajorElasticModulus{Modulus, "elastic modulus about the major axis"};
 constexpr Property MinorElasticModulus{Modulus, "elastic modulus about the minor axis"};
 constexpr Property MajorPlasticModulus{Modulus, "plastic modulus about the major axis"};
@@ -139,6 +140,11 @@ constexpr bool AreConsistent() {
 static_assert(AreConsistent());
 
 } // namespace
+
+bool LayoutColumn::Allows(double figure) const {
+    const bool isAny = quantity == Quantity::Number || quantity == Quantity::Angle;
+    return std::isfinite(figure) && (isAny || figure > 0 || (mayBeZero && figure == 0));
+}
 
 std::span<const SectionLayout> GetSectionLayouts() { return Layouts; }
 

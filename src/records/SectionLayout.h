@@ -47,6 +47,9 @@ struct LayoutColumn {
     bool isAdded = false;   ///< since layout version 1: a table may lack it, and a row its value
     bool mayBeZero = false; ///< no other length, nor a power of one, is 0 in a section
 
+    /// Whether a section can have that figure here.
+    DBSECTION_API bool Allows(double figure) const;
+
     /// Whether a row may keep nothing here: no standard publishes every strength.
     bool MayBeNull() const { return isAdded || quantity == Quantity::Stress; }
 };

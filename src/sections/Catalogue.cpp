@@ -1,7 +1,7 @@
 #include "sections/Catalogue.h"
 
 #include "dataaccess/CSectionException.h"
-#include "geometry/Geometry.h"
+#include "geometry/RowJudgement.h"
 #include "platform/Text.h"
 #include "records/DerivedProperties.h"
 #include "sections/CatalogueData.h"
@@ -182,21 +182,14 @@ dbsection::Figures Section::figures() const {
 
 dbsection::SectionGeometry Section::shape() const {
     const dbsection::Figures kept = figures();
-    const auto isTold = [&](const dbsection::GeometryModel& model) {
-        return model.layout == m_family->family->layout &&
-               std::ranges::none_of(model.parameters, &dbsection::GeometryParameter::isRequired) &&
-               std::ranges::all_of(model.inputs,
-                                   [&](const char* input) { return kept.contains(input); });
-    };
-    const auto models = dbsection::GetGeometryModels();
     const Origin* const from = origin();
-    const auto model = from != nullptr && from->model != nullptr
-                           ? models.begin() + (from->model - models.data())
-                           : std::ranges::find_if(models, isTold);
-    if (model == models.end())
-        failFor("outline: its figures do not tell its shape");
     try {
-        return model->make(kept, parameters());
+        if (from != nullptr && from->model != nullptr)
+            return from->model->make(kept, parameters());
+        const auto judgement = dbsection::JudgeRow(m_family->family->layout, kept, {});
+        if (!judgement.geometry)
+            failFor("outline: its figures do not tell its shape");
+        return *judgement.geometry;
     } catch (const dbsection::GeometryError& error) {
         throw Error(SectionError::RuleBroken,
                     m_catalogue->path + ": " + name() + " of table \"" + m_family->table +

@@ -9,6 +9,11 @@
 
 namespace sections {
 
+[[noreturn]] inline void failInTable(SectionError::Number number, const std::string& path,
+                                     const std::string& table, const std::string& fault) {
+    throw Error(number, path + ": table \"" + table + "\": " + fault);
+}
+
 /// Runs `body`; `path` is the file that it works on.
 template <class Body>
 auto translated(const std::string& path, Body body) {

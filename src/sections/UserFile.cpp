@@ -12,6 +12,7 @@
 #include "sections/TakenNames.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -52,7 +53,7 @@ struct Change::State {
 
     [[noreturn]] void fail(SectionError::Number number, const std::string& table,
                            const std::string& fault) const {
-        throw Error(number, before->path() + ": table " + inQuotes(table) + ": " + fault);
+        failInTable(number, before->path(), table, fault);
     }
 
     /// The rows of a family's table, to be changed.
@@ -75,11 +76,10 @@ struct Change::State {
     std::int32_t nextNumber(const std::string& table) const {
         const auto last = lastNumbers.find(table);
         const std::int64_t number = last == lastNumbers.end() ? 0 : last->second;
-        if (number >= LastRecordNumber)
+        if (number >= std::numeric_limits<std::int32_t>::max())
             fail(SectionError::RuleBroken, table,
                  "its last record number is " + std::to_string(number) +
-                     ", and no section can be added beyond " + std::to_string(LastRecordNumber) +
-                     "; begin another file.");
+                     ", and there is none behind it; begin another file.");
         return static_cast<std::int32_t>(number + 1);
     }
 
@@ -89,25 +89,24 @@ struct Change::State {
         std::vector<std::pair<int, COleVariant>> values;
         const std::vector<Column>& columns = family.columns();
         const auto columnOf = [&](const std::string& name, bool isText) {
-            const auto column = std::ranges::find_if(columns, [&](const Column& candidate) {
+            return std::ranges::find_if(columns, [&](const Column& candidate) {
                 return dbsection::EqualNoCase(candidate.name, name) &&
                        (candidate.quantity == ::Quantity::Text) == isText;
             });
-            if (column == columns.end())
-                fail(SectionError::NoSuchItem, family.name(),
-                     std::string("it has no ") + (isText ? "text" : "figure") + " " + name + ".");
-            return column;
         };
         const auto add = [&](auto column, const COleVariant& value) {
             values.emplace_back(BookkeepingColumns + static_cast<int>(column - columns.begin()),
                                 value);
         };
-        for (const auto& [name, figure] : draft.figures) {
-            const auto column = columnOf(name, false);
-            add(column, COleVariant(figure.in(column->unit)));
+        for (const auto& [name, figure] : draft.figures)
+            if (const auto column = columnOf(name, false); column != columns.end())
+                add(column, COleVariant(figure.in(column->unit))); // or else it is a parameter
+        for (const auto& [name, text] : draft.texts) {
+            const auto column = columnOf(name, true);
+            if (column == columns.end())
+                fail(SectionError::NoSuchItem, family.name(), "it has no text " + name + ".");
+            add(column, COleVariant(text.c_str()));
         }
-        for (const auto& [name, text] : draft.texts)
-            add(columnOf(name, true), COleVariant(text.c_str()));
         return values;
     }
 
@@ -115,11 +114,6 @@ struct Change::State {
     CSectionRecordset& rowOf(const Section& section) {
         const std::string& table = section.family().name();
         const std::string number = std::to_string(section.recordNumber());
-        if (section.recordNumber() < 1 || section.recordNumber() > LastRecordNumber)
-            fail(SectionError::RuleBroken, table,
-                 inQuotes(section.name()) + " has the record number " + number +
-                     "; only those of 1 to " + std::to_string(LastRecordNumber) +
-                     " can be changed.");
         CSectionRecordset& rows = rowsOf(table);
         if (rows.Find(CSectionRecordset::FindFirst, ("[RECNO] = " + number).c_str()) == 0)
             fail(SectionError::NoCurrentRecord, table,
@@ -165,7 +159,7 @@ std::int64_t Change::add(std::string_view familyName, const Draft& draft) {
                                draft.programName.empty() ? dbsection::VessaNameOf(draft.name)
                                                          : draft.programName};
         state.requireNames(place);
-        const auto values = state.valuesOf(family, draft);
+        const auto values = state.valuesOf(family, completed(family, draft).draft);
         const std::int32_t number = state.nextNumber(place.table);
         CSectionRecordset& rows = state.rowsOf(place.table);
         rows.AddNew();
@@ -184,7 +178,8 @@ void Change::update(const Section& section, const Draft& draft) {
         const NamedPlace place{old.table, draft.name.empty() ? old.name : draft.name,
                                draft.programName.empty() ? old.programName : draft.programName};
         state.requireNames(place, &old);
-        const auto values = state.valuesOf(section.family(), draft);
+        const auto values =
+            state.valuesOf(section.family(), completed(section.family(), draft, &section).draft);
         CSectionRecordset& rows = state.rowOf(section);
         rows.Edit();
         State::store(rows, place, values);

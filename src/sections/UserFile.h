@@ -2,34 +2,23 @@
 //
 //     const sections::UserFile mine("mine.db3");
 //     sections::Change change = mine.change();
-//     change.add("Pipe", {.name = "P 60.3x5", .figures = {{"OD", {60.3, "mm"}}, ...}});
-//     change.commit();
-//     const sections::Section pipe = mine.read().at("P 60.3x5");
+//     change.add("Pipe", {.name = "P 60.3x5", .figures = {{"OD", {60.3, "mm"}}, {"T", {5,
+//     "mm"}}}}); change.commit(); const sections::Section pipe = mine.read().at("P 60.3x5");
 #pragma once
 
 #include "platform/Export.h"
 #include "sections/Catalogue.h"
+#include "sections/Draft.h"
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 
 namespace sections {
 
-/// The largest record number that analysis engines know: no section is added beyond it, nor changed
-/// there.
+/// The largest record number that analysis engines know: they do not see sections beyond it.
 inline constexpr std::int64_t LastRecordNumber = 65535;
-
-/// A section as a person gives it. Figures are by column, in any unit of their dimension; what is
-/// left out is not kept.
-struct Draft {
-    std::string name;
-    std::string programName = {}; ///< empty: the name in capitals without blanks
-    std::map<std::string, Quantity, std::less<>> figures = {};
-    std::map<std::string, std::string, std::less<>> texts = {};
-};
 
 /// Changes that appear together with commit(), or not at all. Until its end nobody else can write
 /// to the file. Whatever fails throws Error and leaves the changes before it as they were.
@@ -42,13 +31,14 @@ public:
     /// The sections with the changes so far.
     Catalogue read() const;
 
-    /// Adds a section to a family, under the record number behind the last one. Its name must be
-    /// new in the family, its program name in the file, whatever its letter case. Returns the
-    /// record number.
+    /// Adds a section to a family, completed and judged as `completed` does, under the record
+    /// number behind the last one. Its name must be new in the family, its program name in the
+    /// file, whatever its letter case. Returns the record number.
     std::int64_t add(std::string_view family, const Draft& draft);
 
     /// Gives a section that was read from the file the names, figures and texts of the draft; an
-    /// empty name, and what the draft leaves out, stay. Error 3197 where the section has another
+    /// empty name, and what the draft leaves out, stay. Where it has figures, the row is judged as
+    /// it will be. Error 3197 where the section has another
     /// name meanwhile, 3021 where it is gone.
     void update(const Section& section, const Draft& draft);
 

@@ -28,7 +28,8 @@ struct AngleShape {
     double thickness;
     FilletRadius radius;
 
-    AngleShape(const Figures& section, const Figures& parameters)
+    /// `count`: of the angles that share the area.
+    AngleShape(const Figures& section, const Figures& parameters, int count = 1)
         : depth(Dimension(section, "D")),
           width(Dimension(section, "B")),
           thickness(Dimension(section, "T")),
@@ -36,7 +37,10 @@ struct AngleShape {
         const double shorter = std::min(depth, width);
         Require(thickness < shorter, "the legs (T) are as thick as the shorter one is long (B)");
         const auto shape = [this](double fillet) { return WithFillet(fillet); };
-        radius = FindFilletRadius(shape, section, parameters,
+        Figures single = section;
+        if (const auto area = single.find("AX"); area != single.end())
+            area->second /= count;
+        radius = FindFilletRadius(shape, single, parameters,
                                   std::min(2 * thickness, (shorter - thickness) / 2));
     }
 
@@ -91,10 +95,11 @@ SectionGeometry Angle(const Figures& section, const Figures& parameters) {
             angle.radius.Assumed()};
 }
 
-/// Two angles whose legs D face each other across the gap (GAP, where the row has one; they touch
-/// otherwise), the outstanding legs below. The axes of symmetry are the principal ones.
+/// Two angles whose legs D face each other across the gap, the outstanding legs below. The axes of
+/// symmetry are the principal ones. Files of layout version 1 do not tell the gap (GAP): the angles
+/// are drawn as if they touched, and what depends on it is not known.
 SectionGeometry DoubleAngle(const Figures& section, const Figures& parameters) {
-    const AngleShape angle(section, parameters);
+    const AngleShape angle(section, parameters, 2);
     const double gap = ValueOr(section, "GAP", 0);
     Require(gap >= 0, "the gap (GAP) is negative");
     Corners right = angle.Shape();
@@ -108,16 +113,14 @@ SectionGeometry DoubleAngle(const Figures& section, const Figures& parameters) {
     outline.Add(left);
     const AxisProperties major = outline.MajorAxis();
     const double minor = outline.MinorAxis().inertia;
-    return {outline,
-            {{"AX", outline.Area()},
-             {"IZ", major.inertia},
-             {"IY", minor},
-             {"IX", 2 * angle.TorsionConstant()},
-             {"CY", major.centroid},
-             {"CZ", offset},
-             {"RV", std::sqrt(std::min(major.inertia, minor) / outline.Area())},
-             {"ALPHA", 0}},
-            angle.radius.Assumed()};
+    Figures figures{
+        {"AX", outline.Area()}, {"IZ", major.inertia}, {"IX", 2 * angle.TorsionConstant()},
+        {"CY", major.centroid}, {"CZ", offset},        {"ALPHA", 0}};
+    if (section.contains("GAP")) {
+        figures["IY"] = minor;
+        figures["RV"] = std::sqrt(std::min(major.inertia, minor) / outline.Area());
+    }
+    return {outline, figures, angle.radius.Assumed()};
 }
 
 constexpr std::array RolledInputs{"AX", "D", "B", "T"};
@@ -133,6 +136,7 @@ constexpr std::array Parameters{RadiusParameter, ToeParameter, Ends, ProductCorn
 constexpr std::array RadiiParameters{
     RadiusParameter, GeometryParameter{"toeRadius", Quantity::Length, "of the toes", true}, Ends,
     ProductCorners};
+constexpr std::array RolledDoubleParameters{ToeParameter, Ends};
 constexpr std::array DoubleParameters{RadiusParameter, ToeParameter, Ends};
 
 template <ComputedColumn (*Worth)(const char*)>
@@ -145,6 +149,8 @@ constexpr std::array Models{
     GeometryModel{"angle", LayoutId::Angle, Inputs, Parameters, Columns<Exact>, Angle},
     GeometryModel{"angle by radii", LayoutId::Angle, Inputs, RadiiParameters, Columns<Exact>,
                   Angle},
+    GeometryModel{"rolled double angle", LayoutId::DoubleAngle, RolledInputs,
+                  RolledDoubleParameters, Columns<ByArea>, DoubleAngle},
     GeometryModel{"double angle", LayoutId::DoubleAngle, Inputs, DoubleParameters, Columns<Exact>,
                   DoubleAngle},
 };

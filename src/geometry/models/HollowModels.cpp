@@ -63,6 +63,24 @@ SectionGeometry EuropeanTube(const Figures& section, const Figures& parameters) 
     return geometry;
 }
 
+/// The same where the area tells the corners, whose inside radius is that outside less the wall.
+SectionGeometry TubeByArea(const Figures& section, const Figures& parameters) {
+    const double wall = Dimension(section, "T");
+    const double depth = Dimension(section, "D");
+    const double width = Dimension(section, "B");
+    const double largest = std::min(depth, width) / 2;
+    Require(wall < largest, "the walls (T) fill the whole width (B) or depth (D)");
+    const double square = depth * width - (depth - 2 * wall) * (width - 2 * wall);
+    const double lost = std::max(0.0, square - Dimension(section, "AX")) / (4 - pi);
+    const double radius = lost < wall * wall ? std::sqrt(lost) : (lost + wall * wall) / (2 * wall);
+    Figures radii = parameters;
+    radii["outsideRadius"] = std::min(radius, std::nextafter(largest, 0));
+    radii["insideRadius"] = std::max(radii["outsideRadius"] - wall, 0.0);
+    SectionGeometry geometry = RectangularTube(section, radii);
+    geometry.assumedRadius = radii["outsideRadius"];
+    return geometry;
+}
+
 Corners Circle(double diameter) { return RectangleCorners(diameter, diameter, diameter / 2); }
 
 SectionGeometry RoundTube(const Figures& section, const Figures& parameters) {
@@ -79,12 +97,13 @@ SectionGeometry RoundTube(const Figures& section, const Figures& parameters) {
 }
 
 constexpr std::array RectangularInputs{"D", "B", "T"};
+constexpr std::array AreaInputs{"AX", "D", "B", "T"};
 constexpr std::array RoundInputs{"OD", "T"};
 constexpr std::array CornerParameters{
     GeometryParameter{"outside", Quantity::Number, "outside radius of the corners / wall", true},
     GeometryParameter{"inside", Quantity::Number, "inside radius of the corners / wall", true},
     MassParameter, MassWithinParameter};
-constexpr std::array RoundParameters{MassParameter, MassWithinParameter};
+constexpr std::array MassParameters{MassParameter, MassWithinParameter};
 constexpr std::array RadiusParameters{
     GeometryParameter{"outsideRadius", Quantity::Length, "of the corners", true},
     GeometryParameter{"insideRadius", Quantity::Length, "of the corners", true}};
@@ -93,6 +112,8 @@ constexpr auto RectangularColumns =
     PlaneColumns(Torsion(0.1, "Bredt's formula, without the wall's own torsion"));
 constexpr auto EuropeanColumns =
     PlaneColumns(Torsion(0.05, "Bredt's formula and the wall's own torsion"));
+constexpr auto ByAreaColumns =
+    PlaneColumns<ByArea>(Torsion(0.1, "Bredt's formula, without the wall's own torsion"));
 constexpr std::array RoundColumns{Exact("AX"), Exact("I"), Exact("Z")};
 
 constexpr std::array Models{
@@ -104,7 +125,9 @@ constexpr std::array Models{
                   RadiusParameters, RectangularColumns, RectangularTube},
     GeometryModel{"European tube by radii", LayoutId::RectangularTube, RectangularInputs,
                   RadiusParameters, EuropeanColumns, EuropeanTube},
-    GeometryModel{"round tube", LayoutId::RoundTube, RoundInputs, RoundParameters, RoundColumns,
+    GeometryModel{"rectangular tube by area", LayoutId::RectangularTube, AreaInputs, MassParameters,
+                  ByAreaColumns, TubeByArea},
+    GeometryModel{"round tube", LayoutId::RoundTube, RoundInputs, MassParameters, RoundColumns,
                   RoundTube},
 };
 

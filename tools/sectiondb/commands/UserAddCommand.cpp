@@ -14,15 +14,15 @@ class UserAdd : public Command {
     void Run() const override {
         sections::Change change = m_file.File().change();
         const sections::Family family = FindFamily(change.read(), m_section.family);
-        const sections::Draft draft{.name = m_section.name,
-                                    .programName = m_section.vessaName,
-                                    .figures = ParseValues(family, m_section.values)};
-        RequireAll(family, draft.figures);
+        const sections::Draft draft = m_section.Draft(family, m_section.name);
         RequireVessaName(draft);
-        const std::int64_t number = change.add(family.name(), draft);
+        const sections::Completion whole = completed(family, draft);
+        RequireAll(family, whole.draft);
+        const std::int64_t number = change.add(family.name(), whole.draft);
         const sections::Catalogue changed = change.read();
         change.commit();
-        PrintSection(changed.family(family.name()), number);
+        PrintSection(changed.family(family.name()), number, draft, whole);
+        TellOfNumber(number);
     }
 
     UserFileOptions m_file;

@@ -24,6 +24,14 @@ CatalogueSource SourceOf(const SectionCatalogue& kind, const UnitSystem& units) 
     return source;
 }
 
+/// A person may not think of a password that is kept in the environment.
+const char* Protection(const std::string& password, const PasswordSource& source) {
+    if (password.empty())
+        return "";
+    return source.text || !source.file.empty() ? ", protected"
+                                               : ", protected by SECTIONDB_PASSWORD";
+}
+
 class UserCreate : public Command {
     void Declare(CLI::App& app) override {
         m_file.Declare(app);
@@ -42,7 +50,7 @@ class UserCreate : public Command {
         BuildCatalogue(
             source, m_file.path, password, [] {}, Existing::Refuse);
         fmt::print("{}: {} tables{}\n", PlainText(m_file.path.string()), source.tables.size(),
-                   password.empty() ? "" : ", protected");
+                   Protection(password, m_file.password));
     }
 
     UserFileOptions m_file;

@@ -7,8 +7,8 @@
 #include "sections/UserFile.h"
 
 #include <CLI/App.hpp>
+#include <cstdint>
 #include <filesystem>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -23,31 +23,61 @@ struct UserFileOptions {
     sections::UserFile File() const;
 };
 
+/// The bound of --as-published.
+class PublishedBound {
+public:
+    void Declare(CLI::App& app);
+
+    /// As a share; throws UsageError.
+    double Share() const;
+
+private:
+    double m_percent = 0;
+};
+
 /// A section as a person writes it.
 struct UserSectionOptions {
     std::string family;
     std::string name;
     std::vector<std::string> values; ///< "COLUMN=VALUE"
     std::string vessaName;           ///< empty: made from the name, or kept
+    PublishedBound bound;
 
     void Declare(CLI::App& app);
+
+    /// The section under `newName`. Throws CommandError where a value cannot be read or its column
+    /// is none, and UsageError.
+    sections::Draft Draft(const sections::Family& family, const std::string& newName) const;
 };
 
 /// An error of a table: path, table and what is wrong.
 CommandError TableError(const sections::Family& family, const std::string& fault);
 
-using Quantities = std::map<std::string, sections::Quantity, std::less<>>; ///< by column
+/// What a figure of a family is called by and measured in.
+struct FigureTitle {
+    std::string name;
+    std::string meaning;
+    Quantity quantity;
+    std::string unit; ///< in which the table has it, or has its like
+};
 
-/// "COLUMN=VALUE" texts, of which the columns must be of figures. Throws CommandError.
-Quantities ParseValues(const sections::Family& family, const std::vector<std::string>& texts);
+/// The column of figures, or the parameter of the geometry; throws CommandError where it is none.
+FigureTitle FindFigure(const sections::Family& family, const std::string& name);
 
-/// Throws a CommandError of the figures of the layout that are missing.
-void RequireAll(const sections::Family& family, const Quantities& figures);
+/// The section of that name in the family, public or else the program's; throws CommandError.
+sections::Section FindSection(const sections::Family& family, const std::string& name);
+
+/// Throws a CommandError of what must be given for the figures that the draft lacks.
+void RequireAll(const sections::Family& family, const sections::Draft& completed);
 
 /// Throws a CommandError where a section of a possible name cannot have the VessaName.
 void RequireVessaName(const sections::Draft& draft);
 
-/// Prints the section of a record number.
-void PrintSection(const sections::Family& family, std::int64_t recordNumber);
+/// Tells where analysis engines do not see the section of a record number.
+void TellOfNumber(std::int64_t recordNumber);
+
+/// Prints the section of a record number, and which of its figures were computed and how.
+void PrintSection(const sections::Family& family, std::int64_t recordNumber,
+                  const sections::Draft& given, const sections::Completion& whole);
 
 } // namespace dbsection

@@ -1,23 +1,16 @@
 #include "commands/Command.h"
 #include "commands/UserSection.h"
 #include "files/CatalogueFolder.h"
-#include "platform/Text.h"
-
-#include <algorithm>
-#include <fmt/format.h>
 
 namespace dbsection {
 namespace {
 
-sections::Section FindSection(const sections::Family& family, const std::string& name) {
-    const sections::Sections all = family.sections();
-    const auto isNamed = [&name](const std::string& candidate) {
-        return EqualNoCase(candidate, name);
-    };
-    for (const auto names : {&sections::Section::name, &sections::Section::programName})
-        if (const auto place = std::ranges::find_if(all, isNamed, names); place != all.end())
-            return *place; // a public name goes before
-    throw TableError(family, fmt::format("there is no section \"{}\".", name));
+/// The section with what it keeps, as a draft.
+sections::Draft WithKept(const sections::Section& section, sections::Draft draft) {
+    for (const sections::Column& column : section.family().columns())
+        if (const auto kept = section.find(column.name))
+            draft.figures.try_emplace(column.name, *kept);
+    return draft;
 }
 
 class UserUpdate : public Command {
@@ -31,18 +24,13 @@ class UserUpdate : public Command {
         sections::Change change = m_file.File().change();
         const sections::Family family = FindFamily(change.read(), m_section.family);
         const sections::Section section = FindSection(family, m_section.name);
-        const sections::Draft draft{.name = m_newName,
-                                    .programName = m_section.vessaName,
-                                    .figures = ParseValues(family, m_section.values)};
-        Quantities figures = draft.figures;
-        for (const sections::Column& column : family.columns())
-            if (const auto kept = section.find(column.name))
-                figures.try_emplace(column.name, *kept);
-        RequireAll(family, figures);
-        change.update(section, draft);
+        const sections::Draft draft = m_section.Draft(family, m_newName);
+        const sections::Completion whole = completed(family, draft, &section);
+        RequireAll(family, WithKept(section, whole.draft));
+        change.update(section, whole.draft);
         const sections::Catalogue changed = change.read();
         change.commit();
-        PrintSection(changed.family(family.name()), section.recordNumber());
+        PrintSection(changed.family(family.name()), section.recordNumber(), draft, whole);
     }
 
     UserFileOptions m_file;

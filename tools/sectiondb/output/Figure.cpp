@@ -1,5 +1,7 @@
 #include "output/Figure.h"
 
+#include "platform/Numbers.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -17,10 +19,6 @@ double NumberOf(std::string_view text) {
     double number = 0;
     std::from_chars(text.data(), text.data() + text.size(), number);
     return number;
-}
-
-double RoundedTo(double value, int digits) {
-    return NumberOf(fmt::format("{:.{}e}", value, digits - 1));
 }
 
 struct Scientific {

@@ -1,6 +1,7 @@
 #include "sources/CatalogueSource.h"
 
 #include "files/Sha256.h"
+#include "platform/Numbers.h"
 #include "records/SectionNames.h"
 #include "sources/Provenance.h"
 #include "sources/SectionNameIndex.h"
@@ -9,8 +10,6 @@
 #include "units/UnitText.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <fmt/format.h>
 #include <map>
 
@@ -20,13 +19,6 @@ namespace {
 // Computed figures have as many digits as published ones at most do; converted ones lose none.
 constexpr int ComputedDigits = 5;
 constexpr int ConvertedDigits = 6;
-
-double Rounded(double value, int digits) {
-    std::array<char, 32> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::general, digits);
-    return *ParseNumber({text.data(), end.ptr});
-}
 
 struct Titles {
     std::string title;
@@ -139,12 +131,12 @@ private:
         if (const auto number = ParseNumber(printed))
             return unit == target.unit
                        ? *number
-                       : Rounded(*number * SizeOf(unit) / SizeOf(target.unit), ConvertedDigits);
+                       : RoundedTo(*number * SizeOf(unit) / SizeOf(target.unit), ConvertedDigits);
         const auto computed = row.source.computed.find(column.name);
         if (computed == row.source.computed.end())
             return {};
         row.computed.emplace_back(column.name);
-        return Rounded(computed->second / SizeOf(target.unit), ComputedDigits);
+        return RoundedTo(computed->second / SizeOf(target.unit), ComputedDigits);
     }
 
     CatalogueSource& m_source;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <set>
 #include <utility>
 
 namespace dbsection {
@@ -101,12 +102,12 @@ CsvTable::CsvTable(std::string file, std::string_view text) : m_file(std::move(f
 }
 
 void CsvTable::CheckColumns() const {
-    const auto& columns = m_header.fields;
-    for (auto column = columns.begin(); column != columns.end(); ++column) {
-        if (column->empty())
+    std::set<std::string_view> known;
+    for (const std::string& column : m_header.fields) {
+        if (column.empty())
             throw LineError(m_header.line, "a column without a name");
-        if (std::find(columns.begin(), column, *column) != column)
-            throw ColumnError(*column, "the column occurs twice");
+        if (!known.insert(column).second)
+            throw ColumnError(column, "the column occurs twice");
     }
 }
 

@@ -1,5 +1,6 @@
 #include "sources/FamilyReader.h"
 
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "records/SectionNames.h"
 #include "units/UnitText.h"
@@ -23,13 +24,6 @@ std::string Percent(double share) {
     const auto end = std::to_chars(text.data(), text.data() + text.size(), share * 100,
                                    std::chars_format::fixed, 2);
     return std::string(text.data(), end.ptr) + " %";
-}
-
-std::string Digits(double value) {
-    std::array<char, 32> text{};
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, 5);
-    return {text.data(), end.ptr};
 }
 
 class Reader {
@@ -183,9 +177,7 @@ private:
         if (column.quantity == Quantity::Text)
             return m_csv.RequiredText(record, column.name);
         const double figure = m_csv.Number(record, column.name);
-        const bool isAny =
-            column.quantity == Quantity::Number || column.quantity == Quantity::Angle;
-        if (!isAny && !(figure > 0) && !(column.mayBeZero && figure == 0))
+        if (!column.Allows(figure))
             throw m_csv.Error(record, column.name, "not above zero");
         return m_csv.Text(record, column.name);
     }
@@ -224,11 +216,11 @@ private:
             return;
         const double allowed = verdict.exception != nullptr ? verdict.exception->share
                                                             : verdict.printing + verdict.tolerance;
-        throw m_csv.Error(record, column,
-                          Percent(deviation) +
-                              (verdict.deviation > 0 ? " too small" : " too large") + ", " +
-                              Percent(allowed) + " is allowed; the section's geometry gives " +
-                              Digits(m_csv.Number(record, column) * (1 + verdict.deviation)));
+        throw m_csv.Error(
+            record, column,
+            Percent(deviation) + (verdict.deviation > 0 ? " too small" : " too large") + ", " +
+                Percent(allowed) + " is allowed; the section's geometry gives " +
+                TextOfDigits(m_csv.Number(record, column) * (1 + verdict.deviation), 5));
     }
 
     const CsvTable& m_csv;

@@ -1,18 +1,13 @@
 #include "sources/SourceFolder.h"
 
 #include "files/Sha256.h"
-
-#include <fstream>
-#include <iterator>
+#include "sources/SourceText.h"
 
 namespace dbsection {
 
 CsvTable SourceFolder::Read(const std::string& name) {
     const std::string path = File(name);
-    std::ifstream file(path, std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    if (!file)
-        throw SourceError({path, 0, "", ""}, "the file cannot be read");
+    const std::string text = ReadSourceText(path);
     Sha256 hash;
     hash.Add(text);
     m_hashes[name] = hash.Hex();

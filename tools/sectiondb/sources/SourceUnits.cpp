@@ -1,7 +1,5 @@
 #include "sources/SourceUnits.h"
 
-#include "units/UnitText.h"
-
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -55,13 +53,14 @@ constexpr std::array Systems{UnitSystem{"metric", "MM", "CM", "N/MM^2", "KG/M"},
 
 } // namespace
 
-std::string UnitFault(const std::string& unit, Quantity quantity) {
+std::string UnitFault(const std::string& unit, Quantity quantity, UnitNames names) {
     const std::optional<UnitDimension> expected = DimensionOf(quantity);
     if (!expected) {
         const std::string only = UnitWithoutDimension(quantity);
-        return unit == only ? "" : "the unit of this column is " + only;
+        const bool isPrinted = names == UnitNames::Printed && unit == LabelOf(only);
+        return unit == only || isPrinted ? "" : "the unit of this column is " + only;
     }
-    const std::optional<UnitDimension> dimension = DimensionOf(std::string_view(unit));
+    const std::optional<UnitDimension> dimension = DimensionOf(std::string_view(unit), names);
     if (!dimension)
         return "not a known unit";
     return *dimension == *expected ? "" : "not a unit of " + Describe(*expected);

@@ -2,14 +2,16 @@
 #pragma once
 
 #include "records/SectionLayout.h"
+#include "units/UnitText.h"
 
 #include <string>
 
 namespace dbsection {
 
 /// Why a column of that quantity cannot be in that unit, e.g. "not a unit of length^2"; empty when
-/// it can.
-std::string UnitFault(const std::string& unit, Quantity quantity);
+/// it can. Where printed names of units count, a text or plain number needs none.
+std::string UnitFault(const std::string& unit, Quantity quantity,
+                      UnitNames names = UnitNames::Kept);
 
 /// The units in which a standard prints its figures.
 struct UnitSystem {

@@ -1,5 +1,6 @@
 #include "verification/RowVerification.h"
 
+#include "geometry/RowJudgement.h"
 #include "records/SectionLayout.h"
 #include "sections/Error.h"
 #include "units/UnitText.h"
@@ -71,7 +72,8 @@ private:
         }
         for (const JudgedFigure& judged : JudgeFigures(*shape, m_section.figures())) {
             ++m_verdict.figures;
-            Judge(judged, origin == nullptr ? JudgeByModel(judged) : JudgeByRules(judged, *origin));
+            Judge(judged, origin == nullptr ? JudgeWithoutRules(m_section.family().layout(), judged)
+                                            : JudgeByRules(judged, *origin));
         }
     }
 
@@ -84,18 +86,6 @@ private:
                                                    judged.figure / size, judged.Deviation());
         verdict.tolerance += FiveDigits;
         return verdict;
-    }
-
-    /// A person's own figure may be what any standard would print: rounded to three digits.
-    FigureVerdict JudgeByModel(const JudgedFigure& judged) const {
-        constexpr double ThreeDigits = 0.005;
-        double within = 0;
-        for (const GeometryModel& model : GetGeometryModels())
-            if (model.layout == m_section.family().layout())
-                for (const ComputedColumn& computed : model.computed)
-                    if (computed.name == judged.column)
-                        within = std::max(within, computed.within);
-        return {judged.Deviation(), ThreeDigits, within, nullptr};
     }
 
     void Judge(const JudgedFigure& judged, const FigureVerdict& verdict) {
