@@ -243,6 +243,39 @@ TEST_F(UserFileTest, ImportsManySectionsAtOnce) {
     EXPECT_NE(User("list").output.find("70000"), std::string::npos);
 }
 
+TEST_F(UserFileTest, IsACatalogueAmongOthers) {
+    Create("--password secret");
+    ASSERT_EQ(User("add", "--password secret Pipe 'P 88.9x3.2' OD=88.9 T=3.2").status, 0);
+    const std::string folder = m_folder.File("catalogues");
+    std::filesystem::create_directory(folder);
+    MakeCatalogue(folder + "/AISCSections.db3", 1);
+    const std::string options =
+        " --password secret --folder " + folder + " --user " + Quote(m_file);
+    const std::pair<const char*, const char*> cases[] = {
+        {"list", "1001  User tables                  mine.db3"},
+        {"list own", "Wide Flange"},
+        {"list mine Pipe", "P 88.9x3.2"},
+        {"show own p88,9*3.20", "P 88.9x3.2 (User tables, Pipe)"},
+        {"select 1001 Pipe --range OD:88:89", "P 88.9x3.2"},
+        {"find 'p 88.9 x 3.2'", "User tables  Pipe"},
+        {"page own --output page.html", "1 catalogues, 1 sections"},
+        {"verify own", "0"},
+    };
+    for (const auto& [command, expected] : cases) {
+        const Outcome outcome =
+            Shell("cd " + folder + "; " + Quote(SECTIONDB_PROGRAM) + " " + command + options);
+        EXPECT_EQ(outcome.status, 0) << command << ": " << outcome.output;
+        EXPECT_NE(outcome.output.find(expected), std::string::npos)
+            << command << ": " << outcome.output;
+    }
+    ::setenv("SECTIONDB_USER", m_file.c_str(), 1);
+    const Outcome shown = Program("show own P88.9X3.2 --password secret");
+    ::unsetenv("SECTIONDB_USER");
+    EXPECT_EQ(shown.status, 0) << shown.output;
+    EXPECT_NE(Program("show own P1").output.find("There is no catalogue \"own\""),
+              std::string::npos);
+}
+
 TEST_F(UserFileTest, TakesTheGivenPasswordBeforeThatOfTheEnvironment) {
     ::setenv("SECTIONDB_PASSWORD", "ours", 1);
     EXPECT_NE(Program("user create " + File("other.db3"))

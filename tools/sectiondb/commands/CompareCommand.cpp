@@ -97,8 +97,7 @@ class Compare : public Command {
         for (const std::string& typed : m_typed) {
             const TypedSection wanted(typed);
             if (!wanted.catalogue.empty()) {
-                const int number = sections::Library::numberOf(wanted.catalogue);
-                found.push_back(SectionsNamed(folder.Open(number), wanted.name).front());
+                found.push_back(SectionsNamed(folder.Open(wanted.catalogue), wanted.name).front());
                 continue;
             }
             if (!everywhere) {

@@ -46,8 +46,7 @@ class Draw : public Command {
     }
 
     sections::Section FindSection() const {
-        const sections::Catalogue catalogue =
-            m_catalogues.Folder().Open(sections::Library::numberOf(m_catalogue));
+        const sections::Catalogue catalogue = m_catalogues.Folder().Open(m_catalogue);
         const std::vector<sections::Section> named = SectionsNamed(catalogue, m_name);
         std::string families;
         for (const sections::Section& section : named) {

@@ -99,8 +99,7 @@ class FindEquivalent : public Command {
 
     void Run() const override {
         const CatalogueFolder folder = m_catalogues.Folder();
-        const sections::Section wanted =
-            SectionsNamed(folder.Open(sections::Library::numberOf(m_catalogue)), m_name).front();
+        const sections::Section wanted = SectionsNamed(folder.Open(m_catalogue), m_name).front();
         const auto measures = Measures::Of(wanted);
         if (!measures)
             throw CommandError(fmt::format("{} of the catalogue {} has no area, moments of inertia "
@@ -108,8 +107,7 @@ class FindEquivalent : public Command {
                                            wanted.name(), CatalogueOf(wanted)));
         CatalogueFaults faults;
         const std::vector<sections::Catalogue> catalogues =
-            m_in.empty() ? OpenAll(folder, faults)
-                         : std::vector{folder.Open(sections::Library::numberOf(m_in))};
+            m_in.empty() ? OpenAll(folder, faults) : std::vector{folder.Open(m_in)};
         Print(TableOf(NearestTo(wanted, *measures, catalogues, m_limit.ValueOr(10)), *measures),
               m_form.Form());
         faults.ThrowIfAny();

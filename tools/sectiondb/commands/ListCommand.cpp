@@ -3,27 +3,32 @@
 #include "commands/Options.h"
 #include "records/CatalogueList.h"
 
+#include <filesystem>
+#include <functional>
+#include <optional>
+
 namespace dbsection {
 namespace {
 
-Table::Row CatalogueRow(const CatalogueFolder& folder, int number, CatalogueFaults& faults) {
-    Table::Cell families;
-    Table::Cell sections;
-    std::string standard;
-    const char* remark = "at fault";
+/// What there is to say of a catalogue, as `open` finds it.
+Table::Row CatalogueRow(int number, const std::string& file, CatalogueFaults& faults,
+                        const std::function<std::optional<sections::Catalogue>()>& open) {
+    Table::Row row{number, FindCatalogue(number)->name, file, {}, {}, "at fault", ""};
     faults.Try([&] {
-        if (folder.FileOf(number).empty()) {
-            remark = "no file";
+        const auto catalogue = open();
+        if (!catalogue) {
+            row[5] = "no file";
             return;
         }
-        const sections::Catalogue catalogue = folder.Open(number);
-        families = static_cast<int>(catalogue.families().size());
-        sections = static_cast<int>(catalogue.size());
-        remark = RemarkOn(catalogue.size());
-        standard = catalogue.standard();
+        row = {catalogue->number(),
+               FindCatalogue(catalogue->number())->name,
+               file,
+               static_cast<int>(catalogue->families().size()),
+               static_cast<int>(catalogue->size()),
+               RemarkOn(catalogue->size()),
+               catalogue->standard()};
     });
-    const SectionCatalogue& catalogue = *FindCatalogue(number);
-    return {number, catalogue.name, catalogue.stem, families, sections, remark, standard};
+    return row;
 }
 
 /// The sections of all families that have the family's table.
@@ -50,7 +55,7 @@ class List : public Command {
             ListCatalogues(folder);
             return;
         }
-        const sections::Catalogue catalogue = folder.Open(sections::Library::numberOf(m_catalogue));
+        const sections::Catalogue catalogue = folder.Open(m_catalogue);
         Print(m_family.empty() ? FamilyTable(catalogue)
                                : SectionTable(catalogue, FindFamily(catalogue, m_family)),
               m_form.Form());
@@ -61,7 +66,15 @@ class List : public Command {
         Table table(
             {{"number"}, {"name"}, {"file"}, {"families"}, {"sections"}, {"remark"}, {"standard"}});
         for (int number = 1; number <= LastCatalogueIndex; ++number)
-            table.rows.push_back(CatalogueRow(folder, number, faults));
+            table.rows.push_back(
+                CatalogueRow(number, FindCatalogue(number)->stem, faults, [&, number] {
+                    return folder.FileOf(number).empty() ? std::nullopt
+                                                         : std::optional(folder.Open(number));
+                }));
+        if (const std::string& own = folder.UserFile(); !own.empty())
+            table.rows.push_back(
+                CatalogueRow(UserTableIndex, std::filesystem::path(own).filename().string(), faults,
+                             [&] { return std::optional(folder.OpenUserFile()); }));
         Print(table, m_form.Form());
         faults.ThrowIfAny();
     }

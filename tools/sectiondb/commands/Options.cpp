@@ -22,11 +22,14 @@ void CatalogueOptions::Declare(CLI::App& app) {
     app.add_option("--folder", m_folder,
                    "Folder of the catalogue files (default: SECTIONDB_FOLDER, or those installed)")
         ->option_text("FOLDER");
+    app.add_option("--user", m_userFile,
+                   "File of your own sections, the catalogue \"own\" (default: SECTIONDB_USER)")
+        ->option_text("FILE");
     DeclarePassword(app, m_password, "Password of the catalogue files");
 }
 
 CatalogueFolder CatalogueOptions::Folder() const {
-    return {m_folder, ReadPassword(m_password, PasswordUse::Existing)};
+    return {m_folder, ReadPassword(m_password, PasswordUse::Existing), m_userFile};
 }
 
 void FormOptions::Declare(CLI::App& app) {

@@ -15,7 +15,7 @@ namespace dbsection {
 /// `meaning`: of the password, in the help.
 void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning);
 
-/// Where the catalogue files are, and their password.
+/// Where the catalogue files and the person's own are, and their password.
 class CatalogueOptions {
 public:
     void Declare(CLI::App& app);
@@ -24,6 +24,7 @@ public:
 
 private:
     std::string m_folder;
+    std::string m_userFile;
     PasswordSource m_password;
 };
 

@@ -8,6 +8,7 @@
 #include "page/PageData.h"
 #include "records/CatalogueList.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <set>
 
@@ -38,16 +39,20 @@ class Page : public Command {
 
     /// Those that were named, or all; without those that hold no section.
     std::vector<sections::Catalogue> Open(const CatalogueFolder& folder) const {
-        std::set<int> numbers;
-        for (const std::string& name : m_names)
-            numbers.insert(sections::Library::numberOf(name));
-        for (int number = 1; m_names.empty() && number <= LastCatalogueIndex; ++number)
-            if (!folder.FileOf(number).empty())
-                numbers.insert(number);
         std::vector<sections::Catalogue> catalogues;
-        for (const int number : numbers)
-            if (const auto catalogue = folder.Open(number); catalogue.size() > 0)
+        std::set<std::string> paths;
+        const auto add = [&](const sections::Catalogue& catalogue) {
+            if (catalogue.size() > 0 && paths.insert(catalogue.path()).second)
                 catalogues.push_back(catalogue);
+        };
+        for (const std::string& name : m_names)
+            add(folder.Open(name));
+        if (m_names.empty()) {
+            CatalogueFaults faults;
+            std::ranges::for_each(OpenAll(folder, faults), add);
+            faults.ThrowIfAny();
+        }
+        std::ranges::stable_sort(catalogues, {}, &sections::Catalogue::number);
         if (catalogues.empty())
             throw CommandError(fmt::format("There are no sections for the page in the folder "
                                            "\"{}\"; \"sectiondb list\" tells what it holds.",

@@ -6,6 +6,7 @@
 #include "interface/Selection.h"
 #include "output/Messages.h"
 #include "platform/Text.h"
+#include "records/CatalogueList.h"
 #include "sources/CsvTable.h"
 
 #include <algorithm>
@@ -161,12 +162,14 @@ bool Precedes(const Candidate& left, const Candidate& right, std::span<const Sor
     return false;
 }
 
-/// The record numbers that the user's selection leaves of a family; nothing where it leaves all.
+/// The record numbers that the user's selection leaves of a family; nothing where it leaves all, as
+/// of a file of the user's own.
 std::optional<std::set<std::int64_t>> SelectionOf(const sections::Family& family) {
+    const int number = family.catalogue().number();
+    if (number > LastCatalogueIndex)
+        return std::nullopt;
     CDWordArray numbers;
-    AskLibrary([&] {
-        return ReadSelection(family.catalogue().number(), CString(family.name()), numbers);
-    });
+    AskLibrary([&] { return ReadSelection(number, CString(family.name()), numbers); });
     const DWORD first = numbers.GetAt(0);
     if (first == SectionDBInterface::EverySection)
         return std::nullopt;
@@ -229,8 +232,7 @@ class Select : public Command {
     void Run() const override {
         const UnitChoice units = m_units.Choice();
         const std::size_t limit = m_limit.ValueOr(std::numeric_limits<std::size_t>::max());
-        const sections::Catalogue catalogue =
-            m_catalogues.Folder().Open(sections::Library::numberOf(m_catalogue));
+        const sections::Catalogue catalogue = m_catalogues.Folder().Open(m_catalogue);
         const sections::Family family = FindFamily(catalogue, m_family);
         if (family.layout() == LayoutId::Joist || family.layout() == LayoutId::JoistGirder)
             throw CommandError(fmt::format("The family {} holds joists, which are chosen by span "

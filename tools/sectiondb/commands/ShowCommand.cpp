@@ -82,9 +82,8 @@ class Show : public Command {
 
     void Run() const override {
         const UnitChoice units = m_units.Choice();
-        const int number = sections::Library::numberOf(m_catalogue);
-        const char* catalogue = FindCatalogue(number)->name;
-        const sections::Catalogue file = m_catalogues.Folder().Open(number);
+        const sections::Catalogue file = m_catalogues.Folder().Open(m_catalogue);
+        const char* catalogue = FindCatalogue(file.number())->name;
         std::vector<Table> found; // a name may stand in several families
         for (const sections::Section& section : SectionsNamed(file, m_name))
             found.push_back(TableOf(catalogue, section, units));

@@ -1,7 +1,7 @@
 #include "commands/Command.h"
 #include "commands/UserSection.h"
 #include "files/CatalogueFolder.h"
-#include "files/OutputFile.h"
+#include "files/WholeFile.h"
 
 namespace dbsection {
 namespace {
@@ -33,12 +33,12 @@ class UserExport : public Command {
 
     void Run() const override {
         if (!m_output.empty())
-            RequireEnding(m_output, ".csv", "list of sections");
+            RequireEnding(m_output, ".csv", "a list of sections");
         const Table table = TableOf(FindFamily(m_file.File().read(), m_family));
         if (m_output.empty())
             Print(table, TableForm::Csv);
         else
-            WriteWhole(m_output, CsvOf({&table, 1}), "list of sections");
+            WriteWholeFile(m_output, CsvOf({&table, 1}), "the list of sections");
     }
 
     UserFileOptions m_file;

@@ -93,7 +93,7 @@ class Verify : public Command {
         if (std::filesystem::is_regular_file(m_what))
             report.Verify(FileNamed(m_what, folder), folder.Password());
         else if (!m_what.empty())
-            report.Verify(folder.Open(sections::Library::numberOf(m_what)), folder.Password());
+            report.Verify(folder.Open(m_what), folder.Password());
         else
             for (int number = 1; number <= LastCatalogueIndex; ++number)
                 faults.Try([&] {

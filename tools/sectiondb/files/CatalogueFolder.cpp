@@ -1,20 +1,27 @@
 #include "files/CatalogueFolder.h"
 
 #include "files/LibraryFailure.h"
+#include "files/Password.h"
 #include "interface/SectionDBInterface.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "records/CatalogueList.h"
 #include "sections/Error.h"
+#include "sections/UserFile.h"
 
+#include <cstdlib>
+#include <filesystem>
 #include <fmt/format.h>
 #include <utility>
 
 namespace dbsection {
 
-CatalogueFolder::CatalogueFolder(std::string folder, std::string password)
+CatalogueFolder::CatalogueFolder(std::string folder, std::string password, std::string userFile)
     : m_given(std::move(folder)),
-      m_password(std::move(password)) {
+      m_password(std::move(password)),
+      m_userFile(std::move(userFile)) {
+    if (const char* kept = std::getenv("SECTIONDB_USER"); kept != nullptr && m_userFile.empty())
+        m_userFile = kept;
     if (!m_given.empty())
         SectionDBInterface::SetProfileDBFolder(CString(m_given + '\\'));
 }
@@ -43,6 +50,24 @@ sections::Catalogue CatalogueFolder::Open(int number) const {
         fmt::format("{}.db3 is not in the folder \"{}\"; build it there, or name its "
                     "folder with --folder. ({})",
                     stem, Path(), ListOf(Choices())));
+}
+
+bool CatalogueFolder::IsUserFile(const std::string& name) const {
+    const auto isKind = [&name](int number) {
+        return name == std::to_string(number) || EqualNoCase(name, FindCatalogue(number)->name);
+    };
+    return !m_userFile.empty() &&
+           (EqualNoCase(name, "own") || isKind(UserTableIndex) || isKind(GenericTableIndex) ||
+            EqualNoCase(name, std::filesystem::path(m_userFile).stem().string()));
+}
+
+sections::Catalogue CatalogueFolder::Open(const std::string& name) const {
+    return IsUserFile(name) ? OpenUserFile() : Open(sections::Library::numberOf(name));
+}
+
+sections::Catalogue CatalogueFolder::OpenUserFile() const {
+    // a password of the catalogues is none of a file without one
+    return sections::UserFile(m_userFile, IsProtected(m_userFile) ? m_password : "").read();
 }
 
 sections::Family FindFamily(const sections::Catalogue& catalogue, const std::string& name) {
@@ -84,6 +109,8 @@ std::vector<sections::Catalogue> OpenAll(const CatalogueFolder& folder, Catalogu
             if (!folder.FileOf(number).empty())
                 catalogues.push_back(folder.Open(number));
         });
+    if (!folder.UserFile().empty())
+        faults.Try([&] { catalogues.push_back(folder.OpenUserFile()); });
     return catalogues;
 }
 

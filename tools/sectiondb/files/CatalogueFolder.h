@@ -15,8 +15,9 @@ namespace dbsection {
 class CatalogueFolder {
 public:
     /// An empty folder means that of SECTIONDB_FOLDER, or else that of the installation; an empty
-    /// password that of SECTIONDB_PASSWORD.
-    CatalogueFolder(std::string folder, std::string password);
+    /// password that of SECTIONDB_PASSWORD; an empty file of the person's own sections that of
+    /// SECTIONDB_USER, or none.
+    CatalogueFolder(std::string folder, std::string password, std::string userFile);
 
     std::string Path() const;
     const std::string& Password() const { return m_password; }
@@ -31,9 +32,22 @@ public:
     /// Throws CommandError where there is no file, and sections::Error.
     sections::Catalogue Open(int number) const;
 
+    /// The same for the number, file stem or name of a catalogue. The file of the person's own
+    /// sections is found as "own", too.
+    sections::Catalogue Open(const std::string& name) const;
+
+    /// The file of the person's own sections; empty where there is none.
+    const std::string& UserFile() const { return m_userFile; }
+
+    /// Reads it.
+    sections::Catalogue OpenUserFile() const;
+
 private:
+    bool IsUserFile(const std::string& name) const;
+
     std::string m_given; ///< empty: none was
     std::string m_password;
+    std::string m_userFile;
 };
 
 /// The family of a catalogue that a person named, by its whole name or by its first words where no
@@ -53,7 +67,7 @@ private:
     std::string m_faults;
 };
 
-/// The catalogues that have a file in the folder, in their order.
+/// The catalogues that have a file in the folder, in their order, and behind them the person's own.
 std::vector<sections::Catalogue> OpenAll(const CatalogueFolder& folder, CatalogueFaults& faults);
 
 } // namespace dbsection
