@@ -70,6 +70,11 @@ TEST_F(VerifyTest, FindsWhatIsPlanted) {
         {"UPDATE [~Families] SET Standard = 'EN 10365:1999'", "~Families: it is not what the file"},
         {"DELETE FROM [IPE Shape] WHERE Name = 'IPE 330'",
          "IPE Shape: its rows are not those it was built with"},
+        {"UPDATE DBInfo SET Checksums = NULL",
+         "the file: the checksums that it was built with are missing"},
+        {"PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = "
+         "replace(sql, '([AX])', '([D])') WHERE name = 'IPE Shape by [AX]'",
+         "the file: damaged: row 1 missing from index IPE Shape by [AX]"},
         {"UPDATE [HE Shape] SET ZZ = 430.01 WHERE Name = 'HE 200 A'",
          "HE 200 A: it is not what the catalogue was built with"},
     };

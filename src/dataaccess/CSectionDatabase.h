@@ -105,6 +105,10 @@ public:
     /// look at the file.
     std::vector<CString> GetUserTableNames() const;
 
+    /// Reads all pages, tables and indexes: what of them is damaged, in the words of the database
+    /// engine, at most 100 lines. Empty where nothing is.
+    std::vector<CString> FindDamage() const;
+
 private:
     friend class CSectionTableDef;
     friend class CSectionRecordset;

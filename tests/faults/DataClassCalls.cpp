@@ -35,6 +35,9 @@ PublicCalls OfDatabases() {
         Call("CSectionDatabase::GetUserTableNames", "2", Throws,
              [] { return static_cast<int>(db->GetUserTableNames().size()); })
             .On(OpenShapes),
+        Call("CSectionDatabase::FindDamage", "0", Throws,
+             [] { return static_cast<int>(db->FindDamage().size()); })
+            .On(OpenShapes),
         Call("CSectionDatabase::GetTableDefCount", "2", Throws,
              [] { return int{db->GetTableDefCount()}; })
             .On(OpenShapes),

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <limits>
 
+using dbsection::Activity;
 using dbsection::Connection;
 using dbsection::DatabaseReference;
 using dbsection::Fail;
@@ -196,6 +197,21 @@ std::vector<CString> CSectionDatabase::GetUserTableNames() const {
             if (AttributesOf(table) == 0)
                 names.emplace_back(table);
         return names;
+    });
+}
+
+std::vector<CString> CSectionDatabase::FindDamage() const {
+    return WithMemoryErrors([&] {
+        Connection& connection = OpenConnection();
+        const auto lease = connection.Own("PRAGMA integrity_check");
+        std::vector<CString> damage;
+        while (connection.Step(lease.Get(), connection.Path(), Activity::Reading)) {
+            const std::string line =
+                reinterpret_cast<const char*>(sqlite3_column_text(lease.Get(), 0));
+            if (line != "ok")
+                damage.emplace_back(line);
+        }
+        return damage;
     });
 }
 

@@ -30,37 +30,51 @@ Checksums ChecksumsIn(const std::string& lines) {
     return checksums;
 }
 
-/// Those that the file was built with; none where it keeps none.
-Checksums StoredChecksums(CSectionDatabase& database) {
+/// A text that the file tells of itself; empty where it has none.
+std::string InfoIn(CSectionDatabase& database, std::string_view name) {
     CSectionRecordset rows(&database);
     rows.Open(CSectionRecordset::Snapshot, "Select * From [DBInfo]");
     for (int column = 0; !rows.IsEOF() && column < rows.GetFieldCount(); ++column) {
         CSectionFieldInfo field;
         rows.GetFieldInfo(column, field);
-        if (field.m_strName.View() == "Checksums")
-            return ChecksumsIn(std::string(CCrack::strVARIANT(rows.GetFieldValue(column)).View()));
+        if (field.m_strName.View() == name)
+            return std::string(CCrack::strVARIANT(rows.GetFieldValue(column)).View());
     }
     return {};
 }
 
-/// The tables that are not those that the file was built with.
-std::set<std::string> ChangedTables(const std::string& path, const std::string& password) {
+/// The tables that are not those that the file was built with, by its checksums.
+std::set<std::string> ChangedTables(CSectionDatabase& database, const Checksums& stored) {
+    std::set<std::string> changed;
+    const Checksums present = ChecksumsIn(ChecksumsOf(database));
+    for (const auto& [table, checksum] : stored)
+        if (const auto now = present.find(table); now == present.end() || now->second != checksum)
+            changed.insert(table);
+    for (const auto& [table, checksum] : present)
+        if (!stored.contains(table))
+            changed.insert(table);
+    return changed;
+}
+
+/// What is amiss with a file as a whole.
+struct FileState {
+    std::vector<Finding> findings;
+    std::set<std::string> changed; ///< tables
+};
+
+FileState StateOf(const std::string& path, const std::string& password) {
     return sections::translated(path, [&] {
         CSectionDatabase database;
         database.Open(path.c_str(), 0, 1, ConnectText(password).c_str());
-        const Checksums stored = StoredChecksums(database);
-        std::set<std::string> changed;
-        if (stored.empty())
-            return changed;
-        Checksums present = ChecksumsIn(ChecksumsOf(database));
-        for (const auto& [table, checksum] : stored)
-            if (const auto now = present.find(table);
-                now == present.end() || now->second != checksum)
-                changed.insert(table);
-        for (const auto& [table, checksum] : present)
-            if (!stored.contains(table))
-                changed.insert(table);
-        return changed;
+        FileState state;
+        for (const CString& damage : database.FindDamage())
+            state.findings.push_back({"", "", "damaged: " + std::string(damage.View())});
+        const Checksums stored = ChecksumsIn(InfoIn(database, "Checksums"));
+        if (!stored.empty())
+            state.changed = ChangedTables(database, stored);
+        else if (!InfoIn(database, "SourceHash").empty())
+            state.findings.push_back({"", "", "the checksums that it was built with are missing"});
+        return state;
     });
 }
 
@@ -116,7 +130,7 @@ void RequireOrigins(const sections::Family& family, RowsVerdict& verdict) {
 std::vector<TableVerdict> VerifyCatalogue(const sections::Catalogue& catalogue,
                                           const std::string& password,
                                           const std::function<void()>& advance) {
-    std::set<std::string> changed = ChangedTables(catalogue.path(), password);
+    auto [damage, changed] = StateOf(catalogue.path(), password);
     const std::vector<sections::Family> families = catalogue.families();
     const bool tellsOrigins = std::ranges::any_of(
         families, [](const sections::Family& family) { return !family.origins().empty(); });
@@ -136,6 +150,8 @@ std::vector<TableVerdict> VerifyCatalogue(const sections::Catalogue& catalogue,
             VerifySection(section, verdict.rows);
         advance();
     }
+    if (!damage.empty())
+        verdicts.push_back({"the file", 0, {0, 0, std::move(damage)}});
     for (const std::string& table : changed)
         verdicts.push_back(
             {table, 0, {0, 0, {{"", "", "it is not what the file was built with"}}}});
