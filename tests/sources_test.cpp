@@ -57,6 +57,8 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
     const std::string families = PipeSources::FamiliesHeader;
     const std::string tolerance = "Family,Column,Percent,Reason\n";
     const std::string exception = "Family,Name,Column,Percent,Reason\n";
+    const char* const corrections = "families/_corrections.csv";
+    const std::string correction = "Family,Name,Column,Printed,Kept,Reason\npipes,";
     const Case cases[] = {
         // the text
         {pipes, "", "families/pipes.csv: the file is empty"},
@@ -72,6 +74,10 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
         {pipes, "Name,VessaName,OD,AX\n", "families/pipes.csv:1: column T: the column is missing"},
         {pipes, "Name,OD,T,AX\n", "families/pipes.csv:1: column VessaName: the column is missing"},
         {pipes, "Name,VessaName,OD,T\n", "families/pipes.csv:2: the line of units is missing"},
+        {pipes, pipe, "families/pipes.csv: there are no sections below the line of units"},
+        {pipes, pipe + "P\xE4,P,100,10,28.3\n",
+         "families/pipes.csv:3: not UTF-8; save the text in"},
+        {pipes, pipe + "P\xED\xA0\x80,P,100,10,28.3\n", "families/pipes.csv:3: not UTF-8"},
         {pipes, "Name,VessaName,OD,T\nTEXT,TEXT,INCH,MM\n",
          "families/pipes.csv:2: column OD: \"INCH\": not a known unit"},
         {pipes, "Name,VessaName,OD,T\nTEXT,TEXT,FEET,FEET\n",
@@ -86,6 +92,8 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
         // figures and names
         {pipes, pipe + "P,P,100,10,7.6x\n", "families/pipes.csv:3: column AX: \"7.6x\": not a"},
         {pipes, pipe + "P,P,100,10,inf\n", "families/pipes.csv:3: column AX: \"inf\": not a"},
+        {pipes, pipe + "P,P,100,10,1e-2\n", // half a unit of its last digit would be anything
+         "families/pipes.csv:3: column AX: \"1e-2\": not a decimal, as figures are printed"},
         {pipes, pipe + "P,P,100,10,\"28,3\"\n", "families/pipes.csv:3: column AX: \"28,3\": not"},
         {pipes, pipe + "P,P,100,,28.3\n", "families/pipes.csv:3: column T: the field is empty"},
         {pipes, pipe + "P,P,-100,10,28.3\n",
@@ -155,8 +163,25 @@ TEST(CatalogueSource, RefusesFaultySourcesAndSaysWhere) {
          "families/_exceptions.csv:2: no figure needs this exception"},
         {exceptions, exception + "pipes,P50,AX,1,why\npipes,P50,AX,2,why\n",
          "families/_exceptions.csv:3: a rule for the same figures stands further up"},
-        {"families/_corrections.csv", "Family,Name,Column,Printed,Kept,Reason\npipes,P,AX,1,2,\n",
+        // corrections
+        {corrections, correction + "P50,AX,1,2,\n",
          "families/_corrections.csv:2: column Reason: the field is empty"},
+        {corrections, correction + "P50,AX,7.7,7.07,why\n", ""},
+        {corrections, correction + "P50,AX,7.7,7.070,why\n", ""},
+        {corrections, correction + "P50,AX,7.7,7.06,why\n",
+         "families/_corrections.csv:2: P50: AX is 7.07"},
+        {corrections, correction + "P50,AX,7.7,computed,why\n",
+         "families/_corrections.csv:2: P50: AX is not computed, but 7.07"},
+        {corrections, correction + ",AX,,computed,why\n",
+         "families/_corrections.csv:2: P100: AX is not computed, but 28.3"},
+        {corrections, correction + ",I,,computed,why\n", ""},
+        {corrections, correction + "P5,AX,7.7,7.07,why\n",
+         "families/_corrections.csv:2: the family has no section \"P5\""},
+        {corrections, correction + "P5,I,7.7,computed,why\n",
+         "families/_corrections.csv:2: the family has no section \"P5\""},
+        {corrections, correction + "P50,,,left out,why\n",
+         "families/_corrections.csv:2: P50 is not left out"},
+        {corrections, correction + "P5,,,left out,why\n", ""},
         // title
         {catalogue, "Key,Value\nTitle,Pipes\nUnits,US\n",
          "VenezuelanSections/_catalogue.csv: the key Source is missing"},
@@ -186,6 +211,10 @@ TEST(CatalogueSource, KeepsAnExceptionWithinItsBound) {
         FaultOf(sources).starts_with("families/pipes.csv:3: column AX: \"29.3\": 3.50 % too "
                                      "large, 3.40 % is allowed"))
         << FaultOf(sources);
+    sources.Write("families/_exceptions.csv", exceptions + "10.6,as printed\n");
+    EXPECT_EQ(FaultOf(sources),
+              "families/_exceptions.csv:2: column Percent: \"10.6\": no figure is "
+              "further away than 3.5 %; lower the bound");
     sources.Write("families/_exceptions.csv", exceptions + "3.6,as printed\n");
     sources.Write("families/pipes.csv", pipes + "P100,PIP100,100,10,283\n");
     EXPECT_TRUE(FaultOf(sources).starts_with("families/pipes.csv:3: column AX: \"283\": 90.01 %"))

@@ -65,6 +65,17 @@ std::string Escaped(std::string_view text, Prefix prefix) {
 
 } // namespace
 
+bool IsUtf8(std::string_view text) {
+    char32_t character = 0;
+    while (!text.empty()) {
+        const std::size_t length = DecodeFirst(text, character);
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
 std::string PlainText(std::string_view text) {
     return Escaped(text, [](char32_t) { return ""; });
 }

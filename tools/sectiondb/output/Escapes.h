@@ -7,6 +7,9 @@
 
 namespace dbsection {
 
+/// Whether a text is UTF-8 throughout.
+bool IsUtf8(std::string_view text);
+
 /// A text as a terminal may get it. Names come from files that may hold anything: what controls a
 /// terminal or turns the direction of writing is written as \u001b, what is not UTF-8 as U+FFFD.
 std::string PlainText(std::string_view text);

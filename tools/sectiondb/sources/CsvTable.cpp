@@ -1,5 +1,7 @@
 #include "sources/CsvTable.h"
 
+#include "output/Escapes.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -26,6 +28,9 @@ public:
         do
             record.fields.push_back(m_text.starts_with('"') ? Quoted() : Plain());
         while (Take(","));
+        for (const std::string& field : record.fields)
+            if (!IsUtf8(field))
+                throw m_table.LineError(record.line, "not UTF-8; save the text in that encoding");
         if (!AtEnd() && !Take("\n") && !Take("\r\n"))
             throw m_table.LineError(m_line, "text after the closing quote of a field");
         ++m_line;

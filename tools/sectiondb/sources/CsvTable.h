@@ -1,6 +1,6 @@
-// Comma-separated text (RFC 4180: fields with commas, quotes or line ends are quoted, quotes are
-// doubled; lines end in LF or CRLF; a UTF-8 byte order mark is skipped). The first record names the
-// columns.
+// Comma-separated text in UTF-8 (RFC 4180: fields with commas, quotes or line ends are quoted,
+// quotes are doubled; lines end in LF or CRLF; a UTF-8 byte order mark is skipped). The first
+// record names the columns.
 //
 //     const CsvTable table("W Shape.csv", text);
 //     for (const CsvTable::Record& record : table.Records())

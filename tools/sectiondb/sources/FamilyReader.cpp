@@ -40,6 +40,8 @@ public:
         CheckUnits();
         FindUnits();
         const auto records = m_csv.Records().subspan(1);
+        if (records.empty())
+            throw m_csv.LineError(0, "there are no sections below the line of units");
         for (const CsvTable::Record& record : records)
             m_family.rows.push_back(ReadRow(record));
         LearnPrinting();
@@ -179,7 +181,10 @@ private:
         const double figure = m_csv.Number(record, column.name);
         if (!column.Allows(figure))
             throw m_csv.Error(record, column.name, "not above zero");
-        return m_csv.Text(record, column.name);
+        const std::string& printed = m_csv.Text(record, column.name);
+        if (printed.find_first_of("eE") != std::string::npos) // its last digit would tell nothing
+            throw m_csv.Error(record, column.name, "not a decimal, as figures are printed");
+        return printed;
     }
 
     void LearnPrinting() {
@@ -208,10 +213,10 @@ private:
         const FigureVerdict& verdict = judged.verdict;
         const char* const column = m_layout[judged.column].name;
         const double deviation = std::abs(verdict.deviation);
-        if (deviation > verdict.printing)
-            m_needed.tolerances.insert(column);
         if (verdict.exception != nullptr && !verdict.IsWithinTolerance())
-            m_needed.exceptions.insert({row.name, column});
+            m_needed.exceptions[{row.name, column}] = deviation;
+        else if (deviation > verdict.printing)
+            m_needed.tolerances[column] = std::max(m_needed.tolerances[column], deviation);
         if (verdict.IsAccepted())
             return;
         const double allowed = verdict.exception != nullptr ? verdict.exception->share

@@ -16,7 +16,10 @@
 
 namespace dbsection {
 
+struct SourceFamily;
+
 struct Correction {
+    int line; ///< of the list
     std::string name;
     std::string column;
     std::string printed;
@@ -36,6 +39,9 @@ public:
 
     /// Those of a family in the order of the list.
     const std::vector<Correction>& Of(const std::string& family) const;
+
+    /// Throws SourceError when a line says another thing than what stands in its family.
+    void RequireTrue(const SourceFamily& family) const;
 
     /// Throws SourceError when a line is of a family that there is not.
     void RequireFamilies(const std::set<std::string, std::less<>>& families) const;

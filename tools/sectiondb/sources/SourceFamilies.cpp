@@ -85,6 +85,7 @@ const SourceFamily& SourceFamilies::Get(const std::string& name, const SectionLa
         SourceFamily family = Plan(record, layout);
         RequireLayout(record, family, layout);
         ReadFamily(m_folder.Read(name + ".csv"), m_rules, family);
+        m_corrections.RequireTrue(family);
         Sha256 hash;
         hash.Add(m_folder.HashOf(name + ".csv"));
         for (const std::string& field : record.fields)

@@ -1,9 +1,12 @@
 #include "sources/SourceRules.h"
 
+#include <fmt/format.h>
+
 namespace dbsection {
 
-SourceRules::List::List(CsvTable itsCsv, const std::vector<std::string>& keys)
-    : csv(std::move(itsCsv)) {
+SourceRules::List::List(CsvTable itsCsv, std::string itsKind, const std::vector<std::string>& keys)
+    : csv(std::move(itsCsv)),
+      kind(std::move(itsKind)) {
     std::set<std::vector<std::string>> known;
     for (const CsvTable::Record& record : csv.Records()) {
         std::vector<std::string> key;
@@ -30,8 +33,8 @@ DeviationBound SourceRules::List::BoundIn(const CsvTable::Record& record) const 
 }
 
 SourceRules::SourceRules(SourceFolder& folder)
-    : m_tolerances(folder.Read("_tolerances.csv"), {"Family", "Column"}),
-      m_exceptions(folder.Read("_exceptions.csv"), {"Family", "Name", "Column"}) {}
+    : m_tolerances(folder.Read("_tolerances.csv"), "tolerance", {"Family", "Column"}),
+      m_exceptions(folder.Read("_exceptions.csv"), "exception", {"Family", "Name", "Column"}) {}
 
 FigureRules SourceRules::Of(const std::string& family) const {
     FigureRules rules;
@@ -54,16 +57,27 @@ std::string SourceRules::TextOf(const std::string& family) const {
     return text;
 }
 
+template <class Needed, class Key>
+void SourceRules::List::RequireNeeded(const CsvTable::Record& record, const Needed& needed,
+                                      const Key& key) const {
+    constexpr double Widest = 3; // times the greatest deviation
+    const auto deviation = needed.find(key);
+    if (deviation == needed.end())
+        throw csv.LineError(record.line, "no figure needs this " + kind + "; correct or remove it");
+    if (BoundIn(record).share > Widest * deviation->second)
+        throw csv.Error(record, "Percent",
+                        fmt::format("no figure is further away than {:.2g} %; lower the bound",
+                                    100 * deviation->second));
+}
+
 void SourceRules::RequireNeeded(const std::string& family, const NeededRules& needed) const {
     for (const auto* record : m_tolerances.Of(family))
-        if (!needed.tolerances.contains(m_tolerances.csv.Text(*record, "Column")))
-            throw m_tolerances.csv.LineError(
-                record->line, "no figure needs this tolerance; correct or remove it");
+        m_tolerances.RequireNeeded(*record, needed.tolerances,
+                                   m_tolerances.csv.Text(*record, "Column"));
     for (const auto* record : m_exceptions.Of(family))
-        if (!needed.exceptions.contains(
-                {m_exceptions.csv.Text(*record, "Name"), m_exceptions.csv.Text(*record, "Column")}))
-            throw m_exceptions.csv.LineError(
-                record->line, "no figure needs this exception; correct or remove it");
+        m_exceptions.RequireNeeded(*record, needed.exceptions,
+                                   std::pair(m_exceptions.csv.Text(*record, "Name"),
+                                             m_exceptions.csv.Text(*record, "Column")));
 }
 
 void SourceRules::RequireFamilies(const std::set<std::string, std::less<>>& families) const {
