@@ -4,9 +4,9 @@
 #include "platform/FileSystem.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <string>
+#include <vector>
 
 namespace dbsection {
 namespace {
@@ -28,7 +28,8 @@ struct KeptLooks {
     KeptLooks& operator=(const KeptLooks&) = delete;
     ~KeptLooks() { areGone = true; }
 
-    std::array<KeptLook, Capacity> all;
+    /// On the heap: a library that is loaded late has little room for a thread's own.
+    std::vector<KeptLook> all = std::vector<KeptLook>(Capacity);
     std::size_t next = 0;
 };
 
