@@ -20,8 +20,9 @@ using Figures = std::map<std::string, std::pair<double, std::string>>;
 using Texts = std::map<std::string, std::string>;
 
 sections::Draft draftOf(std::string name, std::string programName, const Figures& figures,
-                        const Texts& texts) {
-    sections::Draft draft{.name = std::move(name), .programName = std::move(programName)};
+                        const Texts& texts, double asPublished) {
+    sections::Draft draft{
+        .name = std::move(name), .programName = std::move(programName), .asPublished = asPublished};
     for (const auto& [column, figure] : figures)
         draft.figures.emplace(column, sections::Quantity(figure.first, figure.second));
     draft.texts.insert(texts.begin(), texts.end());
@@ -55,15 +56,17 @@ void defineUserFiles(py::module_& module) {
         .def("read", [](OpenChange& change) { return (*change).read(); })
         .def("add",
              [](OpenChange& change, std::string_view family, std::string name,
-                std::string programName, const Figures& figures, const Texts& texts) {
-                 return (*change).add(
-                     family, draftOf(std::move(name), std::move(programName), figures, texts));
+                std::string programName, const Figures& figures, const Texts& texts,
+                double asPublished) {
+                 return (*change).add(family, draftOf(std::move(name), std::move(programName),
+                                                      figures, texts, asPublished));
              })
         .def("update",
              [](OpenChange& change, const Section& section, std::string name,
-                std::string programName, const Figures& figures, const Texts& texts) {
-                 (*change).update(section,
-                                  draftOf(std::move(name), std::move(programName), figures, texts));
+                std::string programName, const Figures& figures, const Texts& texts,
+                double asPublished) {
+                 (*change).update(section, draftOf(std::move(name), std::move(programName), figures,
+                                                   texts, asPublished));
              })
         .def("remove",
              [](OpenChange& change, const Section& section) { (*change).remove(section); })

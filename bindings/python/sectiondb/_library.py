@@ -102,24 +102,42 @@ class Change:
         return Catalogue(self._native.read(), presentation_of(None))
 
     def add(
-        self, family: str, name: str, *, program_name: str = "", **columns: Given
+        self,
+        family: str,
+        name: str,
+        *,
+        program_name: str = "",
+        as_published: float = 0,
+        **figures: Given,
     ) -> int:
         """Adds a section to a family and returns its record number.
 
-        >>> change.add("Pipe", "P 60.3x5", OD="60.3 mm", T="5 mm", AX="8.69 cm^2")
+        >>> change.add("Pipe", "P 60.3x5", OD="60.3 mm", T="5 mm")
 
-        Its name must be new in the family, its program name in the file, whatever its letter case.
+        Figures are by column, or by parameter of the shape, such as ``radius="15 mm"``. Geometry
+        gives those that are left out, and judges the others: they may be further from it than
+        rounding explains by ``as_published``, as a share of them. The name must be new in the family,
+        the program name in the file, whatever the letter case.
         """
         table = self.read().family(family)
-        figures, texts = _parts(table, columns)
-        return self._native.add(table.name, name, program_name, figures, texts)
+        parts = _parts(table, figures)
+        return self._native.add(table.name, name, program_name, *parts, as_published)
 
     def update(
-        self, section: Section[Any], *, name: str = "", program_name: str = "", **columns: Given
+        self,
+        section: Section[Any],
+        *,
+        name: str = "",
+        program_name: str = "",
+        as_published: float = 0,
+        **figures: Given,
     ) -> None:
-        """Gives a section that was read from the file other names and figures; the rest stays."""
-        figures, texts = _parts(section.family, columns)
-        self._native.update(section.native, name, program_name, figures, texts)
+        """Gives a section that was read from the file other names and figures; the rest stays.
+
+        Where there are figures, the row is judged as it will be.
+        """
+        parts = _parts(section.family, figures)
+        self._native.update(section.native, name, program_name, *parts, as_published)
 
     def remove(self, section: Section[Any]) -> None:
         """Removes a section that was read from the file."""
@@ -170,14 +188,13 @@ class UserFile:
 def _parts(
     family: Family[Any], given: Mapping[str, Given]
 ) -> tuple[dict[str, tuple[float, str]], dict[str, str]]:
-    """Figures with their units, and texts, by the names of the family's columns."""
+    """Figures with their units, and texts, by the family's columns; figures also by parameter."""
     figures, texts = {}, {}
     for name, value in given.items():
-        column = family.column(name)
-        if column.kind == "text":
-            texts[column.name] = str(value)
+        if family.has_column(name) and family.column(name).kind == "text":
+            texts[name] = str(value)
             continue
         if not isinstance(value, Quantity):
             value = Quantity.parse(value) if isinstance(value, str) else Quantity(value)
-        figures[column.name] = (value.figure, value.unit)
+        figures[name] = (value.figure, value.unit)
     return figures, texts

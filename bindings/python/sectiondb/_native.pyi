@@ -88,6 +88,7 @@ class Change:
         program_name: str,
         figures: dict[str, Figure],
         texts: dict[str, str],
+        as_published: float,
     ) -> int: ...
     def update(
         self,
@@ -96,6 +97,7 @@ class Change:
         program_name: str,
         figures: dict[str, Figure],
         texts: dict[str, str],
+        as_published: float,
     ) -> None: ...
     def remove(self, section: Section) -> None: ...
     def commit(self) -> None: ...

@@ -177,10 +177,17 @@ def test_user_files_are_changed_together_or_not_at_all(user_file):
         raise RuntimeError
     assert len(mine.read()) == 1
     with mine.change() as change:
-        change.update(pipe, name="P one", T="0.25 in")
+        with pytest.raises(sectiondb.Error, match=r"AX is 8.69 CM\^2, its dimensions give 10.76"):
+            change.update(pipe, name="P one", T="0.25 in")
+        figures = {"AX": "10.76 cm^2", "I": "39.7 cm^4", "Z": "18.57 cm^3"}
+        change.update(pipe, name="P one", T="0.25 in", **figures)
+        change.add("Pipe", "P loose", OD="60.3 mm", T="5 mm", AX="8.8 cm^2", as_published=0.02)
+        assert change.add("Pipe", "P two", OD="60.3 mm", T="5 mm") == number + 2
     assert mine.read()["P one"].T.in_("in") == pytest.approx(0.25)
+    assert mine.read()["P two"].AX.in_("cm^2") == pytest.approx(8.687, abs=1e-3)
     with mine.change() as change:
-        change.remove(mine.read()["P one"])
+        for name in ("P one", "P two", "P loose"):
+            change.remove(change.read()[name])
     assert len(mine.read()) == 0
     with pytest.raises(ValueError, match="over"):
         change.read()
