@@ -143,7 +143,7 @@ std::shared_ptr<const KeptTable> Connection::KeepTable(KeptFile& file, const std
 
 /// Null where not all of them are kept.
 std::shared_ptr<const KeptFile::Tables> Connection::KeepAllTables(KeptFile& file) {
-    if (const auto all = file.AllTables())
+    if (auto all = file.AllTables())
         return all;
     const std::vector<std::string> names = Tables();
     if (!file.IsWorthKeeping(std::ssize(names)))

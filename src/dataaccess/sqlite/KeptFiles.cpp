@@ -55,7 +55,7 @@ std::shared_ptr<const KeptTable> KeptFile::FindTable(std::string_view name) cons
 }
 
 std::shared_ptr<const KeptTable> KeptFile::Keep(std::shared_ptr<const KeptTable> table) {
-    if (const auto known = FindTable(table->Name())) // read by another thread meanwhile
+    if (auto known = FindTable(table->Name())) // read by another thread meanwhile
         return known;
     const std::lock_guard lock(m_guard);
     m_tables.push_back(table);
@@ -105,7 +105,7 @@ std::optional<KeptFile::NameIndex> KeptFile::ReadNames(const char* column) {
             names.emplace_back(hash, static_cast<std::uint32_t>(table));
     }
     std::ranges::sort(names);
-    names.erase(std::ranges::unique(names).begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
     names.shrink_to_fit();
     Count(names.size() * sizeof(NameIndex::value_type));
     return names;

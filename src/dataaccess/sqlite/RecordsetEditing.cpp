@@ -98,7 +98,12 @@ void RecordsetState::WriteRow(sqlite3_stmt* statement, int parameter, int row) {
     sqlite3_bind_int64(statement, ++parameter, m_rows.Id(row));
     for (int column = 0; column < m_shape->Width(); ++column)
         Bind(statement, ++parameter, m_rows.At(row, column), m_rows.Store());
-    if (Engine().Write(statement, Table()) > 0)
+    RequireWritten(Engine().Write(statement, Table()), row);
+}
+
+/// Tells why a row was not written to.
+void RecordsetState::RequireWritten(int count, int row) {
+    if (count > 0)
         return;
     const StatementLease current = RowById(m_rows.Id(row));
     if (Engine().Step(current.Get(), Table(), Activity::Reading))
@@ -181,10 +186,16 @@ void RecordsetState::UpdateRow() {
     m_rows.Edit([this](RowStore& rows) { rows.MoveLastTo(m_position); });
 }
 
-void RecordsetState::DeleteRow(int row) {
-    const StatementLease statement =
-        Engine().Own("DELETE FROM " + Quoted(Table()) + RowCondition());
-    WriteRow(statement.Get(), 0, row);
+/// `isAsRead` tells that nobody can have changed the row since it was read.
+void RecordsetState::DeleteRow(int row, bool isAsRead) {
+    const std::string condition = isAsRead ? " WHERE " + m_shape->rowId + " = ?" : RowCondition();
+    const StatementLease statement = Engine().Own("DELETE FROM " + Quoted(Table()) + condition);
+    if (!isAsRead) {
+        WriteRow(statement.Get(), 0, row);
+        return;
+    }
+    sqlite3_bind_int64(statement.Get(), 1, m_rows.Id(row));
+    RequireWritten(Engine().Write(statement.Get(), Table()), row);
 }
 
 void RecordsetState::Delete() {
@@ -193,11 +204,11 @@ void RecordsetState::Delete() {
     RequireRow();
     m_rows.MakeOwn();
     Transaction transaction(Engine(), Purpose::OneWrite);
-    // Of a table the rest is then what would be read; a condition may ask for other rows, too.
-    const bool isCurrent = m_isWholeTable && m_stamp && Engine().IsCurrent(*m_stamp);
-    DeleteRow(m_position);
+    const bool isCurrent = m_stamp && Engine().IsCurrent(*m_stamp);
+    DeleteRow(m_position, isCurrent);
     transaction.Commit();
-    if (isCurrent)
+    // Of a table the rest is what would be read now; a condition may ask for other rows by then.
+    if (isCurrent && m_isWholeTable)
         m_stamp = Engine().WithOwnChanges(*m_stamp);
     m_edit = Edit::None;
     m_onGap = true;
@@ -210,7 +221,7 @@ int RecordsetState::DeleteAll() {
     RequireEditable();
     const int count = m_rows.Count();
     for (int row = 0; row < count; ++row)
-        DeleteRow(row);
+        DeleteRow(row, true);
     transaction.Commit();
     m_rows = RowsInUse(RowStore(m_shape->Width()));
     m_visited = 0;

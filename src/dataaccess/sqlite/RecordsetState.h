@@ -106,10 +106,11 @@ private:
     void RequireEditable() const;
     void InsertRow();
     void UpdateRow();
-    void DeleteRow(int row);
+    void DeleteRow(int row, bool isAsRead);
     int BindSetValues(sqlite3_stmt* statement) const;
     std::string RowCondition() const;
     void WriteRow(sqlite3_stmt* statement, int parameter, int row);
+    void RequireWritten(int count, int row);
     StatementLease RowById(std::int64_t id);
     void ReadBackAndCommit(std::int64_t id, Transaction& transaction);
 
