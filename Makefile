@@ -53,8 +53,10 @@ sanitize: setup
 	@scripts/build threads
 	@ctest --preset threads
 
+# Ends with a table for documents; the plot of growing costs stands beside it.
 bench: build
-	@build/bin/sectiondb_bench
+	@build/bin/sectiondb_bench --report build/bench; status=$$?; \
+	  echo && cat build/bench/measures.md; exit $$status
 
 # Failures injected one by one, kills, damage, processes in each other's way: twenty minutes at most.
 faults: build
