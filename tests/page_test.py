@@ -127,7 +127,7 @@ class PageTest(unittest.TestCase):
             ("L2.5x2x3/16", "L2-1/2X2X3/16"), ("l 2 1/2-2x.188", "L2-1/2X2X3/16"),
             ("HEA 200", "HE 200 A"), ("he-a200,0", "HE 200 A"), ("ipe-300 ", "IPE 300"),
             ("305x165x40 UB", "UB 305 x 165 x 40"), ("hss6,625*.28", "HSS6.625X0.280"),
-            ("балка", ODD_NAME), ("HEA 2", "HE 200 A"),
+            ("балка", ODD_NAME), ("HEA 2", "HE 200 A"), ("uka 200x100x10", "L 200 x 100 x 10"),
         ]:
             self.search(typed)
             self.assertEqual(self.names()[0], name, typed)
@@ -175,6 +175,13 @@ class PageTest(unittest.TestCase):
         self.search("L 200 x 200 x 16")
         self.type("#query", Keys.ENTER)
         self.assertEqual(self.figures()["D"], "7.874 in")
+
+    def test_marks_computed_values(self):
+        self.search("UPN 200")
+        self.assertEqual(self.names()[0], "UPN 200")
+        self.type("#query", Keys.ENTER)
+        self.assertEqual([cell.text for cell in self.all("#details .computed")], ["20.163"])
+        self.assertEqual(self.figures()["CZ"], "20.163 mm")
 
     def test_draws_the_section(self):
         for name, label in [

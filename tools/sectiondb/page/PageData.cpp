@@ -24,7 +24,7 @@ std::string CellJson(const Table::Cell& cell) {
 /// tell the shape.
 std::string OutlineJson(const sections::Section& section) {
     try {
-        const Outline outline = section.outline();
+        const Outline outline = section.agreedShape().outline;
         JsonList parts;
         parts.Add(JsonText(SvgPath(outline)));
         for (const double figure : {outline.MinorAxis().centroid, outline.MajorAxis().centroid,
@@ -42,6 +42,30 @@ std::string ArrayOf(const Range& items, Text text) {
     for (const auto& item : items)
         list.Add(text(item));
     return list.Array();
+}
+
+/// The other names of those rows that have some, by the places of the rows.
+std::string AliasesJson(const sections::Sections& rows) {
+    JsonList members;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (const auto aliases = rows[i].aliases(); !aliases.empty())
+            members.AddMember(std::to_string(i), ArrayOf(aliases, [](const sections::Alias& alias) {
+                                  return JsonText(alias.name);
+                              }));
+    return members.Object();
+}
+
+/// Whether the figures of a column are computed rather than published: all of them, or the places
+/// of those that are.
+std::string ComputedJson(const sections::Sections& rows, const std::string& column) {
+    JsonList places;
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (rows[i].source(column) == sections::FigureSource::Computed) {
+            places.Add(std::to_string(i));
+            ++count;
+        }
+    return count > 0 && count == rows.size() ? "true" : places.Array();
 }
 
 std::string UnitJson(const std::string& stored) {
@@ -80,6 +104,7 @@ std::string PageData::FamilyJson(const sections::Family& family) {
     members.AddMember("programNames", ArrayOf(rows, [](const auto& section) {
                           return JsonText(section.programName());
                       }));
+    members.AddMember("aliases", AliasesJson(rows));
     members.AddMember("outlines", ArrayOf(rows, [this](const auto& section) {
                           m_advance();
                           return OutlineJson(section);
@@ -98,6 +123,7 @@ std::string PageData::ColumnJson(const sections::Family& family, std::size_t pla
     members.AddMember("values", ArrayOf(family.sections(), [&](const sections::Section& section) {
                           return CellJson(CellAt(section, columns, BookkeepingColumns + place));
                       }));
+    members.AddMember("computed", ComputedJson(family.sections(), column.name));
     return members.Object();
 }
 

@@ -10,8 +10,9 @@ function comparedCell(row, first, name, system, hasOwnUnit) {
     const text = valueText(row, name, system, readable);
     const unit = unitOf(row, name, system)?.label ?? "";
     const ownUnit = text !== "" && hasOwnUnit ? ` ${printedUnit(unit)}` : "";
-    return element("td", {}, text === "" ? "–" : text + ownUnit,
-        element("small", {}, ratioText(row, first, name)));
+    const cell = figureElement("td", row, name, text === "" ? "" : text + ownUnit);
+    cell.append(element("small", {}, ratioText(row, first, name)));
+    return cell;
 }
 
 function comparisonRow(rows, name, system) {

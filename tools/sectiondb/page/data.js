@@ -4,6 +4,7 @@
 //     const column = rows[0].family.columns.get("IZ");
 //     column.values[rows[0].index]                  the figure as it is stored, or null
 //     column.units[system]                          { label, factor }; texts have no units
+//     isComputed(rows[0], "IZ")                     rather than published
 
 async function unpacked(base64) {
     const bytes = Uint8Array.from(atob(base64), (character) => character.charCodeAt(0));
@@ -13,12 +14,15 @@ async function unpacked(base64) {
 
 function familyOf(data, catalogue, units) {
     const columns = data.columns.map((column) => [
-        column.name, { ...column, units: column.unit === undefined ? null : units[column.unit] }
+        column.name, {
+            ...column, units: column.unit === undefined ? null : units[column.unit],
+            computed: column.computed === true || new Set(column.computed),
+        }
     ]);
     return { ...data, catalogue, columns: new Map(columns) };
 }
 
-/** What search knows of a section's names; `known` has those that were read before, since standards
+/** What search knows of a section's names, aliases included; `known` has those that were read before, since standards
  *  share many sections. */
 function namingOf(names, known) {
     const joined = names.join("\n");
@@ -34,7 +38,8 @@ function rowsOf(family, knownNamings) {
         const programName = family.programNames[index];
         return {
             name, programName, family, index,
-            naming: namingOf([name, programName], knownNamings),
+            aliases: family.aliases[index] ?? [],
+            naming: namingOf([name, programName, ...family.aliases[index] ?? []], knownNamings),
             outline: family.outlines[index],
         };
     });
@@ -57,6 +62,12 @@ const columnOf = (family, name) => family.columns.get(name) ?? family.columns.ge
 
 /** What a row has in a column: a text, a figure as it is stored, or null. */
 const valueOf = (row, name) => columnOf(row.family, name)?.values[row.index] ?? null;
+
+/** Whether the figure of a row follows from the dimensions, rather than being published. */
+function isComputed(row, name) {
+    const computed = columnOf(row.family, name)?.computed;
+    return computed === true || Boolean(computed?.has(row.index));
+}
 
 const unitOf = (row, name, system) => columnOf(row.family, name)?.units?.[system] ?? null;
 

@@ -5,7 +5,7 @@ function valueRows(row, system) {
         const text = valueText(row, name, system, readable);
         return element("tr", { title: meaning },
             element("th", { scope: "row" }, name, element("small", {}, meaning)),
-            element("td", {}, text === "" ? "–" : text),
+            figureElement("td", row, name, text),
             element("td", {}, text === "" ? "" : printedUnit(unitOf(row, name, system)?.label ?? "")));
     });
 }
@@ -21,6 +21,8 @@ function showDetails(panel, row, system, actions) {
             element("button", { type: "button", class: "close", "aria-label": "Close", onclick: actions.close }, "×")),
         element("p", {}, `${catalogue.name} · ${family}`),
         element("p", { class: "standard" }, catalogue.standard),
+        row.aliases.length > 0
+            ? element("p", { class: "standard" }, `Also called ${row.aliases.join("; ")}`) : "",
         row.outline ? drawingOf(row, system)
             : element("p", { class: "standard" }, "No drawing: the figures do not tell the shape."),
         element("p", { class: "actions" },

@@ -21,3 +21,9 @@ function fillSelect(select, all, names, chosen) {
     select.value = names.includes(chosen) ? chosen : "";
     return select.value;
 }
+
+/** An element with a figure as text, or a dash for none; what is computed is marked. */
+function figureElement(tag, row, name, text) {
+    if (text === "" || !isComputed(row, name)) return element(tag, {}, text === "" ? "–" : text);
+    return element(tag, { class: "computed", title: "Computed from the dimensions" }, text);
+}

@@ -85,7 +85,8 @@ class SectionTable {
 
     cell(row, name) {
         const text = valueText(row, name, this.system, readable);
-        const cell = element("div", { role: "gridcell" }, text === "" ? "–" : text);
+        const cell = figureElement("div", row, name, text);
+        cell.setAttribute("role", "gridcell");
         const unit = unitOf(row, name, this.system)?.label;
         if (text !== "" && unit && this.units.get(name) === null)
             cell.append(element("small", {}, ` ${printedUnit(unit)}`));
