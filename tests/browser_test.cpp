@@ -140,18 +140,27 @@ TEST_F(BrowserTest, ShowsFamiliesAndSummaries) {
 }
 
 TEST_F(BrowserTest, FindsANameInAllCatalogues) {
-    ExpectLines(Browse("find w12x26\nfind W12X26\n"),
-                {"  Known as        Catalogue  Family    Other name",
-                 "  program's name  American   W Shape   W12X26",
-                 "  program's name  British    UB Shape  356x171x39", "> find W12X26",
-                 "  public name     American   W Shape   W12x26",
-                 "  program's name  American   W Shape   W12X26"});
+    ExpectLines(Browse("find \"w 12 x 26\"\nfind W12X25\n"),
+                {"  Match  Catalogue  Family    Name    Public name",
+                 "  exact  American   W Shape   W12x26  W12X26",
+                 "  exact  British    UB Shape  w12X26  356x171x39", "> find W12X25",
+                 "error: No catalogue has a section \"W12X25\"; did you mean W12X26 (American)"});
     std::filesystem::copy_file(FileOf(1), m_own.File("AISCSections.db3"));
+    WriteFile(m_own.File("BritishSections.db3"), std::string(4096, 'x'));
     const Outcome outcome = Browse("find W12X26\n", "--folder " + m_own.Path());
     EXPECT_EQ(outcome.status, 1);
-    ExpectLines(outcome, {"  public name     American   W Shape  W12x26",
-                          "error: The search ended at the catalogue Australian, which cannot be "
-                          "opened."});
+    ExpectLines(outcome, {"  exact  American   W Shape  W12x26  W12X26", "error: "});
+    EXPECT_NE(outcome.output.find("BritishSections.db3"), std::string::npos);
+}
+
+TEST_F(BrowserTest, DrawsASectionInCharacters) {
+    const Outcome outcome = Browse("use American\ndraw w12*26\n");
+    EXPECT_EQ(outcome.status, 0);
+    ExpectLines(outcome, {"W12X26 (American, W Shape)", "\u2588\u2588\u2588\u2588",
+                          "          \u2588", "\u2588\u2588\u2588\u2588"});
+    EXPECT_EQ(Browse("draw W12X26\n").status, 1);
+    ExpectLines(Browse("use American\ndraw W12X27\n"),
+                {"error: There is no section \"W12X27\" in the catalogue; did you mean W12X26"});
 }
 
 TEST_F(BrowserTest, KeepsPreferredSections) {

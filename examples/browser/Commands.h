@@ -16,7 +16,7 @@ using Action = void(Session& session, const Arguments& arguments);
 
 Action Catalogues, Use, Families, ChooseFamily, Names, Fields, ChooseUnits; // ListCommands.cpp
 Action Show, ShowAll, Summary, PrincipalAngle;                              // ValueCommands.cpp
-Action Find;                                                                // FindCommand.cpp
+Action Find, Draw;                                                          // FindCommand.cpp
 Action Prefer, Preferred;                                                   // PreferCommands.cpp
 
 /// The one name that all arguments make: those of catalogues and families hold blanks.

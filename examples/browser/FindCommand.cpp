@@ -1,72 +1,83 @@
-// Where a name is found, over all catalogues.
+// Sections by names as people type them, over all catalogues, and their shape.
 #include "Commands.h"
 #include "Print.h"
 #include "Text.h"
+#include "Values.h"
 
-#include <array>
+#include <drawing/Drawing.h>
+#include <sections/Error.h>
+
+#include <algorithm>
+#include <iostream>
 
 namespace browser {
 namespace {
 
-/// A section has two names: each search goes by one of them and tells the other.
-struct NameSearch {
-    const char* kind;
-    int (*inAllCatalogues)(const char* name, CUIntArray& catalogues, CUIntArray& types);
-    int (*inOneCatalogue)(int catalogue, const char* name, CUIntArray& types,
-                          std::vector<CString>& otherNames);
-};
+using sections::Match;
 
-constexpr std::array Searches{
-    NameSearch{"public name", SectionDBInterface::GetCountryAndSectionTypeFromPublicName,
-               SectionDBInterface::GetSectionTypeAndVessaNameFromPublicName},
-    NameSearch{"program's name", SectionDBInterface::GetCountryAndSectionTypeFromVessaName,
-               SectionDBInterface::GetSectionTypeAndPublicNameFromVessaName}};
-
-/// Appends a row for each catalogue that holds the name; whether all catalogues were searched.
-bool AppendFound(const NameSearch& search, const CString& name, std::vector<Row>& rows) {
-    CUIntArray catalogues;
-    CUIntArray types;
-    const bool isComplete = search.inAllCatalogues(name, catalogues, types) == 1;
-    for (int i = 0; i < catalogues.GetSize(); ++i) {
-        if (i > 0 && catalogues[i] == catalogues[i - 1])
-            continue; // a further row of that name
-        const int catalogue = static_cast<int>(catalogues[i]);
-        const int type = static_cast<int>(types[i]);
-        CUIntArray sameTypes;
-        std::vector<CString> otherNames;
-        if (search.inOneCatalogue(catalogue, name, sameTypes, otherNames) == 1)
-            rows.push_back({search.kind, SectionDBInterface::GetCountryName(catalogue),
-                            SectionDBInterface::GetTableFromSectionType(catalogue, type),
-                            otherNames.front()});
+const char* TextOf(Match match) {
+    switch (match) {
+    case Match::Exact:
+        return "exact";
+    case Match::Alias:
+        return "alias";
+    case Match::Superseded:
+        return "superseded";
+    case Match::Near:
+        break;
     }
-    return isComplete;
+    return "near";
 }
 
-/// The first catalogue that cannot be opened, where a search over all of them ends; 0 for none.
-int FirstMissing() {
-    for (int index = 1; index <= LastCatalogueIndex; ++index)
-        if (SectionDBInterface::GetDatabasePtr(index) == nullptr)
-            return index;
-    return 0;
+CString CatalogueOf(const sections::Section& section) {
+    return SectionDBInterface::GetCountryName(section.family().catalogue().number());
+}
+
+/// "; did you mean X (American) or Y (British)?", or a full stop.
+CString Suggestion(const std::vector<sections::Hit>& near) {
+    CString text;
+    for (const sections::Hit& hit : near)
+        text += (text.IsEmpty() ? "; did you mean " : " or ") + CString(hit.name) + " (" +
+                CatalogueOf(hit.section) + ")";
+    return text.IsEmpty() ? "." : text + "?";
 }
 
 } // namespace
 
 void Find(Session& /*session*/, const Arguments& arguments) {
     const CString name = Joined(arguments);
-    const Row header{"Known as", "Catalogue", "Family", "Other name"};
-    std::vector<Row> rows{header};
-    bool isComplete = false;
-    for (const NameSearch& search : Searches)
-        isComplete = AppendFound(search, name, rows) || isComplete;
+    std::vector<CString> faults;
+    const sections::NameIndex names(ReadCatalogues(faults));
+    std::vector<Row> rows{{"Match", "Catalogue", "Family", "Name", "Public name"}};
+    for (const auto& [section, match, met] : names.find(name.View()))
+        rows.push_back({TextOf(match), CatalogueOf(section), CString(section.family().name()),
+                        CString(section.programName()), CString(section.name())});
     if (rows.size() > 1)
         PrintTable(rows, "l");
-    const int missing = isComplete ? 0 : FirstMissing();
-    if (missing != 0)
-        throw Refusal("The search ended at the catalogue " +
-                      SectionDBInterface::GetCountryName(missing) + ", which cannot be opened.");
+    if (!faults.empty())
+        throw Refusal(faults.front());
     if (rows.size() == 1)
-        throw Refusal("No catalogue has a section " + Quoted(name) + ".");
+        throw Refusal("No catalogue has a section " + Quoted(name) +
+                      Suggestion(names.nearest(name.View())));
+}
+
+void Draw(Session& session, const Arguments& arguments) {
+    constexpr int Columns = 40;
+    const CString name = Joined(arguments);
+    const sections::NameIndex names({ReadCatalogue(session.Catalogue())});
+    const std::vector<sections::Hit> hits = names.find(name.View());
+    if (hits.empty())
+        throw Refusal("There is no section " + Quoted(name) + " in the catalogue" +
+                      Suggestion(names.nearest(name.View())));
+    const sections::Section& section = hits.front().section;
+    try {
+        const dbsection::SectionGeometry shape = section.agreedShape();
+        std::cout << section.name() << " (" << CatalogueOf(section) << ", "
+                  << section.family().name() << ")\n"
+                  << dbsection::Picture(shape.outline, Columns);
+    } catch (const sections::Error& error) {
+        throw Refusal(error.what());
+    }
 }
 
 } // namespace browser

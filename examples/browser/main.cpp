@@ -1,6 +1,7 @@
 // A browser of section catalogues on a terminal: how a front end uses the library.
 #include "Commands.h"
 #include "Text.h"
+#include "Values.h"
 
 #include <algorithm>
 #include <array>
@@ -29,11 +30,7 @@ struct Option {
 
 constexpr std::array Options{
     Option{"--folder", [](const char* folder) { SectionDBInterface::SetProfileDBFolder(folder); }},
-    Option{"--password",
-           [](const char* password) {
-               SectionDBInterface::SetSectionDBPassword(CString(";PWD=") + password);
-           }},
-    Option{"--dbi", SectionDBInterface::SetDBIFileName}};
+    Option{"--password", UsePassword}, Option{"--dbi", SectionDBInterface::SetDBIFileName}};
 
 /// Applies the options and returns the script, or null without one. Throws Refusal.
 const char* ApplyOptions(std::span<const char* const> arguments) {
