@@ -1,6 +1,7 @@
 // Section geometry: outlines, thin walls, and the models beside published figures.
 #include "GeometryCases.h"
 
+#include "geometry/FigureRules.h"
 #include "geometry/Geometry.h"
 #include "geometry/RowJudgement.h"
 #include "geometry/ThinWalls.h"
@@ -278,4 +279,48 @@ TEST(Rows, AreJudgedAndCompleted) {
     EXPECT_EQ(whole.size(), 5U);
     EXPECT_EQ(whole.at("AX"), 3000) << "what is published stays";
     EXPECT_NEAR(whole.at("I"), 2898119.2, 0.1);
+}
+
+TEST(PrintingSteps, AreTheUnitsOfTheLastDigits) {
+    const struct {
+        std::vector<const char*> printed;
+        double figure;
+        double step;
+    } cases[] = {
+        {{"53.8", "149"}, 53.8, 0.1},
+        {{"53.8", "149"}, 99.9, 0.1},
+        {{"53.8", "149"}, 9.99999, 0.1}, // a converted 10
+        {{"53.8", "149"}, 101, 1},
+        {{"53.8", "149"}, 5.38, 0.01}, // no such figure: three digits
+        {{"5.4", "5.38"}, 5.4, 0.01},
+        {{"0.50"}, 0.5, 0.01},
+        {{"8360", "9210"}, 8360, 10},
+        {{"8360", "8361"}, 8360, 1},
+        {{"800000"}, 800000, 1000}, // may be rounded to three digits, not to one
+        {{"50"}, 50, 1},
+    };
+    for (const auto& [printed, figure, step] : cases) {
+        PrintingSteps steps;
+        for (const char* text : printed)
+            steps.Learn(text);
+        EXPECT_NEAR(steps.StepOf(figure), step, 1e-9 * step) << printed.front() << ", " << figure;
+        EXPECT_EQ(PrintingSteps::FromText(steps.Text()).StepOf(figure), steps.StepOf(figure));
+    }
+}
+
+TEST(FigureRules, AcceptWhatPrintingToleranceOrExceptionAllow) {
+    FigureRules rules;
+    rules.columns["AX"].steps.Learn("53.8");
+    rules.columns["AX"].tolerance.share = 0.01;
+    rules.exceptions[{"IPE 300", "AX"}].share = 0.05;
+    const auto isAccepted = [&](const char* name, double deviation) {
+        return rules.Judge(name, "AX", 50, deviation).IsAccepted();
+    };
+    EXPECT_TRUE(isAccepted("IPE 330", 0.0110)); // half of 0.1 is 0.1 % of 50
+    EXPECT_TRUE(isAccepted("IPE 330", -0.0110));
+    EXPECT_FALSE(isAccepted("IPE 330", 0.0111));
+    EXPECT_FALSE(isAccepted("IPE 330", -0.0111));
+    EXPECT_TRUE(isAccepted("IPE 300", -0.05));
+    EXPECT_FALSE(isAccepted("IPE 300", 0.0501));
+    EXPECT_FALSE(rules.Judge("IPE 330", "IZ", 50, 1e-6).IsAccepted()) << "no rule, no leeway";
 }

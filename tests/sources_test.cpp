@@ -3,6 +3,8 @@
 #include "interface/SectionDBInterface.h"
 #include "sources/CatalogueSource.h"
 #include "sources/CsvTable.h"
+#include "sources/MisprintCount.h"
+#include "sources/SourceFamilies.h"
 
 #include <gtest/gtest.h>
 
@@ -282,6 +284,28 @@ TEST(CatalogueSource, TakesParametersFromTheFamilyOrFromEachSection) {
     EXPECT_EQ(FaultOf(sources), "") << "the family's";
     sources.Write(file, header + "NUMBER\nB,B,100,100,10,34.9,0\n");
     EXPECT_NE(FaultOf(sources), "") << "the section's own comes first";
+}
+
+TEST(MisprintCount, TriesInputsAndComputedFigures) {
+    const PipeSources sources;
+    SourceFamilies families(sources.File("families"));
+    SourceFamily pipes = families.Get("pipes", GetSectionLayout(LayoutId::RoundTube));
+    MisprintCount count = CountMisprints(pipes); // of 100, 10, 28.3 and 50, 5, 7.07
+    EXPECT_EQ(count.swaps, 5);
+    EXPECT_EQ(count.swapsPassed, 0);
+    EXPECT_EQ(count.shifts, 12);
+    EXPECT_EQ(count.shiftsPassed, 0);
+    EXPECT_TRUE(count.IsSharp());
+
+    pipes.rules.columns["AX"].tolerance.share = 9.5;
+    count = CountMisprints(pipes);
+    EXPECT_EQ(count.swapsPassed, 3);  // T 01, AX 82.3 and 7.70
+    EXPECT_EQ(count.shiftsPassed, 6); // T a tenth, AX a tenth and ten times
+    EXPECT_FALSE(count.IsSharp());
+
+    EXPECT_TRUE((MisprintCount{100, 2, 200, 0}.IsSharp()));
+    EXPECT_FALSE((MisprintCount{100, 3, 200, 0}.IsSharp()));
+    EXPECT_FALSE((MisprintCount{100, 0, 200, 1}.IsSharp()));
 }
 
 TEST(AllSources, BuildEveryCatalogue) {
