@@ -23,6 +23,7 @@ class Find : public Command {
             throw UsageError("Name a section, or the beginning of names with --like.");
         const CatalogueFolder folder = m_catalogues.Folder();
         CatalogueFaults faults;
+        faults.Try([&] { folder.RequireThere(); });
         std::vector<sections::Catalogue> catalogues = OpenAll(folder, faults);
         const std::size_t count = catalogues.size();
         const sections::NameIndex names(std::move(catalogues));

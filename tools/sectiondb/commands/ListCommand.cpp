@@ -63,6 +63,7 @@ class List : public Command {
 
     void ListCatalogues(const CatalogueFolder& folder) const {
         CatalogueFaults faults;
+        faults.Try([&] { folder.RequireThere(); });
         Table table(
             {{"number"}, {"name"}, {"file"}, {"families"}, {"sections"}, {"remark"}, {"standard"}});
         for (int number = 1; number <= LastCatalogueIndex; ++number)

@@ -130,13 +130,13 @@ void UserSectionOptions::Declare(CLI::App& app) {
     bound.Declare(app);
 }
 
-sections::Draft UserSectionOptions::Draft(const sections::Family& table,
+sections::Draft UserSectionOptions::Draft(const sections::Family& ofFamily,
                                           const std::string& newName) const {
     sections::Draft draft{.name = newName, .programName = vessaName, .asPublished = bound.Share()};
     for (const std::string& text : values) {
-        const auto [column, figure] = ParseValue(table, text);
+        const auto [column, figure] = ParseValue(ofFamily, text);
         if (!draft.figures.try_emplace(column, figure).second)
-            throw TableError(table, fmt::format("\"{}\": {} is given twice.", text, column));
+            throw TableError(ofFamily, fmt::format("\"{}\": {} is given twice.", text, column));
     }
     return draft;
 }

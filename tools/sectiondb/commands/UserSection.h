@@ -47,7 +47,7 @@ struct UserSectionOptions {
 
     /// The section under `newName`. Throws CommandError where a value cannot be read or its column
     /// is none, and UsageError.
-    sections::Draft Draft(const sections::Family& family, const std::string& newName) const;
+    sections::Draft Draft(const sections::Family& ofFamily, const std::string& newName) const;
 };
 
 /// An error of a table: path, table and what is wrong.

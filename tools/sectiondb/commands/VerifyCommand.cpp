@@ -90,7 +90,7 @@ class Verify : public Command {
         const CatalogueFolder folder = m_catalogues.Folder();
         Report report(m_form.Form());
         CatalogueFaults faults;
-        if (std::filesystem::is_regular_file(m_what))
+        if (std::filesystem::is_regular_file(m_what) || m_what.ends_with(".db3"))
             report.Verify(FileNamed(m_what, folder), folder.Password());
         else if (!m_what.empty())
             report.Verify(folder.Open(m_what), folder.Password());

@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fmt/format.h>
+#include <system_error>
 #include <utility>
 
 namespace dbsection {
@@ -28,6 +29,15 @@ CatalogueFolder::CatalogueFolder(std::string folder, std::string password, std::
 
 std::string CatalogueFolder::Path() const {
     return NativePath(SectionDBInterface::GetDatabaseDirectoryName().View());
+}
+
+void CatalogueFolder::RequireThere() const {
+    const std::string path = Path();
+    std::error_code ignored;
+    if (!path.empty() && !std::filesystem::is_directory(path, ignored))
+        throw CommandError(fmt::format("There is no folder \"{}\"; name another one with --folder. "
+                                       "({})",
+                                       path, ListOf(Choices())));
 }
 
 std::string CatalogueFolder::FileOf(int number) const {

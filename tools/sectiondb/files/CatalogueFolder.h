@@ -25,6 +25,9 @@ public:
     /// What might have named the folder, and what did.
     std::vector<FolderChoice> Choices() const { return FolderChoices(m_given); }
 
+    /// Throws a CommandError where the folder is named, but not there.
+    void RequireThere() const;
+
     /// The path of a catalogue's file, empty where there is none. Throws CommandError where this
     /// cannot be told.
     std::string FileOf(int number) const;

@@ -23,11 +23,15 @@ std::vector<std::filesystem::path> CataloguesIn(const std::filesystem::path& fol
 std::vector<std::filesystem::path>
 CatalogueFolders(const std::vector<std::filesystem::path>& named) {
     std::vector<std::filesystem::path> folders;
-    for (const auto& folder : named)
+    for (const auto& folder : named) {
+        if (!std::filesystem::is_directory(folder))
+            throw SourceError({folder.string(), 0, "", ""},
+                              "there is no such folder; name one of text sources");
         if (std::filesystem::is_directory(folder / SourceFamilies::FolderName))
             std::ranges::copy(CataloguesIn(folder), std::back_inserter(folders));
         else if ((folder / "").parent_path().filename() != SourceFamilies::FolderName)
             folders.push_back(folder);
+    }
     return folders;
 }
 
