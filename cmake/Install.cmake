@@ -19,7 +19,10 @@ file(RELATIVE_PATH prefix_from_pkgconfig
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 if(library_type STREQUAL STATIC_LIBRARY)
   set(static_libraries " -lstdc++")
-  set(static_requirements "Requires: sqlcipher libcrypto")
+  set(static_requirements "Requires: libcrypto")
+  if(NOT DBSECTION_ENGINE_WITHIN)
+    string(APPEND static_requirements " sqlcipher")
+  endif()
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/dbSectionInterface.pc.in
   ${PROJECT_BINARY_DIR}/dbSectionInterface.pc @ONLY)

@@ -23,6 +23,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <sys/types.h>
@@ -222,10 +223,12 @@ private:
 
     void RequireNoInheritedLock() const;
     void OpenFile();
+    void OpenFileAgain();
     void LimitTrust();
     void Key(std::string_view password);
-    void KeyProtectedFile(const unsigned char* firstBytes, std::string_view password);
-    void UseKey(const FileSalt& salt, std::string_view secret);
+    void KeyProtectedFile(std::span<const unsigned char> firstPage, std::string_view password);
+    void UseKey(const FileSalt& salt, std::string_view secret, FileForm form);
+    bool IsReadable();
     void CheckReadable(bool isProtected);
     void LockExclusively();
     void RequireWhole();
@@ -269,6 +272,7 @@ private:
 
     struct KeyUse {
         FileSalt salt;
+        FileForm form;
         KeyNumber number;
     };
 

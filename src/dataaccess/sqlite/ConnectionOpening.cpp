@@ -44,6 +44,11 @@ int CipherMajorVersion(sqlite3* database) {
     return known;
 }
 
+/// The form in which the engine protects new files.
+FileForm OwnForm(sqlite3* database) {
+    return CipherMajorVersion(database) < 4 ? FileForm::Third : FileForm::Fourth;
+}
+
 /// The password for a protected file.
 std::string_view SecretOf(std::string_view password) {
     const char* fallback = password.empty() ? std::getenv("SECTIONDB_PASSWORD") : nullptr;
@@ -68,7 +73,7 @@ std::string EnginePath(const std::string& path) {
 
 bool Connection::CanServe(const Origin& origin, std::string_view password) const {
     return m_origin == origin &&
-           (!m_key || FindKey(m_key->salt, SecretOf(password)) == m_key->number);
+           (!m_key || FindKey(m_key->salt, SecretOf(password), m_key->form) == m_key->number);
 }
 
 bool Connection::IsOutdatedBy(const Origin& origin) const {
@@ -131,7 +136,7 @@ ConnectionPtr Connection::Create(const std::string& path, std::string_view passw
         first->OpenFile();
         first->LimitTrust();
         if (!password.empty())
-            first->UseKey(SaltForNewFile(password), password);
+            first->UseKey(SaltForNewFile(password), password, OwnForm(first->m_database));
         constexpr const char* FirstPage = "PRAGMA application_id = 0x53656374"; // "Sect"
         first->Execute(FirstPage, Activity::Writing);
     }
@@ -172,6 +177,15 @@ void Connection::OpenFile() {
         m_file = after;
 }
 
+/// As if it had not been opened before.
+void Connection::OpenFileAgain() {
+    m_kept.Clear();
+    sqlite3_close(m_database);
+    m_database = nullptr;
+    OpenFile();
+    LimitTrust();
+}
+
 /// A catalogue file may come from anywhere: nothing in it is run, and nothing in it may take more
 /// than a section table needs.
 void Connection::LimitTrust() {
@@ -203,7 +217,7 @@ void Connection::LimitTrust() {
 void Connection::Key(std::string_view password) {
     sqlite3_file* file = nullptr;
     sqlite3_file_control(m_database, "main", SQLITE_FCNTL_FILE_POINTER, static_cast<void*>(&file));
-    std::array<unsigned char, ClassifiedBytes> firstBytes{};
+    std::array<unsigned char, FourthFormPage> firstBytes{};
     sqlite3_int64 size = 0;
     int code = file->pMethods->xFileSize(file, &size);
     const auto count = std::min(static_cast<std::size_t>(size), firstBytes.size());
@@ -212,32 +226,57 @@ void Connection::Key(std::string_view password) {
     if (code != SQLITE_OK)
         FailFromEngine(code, nullptr, m_path, Activity::Reading);
 
-    const FileKind kind = ClassifyFile(std::span(firstBytes).first(count));
+    const auto firstPage = std::span(firstBytes).first(count);
+    const FileKind kind = ClassifyFile(firstPage.first(std::min(count, ClassifiedBytes)));
     if (kind == FileKind::NotADatabase)
         Fail(SectionError::NotADatabase,
              m_path + ": this is not a catalogue file; name another file.");
     if (kind == FileKind::Protected)
-        KeyProtectedFile(firstBytes.data(), password);
+        KeyProtectedFile(firstPage, password);
     // Must follow the key: these read the file.
     Execute("PRAGMA cell_size_check = ON; PRAGMA trusted_schema = OFF", Activity::Reading);
     CheckReadable(kind == FileKind::Protected);
 }
 
-void Connection::KeyProtectedFile(const unsigned char* firstBytes, std::string_view password) {
+void Connection::KeyProtectedFile(std::span<const unsigned char> firstPage,
+                                  std::string_view password) {
     const std::string_view secret = SecretOf(password);
     if (secret.empty())
         Fail(SectionError::WrongPassword,
              m_path + ": the file is protected and no password was given; give its password.");
     FileSalt salt;
-    std::copy_n(firstBytes, salt.size(), salt.begin());
-    UseKey(salt, secret);
+    std::ranges::copy(firstPage.first(salt.size()), salt.begin());
+    const FileForm own = OwnForm(m_database);
+    const bool wasThird = FindKey(salt, secret, FileForm::Third) != 0;
+    UseKey(salt, secret, wasThird ? FileForm::Third : own);
+    if (IsReadable())
+        return;
+    if (own == FileForm::Fourth) {
+        OpenFileAgain();
+        UseKey(salt, secret, wasThird ? FileForm::Fourth : FileForm::Third);
+    } else if (IsOfFourthForm(firstPage, secret)) {
+        Fail(SectionError::WrongPassword,
+             m_path + ": the file is protected in the form of SQLCipher 4, and this computer has "
+                      "SQLCipher 3; export it in the form of 3, or install a library with 4.");
+    }
 }
 
-void Connection::UseKey(const FileSalt& salt, std::string_view secret) {
-    const SecretText statement = KeyStatement(salt, secret, CipherMajorVersion(m_database));
-    m_key = KeyUse{salt, FindKey(salt, secret)};
+void Connection::UseKey(const FileSalt& salt, std::string_view secret, FileForm form) {
+    const SecretText statement = KeyStatement(salt, secret, form);
+    m_key = KeyUse{salt, form, FindKey(salt, secret, form)};
     RequireCipherMemory();
+    const bool isOwn = form == OwnForm(m_database);
+    if (OwnForm(m_database) == FileForm::Fourth) // which tells of a wrong password on stderr
+        Execute("PRAGMA cipher_log_level = NONE", Activity::Reading);
     Execute(statement.Get(), Activity::Reading);
+    if (!isOwn)
+        Execute("PRAGMA cipher_compatibility = 3", Activity::Reading);
+}
+
+/// Whether the key is the right one, as far as that can be told.
+bool Connection::IsReadable() {
+    return sqlite3_exec(m_database, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr,
+                        nullptr) != SQLITE_NOTADB;
 }
 
 void Connection::CheckReadable(bool isProtected) {

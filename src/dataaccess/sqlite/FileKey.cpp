@@ -8,9 +8,11 @@
 #include <mutex>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
+#include <openssl/hmac.h>
 #include <optional>
 #include <string_view>
 #include <unistd.h>
+#include <vector>
 
 namespace dbsection {
 namespace {
@@ -22,12 +24,12 @@ struct Derivation {
     int rounds;
 };
 
-Derivation DerivationOf(int cipherMajor) {
-    return cipherMajor < 4 ? Derivation{EVP_sha1, 64000} : Derivation{EVP_sha512, 256000};
+Derivation DerivationOf(FileForm form) {
+    return form == FileForm::Third ? Derivation{EVP_sha1, 64000} : Derivation{EVP_sha512, 256000};
 }
 
-void Derive(Key& key, const FileSalt& salt, std::string_view password, int cipherMajor) {
-    const Derivation derivation = DerivationOf(cipherMajor);
+void Derive(Key& key, const FileSalt& salt, std::string_view password, FileForm form) {
+    const Derivation derivation = DerivationOf(form);
     const int ok = PKCS5_PBKDF2_HMAC(password.data(), static_cast<int>(password.size()),
                                      salt.data(), static_cast<int>(salt.size()), derivation.rounds,
                                      derivation.digest(), static_cast<int>(key.size()), key.data());
@@ -39,12 +41,13 @@ void Derive(Key& key, const FileSalt& salt, std::string_view password, int ciphe
 class KeyStore {
 public:
     struct Entry {
-        Entry(const FileSalt& fileSalt, std::string_view secret, int cipherMajor,
+        Entry(const FileSalt& fileSalt, std::string_view secret, FileForm fileForm,
               KeyNumber keyNumber)
             : salt(fileSalt),
               password(secret),
+              form(fileForm),
               number(keyNumber) {
-            Derive(key, salt, secret, cipherMajor);
+            Derive(key, salt, secret, form);
         }
         Entry(const Entry&) = delete;
         Entry& operator=(const Entry&) = delete;
@@ -52,25 +55,26 @@ public:
 
         FileSalt salt;
         SecretText password;
+        FileForm form;
         KeyNumber number;
         Key key{};
         bool hasOpened = false;
     };
 
-    const Key& Get(const FileSalt& salt, std::string_view password, int cipherMajor) {
-        if (const Entry* entry = Find(salt, password))
+    const Key& Get(const FileSalt& salt, std::string_view password, FileForm form) {
+        if (const Entry* entry = Find(salt, password, form))
             return entry->key;
         constexpr std::size_t Capacity = 64; // more than there are catalogues
-        m_entries.emplace_back(salt, password, cipherMajor, m_lastNumber + 1);
+        m_entries.emplace_back(salt, password, form, m_lastNumber + 1);
         ++m_lastNumber;
         if (m_entries.size() > Capacity)
             m_entries.pop_front();
         return m_entries.back().key;
     }
 
-    const Entry* Find(const FileSalt& salt, std::string_view password) const {
+    const Entry* Find(const FileSalt& salt, std::string_view password, FileForm form) const {
         return FirstOf(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
-            return entry.salt == salt && entry.password.Get() == password;
+            return entry.salt == salt && entry.form == form && entry.password.Get() == password;
         });
     }
 
@@ -137,10 +141,10 @@ FileKind ClassifyFile(std::span<const unsigned char> firstBytes) {
 
 SecretText::~SecretText() { OPENSSL_cleanse(m_text.data(), m_text.size()); }
 
-SecretText KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor) {
+SecretText KeyStatement(const FileSalt& salt, std::string_view password, FileForm form) {
     static constexpr std::string_view Digits = "0123456789abcdef";
     const LockedStore store;
-    const Key& key = store->Get(salt, password, cipherMajor);
+    const Key& key = store->Get(salt, password, form);
     std::string statement;
     statement.reserve(128); // so that no copy of a part of it is left behind
     statement = "PRAGMA key = \"x'";
@@ -156,10 +160,44 @@ SecretText KeyStatement(const FileSalt& salt, std::string_view password, int cip
     return SecretText(std::move(statement));
 }
 
-KeyNumber FindKey(const FileSalt& salt, std::string_view password) {
+KeyNumber FindKey(const FileSalt& salt, std::string_view password, FileForm form) {
     const LockedStore store;
-    const KeyStore::Entry* entry = store->Find(salt, password);
+    const KeyStore::Entry* entry = store->Find(salt, password, form);
     return entry == nullptr ? 0 : entry->number;
+}
+
+bool IsOfFourthForm(std::span<const unsigned char> firstPage, std::string_view password) {
+    constexpr std::size_t MacBytes = 64;
+    constexpr unsigned char MacSaltMask = 0x3a;
+    constexpr int MacRounds = 2;
+    if (firstPage.size() < FourthFormPage)
+        return false;
+    FileSalt salt;
+    std::ranges::copy(firstPage.first(salt.size()), salt.begin());
+    // What is signed: the page behind the salt, up to the signature, and its number, which is 1.
+    const auto signedPart = firstPage.subspan(salt.size(), FourthFormPage - salt.size() - MacBytes);
+    std::vector<unsigned char> page(signedPart.begin(), signedPart.end());
+    page.insert(page.end(), {1, 0, 0, 0});
+
+    struct Keys {
+        Key page{};
+        Key mac{};
+        ~Keys() { OPENSSL_cleanse(this, sizeof *this); }
+    } keys;
+    Derive(keys.page, salt, password, FileForm::Fourth);
+    for (unsigned char& byte : salt)
+        byte ^= MacSaltMask;
+    std::array<unsigned char, MacBytes> mac{};
+    const bool isDone =
+        PKCS5_PBKDF2_HMAC(reinterpret_cast<const char*>(keys.page.data()),
+                          static_cast<int>(keys.page.size()), salt.data(),
+                          static_cast<int>(salt.size()), MacRounds, EVP_sha512(),
+                          static_cast<int>(keys.mac.size()), keys.mac.data()) == 1 &&
+        HMAC(EVP_sha512(), keys.mac.data(), static_cast<int>(keys.mac.size()), page.data(),
+             page.size(), mac.data(), nullptr) != nullptr;
+    if (!isDone)
+        throw CMemoryException::Instance();
+    return std::ranges::equal(mac, firstPage.subspan(FourthFormPage - MacBytes, MacBytes));
 }
 
 void ConfirmKey(KeyNumber number) { LockedStore()->Confirm(number); }

@@ -41,15 +41,23 @@ private:
     std::string m_text;
 };
 
-/// Key derivation of the cipher's default settings: those of its major version 3 (PBKDF2 with
-/// HMAC-SHA1, 64,000 rounds) or 4 (HMAC-SHA512, 256,000 rounds).
-///
-/// The derivation takes tens of milliseconds, so the results of the last ones are kept, and wiped
-/// when they are dropped. Returns the statement that keys a connection to a file with that salt.
-SecretText KeyStatement(const FileSalt& salt, std::string_view password, int cipherMajor);
+/// How a file is protected: by the default settings of the cipher's major version 3 (PBKDF2 with
+/// HMAC-SHA1, 64,000 rounds; pages of 1024 bytes) or 4 (HMAC-SHA512, 256,000 rounds; 4096 bytes).
+enum class FileForm : std::uint8_t { Third, Fourth };
+
+/// The key derivation takes tens of milliseconds, so the results of the last ones are kept, and
+/// wiped when they are dropped. Returns the statement that keys a connection to a file with that
+/// salt.
+SecretText KeyStatement(const FileSalt& salt, std::string_view password, FileForm form);
 
 /// The key derived from that password, if it is still kept.
-KeyNumber FindKey(const FileSalt& salt, std::string_view password);
+KeyNumber FindKey(const FileSalt& salt, std::string_view password, FileForm form);
+
+/// The first page of a file of the fourth form.
+inline constexpr std::size_t FourthFormPage = 4096;
+
+/// Whether the password protects a file that begins with this page in the fourth form.
+bool IsOfFourthForm(std::span<const unsigned char> firstPage, std::string_view password);
 
 /// Tells that a key opened its file.
 void ConfirmKey(KeyNumber number);
