@@ -1,5 +1,6 @@
 # The ways into this project. Every target sets up what it needs first.
-.PHONY: setup build demo install uninstall test lint lint-all sanitize package bench faults fuzz clean
+.PHONY: setup build demo install uninstall package test lint lint-all sanitize matrix docs bench \
+  faults fuzz clean
 
 SECTIONDB := build-demo/bin/sectiondb
 demo: export SECTIONDB_FOLDER := build-demo/catalogues
@@ -52,6 +53,16 @@ sanitize: setup
 	@ctest --preset sanitize
 	@scripts/build threads
 	@ctest --preset threads
+
+# Compilers, build types, shared and static; with SQLCIPHER_SOURCE=FOLDER the engine within, too.
+matrix: export SQLCIPHER_SOURCE := $(SQLCIPHER_SOURCE)
+matrix:
+	@scripts/setup test fuzz
+	@scripts/matrix
+
+docs:
+	@scripts/setup docs
+	@doxygen docs/Doxyfile
 
 # Ends with a table for documents; the plot of growing costs stands beside it.
 bench: build
