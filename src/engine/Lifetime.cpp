@@ -2,6 +2,7 @@
 #include "engine/EngineState.h"
 #include "engine/SectionEngine.h"
 
+#include "dataaccess/LastFailure.h"
 #include "platform/Numbers.h"
 #include "units/UNIT.h"
 
@@ -36,6 +37,13 @@ void AskCatalogue(const char* label, const std::int32_t* catalogue, std::int32_t
     });
 }
 
+/// That a catalogue has no file is no failure, but a host may ask why it is not open.
+void KeepMissing(int catalogue) {
+    CString reason;
+    reason.Format("Catalogue %d has no file in the folder", catalogue);
+    dbsection::KeepFailure(reason, SectionDBInterface::GetDatabaseDirectoryName());
+}
+
 } // namespace
 
 void SETUSERTABLEFILENAME(const char* name, std::int32_t name_length) {
@@ -63,7 +71,10 @@ void OPENSECTIONDATABASE(const std::int32_t* catalogue, std::int32_t* err) {
             slot.Close();
             slot.SetFactors(1);
         }
-        SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase);
+        const dbsection::FailureWatch watch;
+        if (SectionDBInterface::OpenSectionDatabase(*catalogue, &gblSectionDatabase) != 1 &&
+            !watch.HasSeenAny())
+            KeepMissing(*catalogue);
     });
 }
 
