@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 using dbsection::Activity;
 using dbsection::Connection;
@@ -56,6 +57,18 @@ void Describe(Connection& connection, const std::string& table, CSectionTableDef
     info.m_bUpdatable = connection.IsReadOnly() || !info.IsUserTable() ? 0 : 1;
     if (level >= AllInformation)
         info.m_lRecordCount = connection.CountRows(table);
+}
+
+/// The engine tells of a page that the system did not hand over as of damage: "... unable to get
+/// the page. error code=266".
+void RequireRead(std::string_view damage, const std::string& path) {
+    constexpr std::string_view Mark = "error code=";
+    const std::size_t mark = damage.find(Mark);
+    if (mark == std::string_view::npos)
+        return;
+    const int code = dbsection::LeadingNumber<int>(damage.substr(mark + Mark.size()));
+    if ((code & 0xFF) == SQLITE_IOERR)
+        dbsection::FailFromEngine(code, nullptr, path, Activity::Reading);
 }
 
 } // namespace
@@ -206,10 +219,12 @@ std::vector<CString> CSectionDatabase::FindDamage() const {
         const auto lease = connection.Own("PRAGMA integrity_check");
         std::vector<CString> damage;
         while (connection.Step(lease.Get(), connection.Path(), Activity::Reading)) {
-            const std::string line =
-                reinterpret_cast<const char*>(sqlite3_column_text(lease.Get(), 0));
-            if (line != "ok")
-                damage.emplace_back(line);
+            const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(lease.Get(), 0));
+            if (text == nullptr)
+                throw std::bad_alloc();
+            RequireRead(text, connection.Path());
+            if (std::string_view(text) != "ok")
+                damage.emplace_back(text);
         }
         return damage;
     });
