@@ -222,8 +222,9 @@ int RecordsetState::DeleteAll() {
     const int count = m_rows.Count();
     for (int row = 0; row < count; ++row)
         DeleteRow(row, true);
+    RowsInUse none(RowStore(m_shape->Width())); // what fails fails before the rows are gone
     transaction.Commit();
-    m_rows = RowsInUse(RowStore(m_shape->Width()));
+    m_rows = std::move(none);
     m_visited = 0;
     Visit(-1);
     return count;
