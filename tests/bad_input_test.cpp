@@ -18,6 +18,10 @@ protected:
         MakeCatalogue(File("AISCSections.db3"), 1);
         ASSERT_EQ(On("user create mine.db3").status, 0);
         ASSERT_EQ(On("user add mine.db3 Pipe P1 OD=100 T=5").status, 0);
+        ASSERT_EQ(On("user add mine.db3 General G1 AX=9 D=9 B=9 IZ=9 IX=9 IY=9 SZ=9 SY=9 ZZ=9 ZY=9 "
+                     "AZ=9 AY=9")
+                      .status,
+                  0);
         WriteFile(File("empty.db3"), "");
         WriteFile(File("text.db3"), "some text\n");
         WriteFile(File("binary.db3"), std::string(5000, '\x7F'));
@@ -88,6 +92,9 @@ TEST_F(BadInputTest, NamesAreTold) {
         {"find W12X27", Failure, "did you mean \"W12X26\" (American)?"},
         {"find ''", WrongUsage, "Name a section, or the beginning of names"},
         {"user update mine.db3 Pipe P9 T=5", Failure, "there is no section \"P9\""},
+        {"user draw mine.db3 Pipe P9", Failure, "there is no section \"P9\""},
+        {"user draw mine.db3 Pipe P1 --svg mine.db3", WrongUsage, "mine.db3: "},
+        {"user draw mine.db3 General G1", Failure, "its figures do not tell its shape"},
         {"user delete mine.db3 Pipe P1 P9", Failure, "there is no section \"P9\""},
         {"show American W12X26 --length parsec", WrongUsage, "\"parsec\" is no unit of length"},
         {"show American W12X26 --force stone", WrongUsage, "\"stone\" is no unit of force"},
@@ -124,6 +131,7 @@ TEST_F(BadInputTest, FilesThatAreNoneOfOursAreTold) {
                                     "user update FILE Pipe P1 T=5",
                                     "user delete FILE Pipe P1",
                                     "user export FILE Pipe",
+                                    "user draw FILE Pipe P1",
                                     "user import FILE Pipe good.csv",
                                     "list own --user FILE",
                                     "show own P1 --user FILE",

@@ -260,6 +260,7 @@ TEST_F(UserFileTest, IsACatalogueAmongOthers) {
         {"find 'p 88.9 x 3.2'", "User tables  Pipe"},
         {"page own --output page.html", "1 catalogues, 1 sections"},
         {"verify own", "0"},
+        {"draw own p88.9x3.2", "P 88.9x3.2"},
     };
     for (const auto& [command, expected] : cases) {
         const Outcome outcome =
@@ -274,6 +275,18 @@ TEST_F(UserFileTest, IsACatalogueAmongOthers) {
     EXPECT_EQ(shown.status, 0) << shown.output;
     EXPECT_NE(Program("show own P1").output.find("There is no catalogue \"own\""),
               std::string::npos);
+}
+
+TEST_F(UserFileTest, DrawsWhatTheFiguresTell) {
+    Create();
+    ASSERT_EQ(User("add", "Tube T1 D=100 B=60 T=5 outside=1.5 inside=1").status, 0);
+    ASSERT_EQ(User("add", "'Wide Flange' I1 D=300 BF=150 TF=10.7 TW=7.1 radius=15").status, 0);
+    for (const char* section : {"Tube T1", "'Wide Flange' i1"}) {
+        const std::string drawing = File("drawing.svg");
+        EXPECT_EQ(User("draw", std::string(section) + " --svg " + drawing).status, 0) << section;
+        EXPECT_NE(ReadFile(drawing).find("<path"), std::string::npos) << section;
+    }
+    EXPECT_NE(User("draw", "Tube T1").output.find("\u2588\u2588"), std::string::npos);
 }
 
 TEST_F(UserFileTest, TakesTheGivenPasswordBeforeThatOfTheEnvironment) {
