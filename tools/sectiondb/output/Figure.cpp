@@ -64,7 +64,7 @@ bool ConvertsBack(double decimal, const Figure& figure) {
 } // namespace
 
 double WithoutNoise(double computed) {
-    constexpr int Digits = 13;
+    constexpr int Digits = 11; // one fewer than parameters of the geometry are kept with
     return std::isfinite(computed) ? RoundedTo(computed, Digits) : computed;
 }
 
