@@ -174,4 +174,12 @@ inline std::string RunStockProgram(const TempFolder& folder, const std::string& 
 
 inline bool HasStockProgram() { return std::system("command -v sqlcipher > /dev/null 2>&1") == 0; }
 
+/// Whether the library has the system's engine, as that program has, and not one of its own, whose
+/// protected files may be newer than the program.
+#ifdef DBSECTION_ENGINE_WITHIN
+inline constexpr bool HasSystemsEngine = false;
+#else
+inline constexpr bool HasSystemsEngine = true;
+#endif
+
 } // namespace testsupport

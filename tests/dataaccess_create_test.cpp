@@ -12,7 +12,7 @@ class CreateTest : public DataAccessTest {
 protected:
     CreateTest() {
         fs::create_directory(m_files);
-        if (HasStockProgram())
+        if (HasSystemsEngine && HasStockProgram())
             m_askStockProgram = true;
     }
 

@@ -1,5 +1,6 @@
 #include "dataaccess/sqlite/Connection.h"
 
+#include "dataaccess/sqlite/EngineEnd.h"
 #include "dataaccess/sqlite/WholeFiles.h"
 #include "platform/CallState.h"
 #include "platform/Text.h"
@@ -31,7 +32,8 @@ Connection::~Connection() {
         living.all.remove(this);
     }
     m_kept.Clear();
-    sqlite3_close(m_database);
+    if (!HasEngineEnded())
+        sqlite3_close(m_database);
 }
 
 bool Connection::MayRest() const {
@@ -117,12 +119,22 @@ void Connection::EndChange() {
     m_wholeVersion = changed;
 }
 
+/// Of a damaged page SQLCipher 4 says that there is no memory.
+int Connection::Diagnosed(int code) const {
+    constexpr int Needed = 64 << 10; // several times what it takes
+    if ((code & 0xFF) != SQLITE_NOMEM || !m_key || !m_key->isEngineFourth)
+        return code;
+    void* const memory = sqlite3_malloc(Needed);
+    sqlite3_free(memory);
+    return memory == nullptr ? code : SQLITE_CORRUPT;
+}
+
 void Connection::Execute(const std::string& sql, Activity activity) {
     if (activity == Activity::Writing)
         BeginChange();
     m_work.Renew();
     ForgetLooks();
-    const int code = sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr);
+    const int code = Diagnosed(sqlite3_exec(m_database, sql.c_str(), nullptr, nullptr, nullptr));
     if (code != SQLITE_OK) {
         ForgetUndoneChanges();
         FailFromEngine(code, m_database, m_path, activity);
@@ -135,7 +147,7 @@ bool Connection::Step(sqlite3_stmt* statement, const std::string& subject, Activ
     if (activity == Activity::Writing)
         BeginChange();
     ForgetLooks();
-    const int code = sqlite3_step(statement);
+    const int code = Diagnosed(sqlite3_step(statement));
     const char* message = code == SQLITE_ERROR ? sqlite3_errmsg(m_database) : "";
     const bool isAtRow = CheckStep(code, message, statement, subject, activity);
     if (activity == Activity::Writing)

@@ -254,6 +254,7 @@ private:
     void BeginChange();
     void EndChange();
     void ForgetUndoneChanges();
+    int Diagnosed(int code) const;
     bool CheckStep(int code, const std::string& message, sqlite3_stmt* statement,
                    const std::string& subject, Activity activity);
 
@@ -273,6 +274,7 @@ private:
     struct KeyUse {
         FileSalt salt;
         FileForm form;
+        bool isEngineFourth; ///< SQLCipher 4, whatever the form of the file
         KeyNumber number;
     };
 

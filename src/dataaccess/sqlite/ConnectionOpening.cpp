@@ -2,6 +2,7 @@
 #include "dataaccess/sqlite/Connection.h"
 
 #include "dataaccess/sqlite/ConnectionPool.h"
+#include "dataaccess/sqlite/EngineEnd.h"
 #include "dataaccess/sqlite/NewFile.h"
 #include "dataaccess/sqlite/WholeFiles.h"
 #include "platform/CallState.h"
@@ -263,13 +264,15 @@ void Connection::KeyProtectedFile(std::span<const unsigned char> firstPage,
 
 void Connection::UseKey(const FileSalt& salt, std::string_view secret, FileForm form) {
     const SecretText statement = KeyStatement(salt, secret, form);
-    m_key = KeyUse{salt, form, FindKey(salt, secret, form)};
+    const bool isEngineFourth = OwnForm(m_database) == FileForm::Fourth;
+    m_key = KeyUse{salt, form, isEngineFourth, FindKey(salt, secret, form)};
     RequireCipherMemory();
-    const bool isOwn = form == OwnForm(m_database);
-    if (OwnForm(m_database) == FileForm::Fourth) // which tells of a wrong password on stderr
-        Execute("PRAGMA cipher_log_level = NONE", Activity::Reading);
+    if (isEngineFourth) {
+        WatchEngineEnd();
+        Execute("PRAGMA cipher_log_level = NONE", Activity::Reading); // else it prints on stderr
+    }
     Execute(statement.Get(), Activity::Reading);
-    if (!isOwn)
+    if (isEngineFourth && form == FileForm::Third)
         Execute("PRAGMA cipher_compatibility = 3", Activity::Reading);
 }
 

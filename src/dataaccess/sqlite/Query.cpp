@@ -69,8 +69,8 @@ int Connection::Authorize(void* self, int action, const char* first, const char*
 StatementPtr Connection::Prepare(const std::string& sql) {
     sqlite3_stmt* statement = nullptr;
     const char* tail = nullptr;
-    m_lastPrepareCode = sqlite3_prepare_v2(m_database, sql.c_str(), static_cast<int>(sql.size()),
-                                           &statement, &tail);
+    m_lastPrepareCode = Diagnosed(sqlite3_prepare_v2(
+        m_database, sql.c_str(), static_cast<int>(sql.size()), &statement, &tail));
     StatementPtr owned(statement);
     if (m_lastPrepareCode == SQLITE_ERROR || m_lastPrepareCode == SQLITE_AUTH) {
         m_lastPrepareError = sqlite3_errmsg(m_database);
@@ -209,7 +209,7 @@ std::optional<bool> Connection::FirstRow(const ReadyQuery& query) {
     const int code = [&] {
         const ScopedFlag readingOnly(m_callersStatement);
         m_authorized = false;
-        return sqlite3_step(statement);
+        return Diagnosed(sqlite3_step(statement));
     }();
     const std::string message = code == SQLITE_ERROR ? sqlite3_errmsg(m_database) : "";
     if (m_authorized && SchemaVersion() != query.lease.Shape()->tablesVersion)

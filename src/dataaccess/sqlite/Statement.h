@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dataaccess/CSectionFieldInfo.h"
+#include "dataaccess/sqlite/EngineEnd.h"
 
 #include <cstdint>
 #include <list>
@@ -13,7 +14,10 @@
 namespace dbsection {
 
 struct StatementDeleter {
-    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+    void operator()(sqlite3_stmt* statement) const {
+        if (!HasEngineEnded())
+            sqlite3_finalize(statement);
+    }
 };
 using StatementPtr = std::unique_ptr<sqlite3_stmt, StatementDeleter>;
 
