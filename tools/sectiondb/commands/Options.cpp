@@ -56,6 +56,20 @@ std::size_t LimitOption::ValueOr(std::size_t otherwise) const {
     return value;
 }
 
+void SymbolOptions::Declare(CLI::App& app) {
+    app.add_option("--symbols", m_symbols, "How properties are called: program, aisc or eurocode")
+        ->option_text("SYMBOLS");
+}
+
+Symbols SymbolOptions::Choice() const {
+    if (m_symbols.empty())
+        return Symbols::Program;
+    if (const auto symbols = SymbolsOf(m_symbols))
+        return *symbols;
+    throw UsageError(
+        fmt::format("\"{}\" are no symbols; use program, aisc or eurocode.", m_symbols));
+}
+
 void UnitOptions::DeclareLength(CLI::App& app) {
     app.add_option("--length", m_length, "in, ft, yd, mm, cm, dm, m or km")->option_text("UNIT");
 }

@@ -5,6 +5,7 @@
 #include "files/Password.h"
 #include "output/Table.h"
 #include "output/UnitLabels.h"
+#include "records/Symbols.h"
 
 #include <CLI/App.hpp>
 #include <cstddef>
@@ -48,6 +49,18 @@ public:
 
 private:
     std::string m_text;
+};
+
+/// The symbols of properties.
+class SymbolOptions {
+public:
+    void Declare(CLI::App& app);
+
+    /// Throws UsageError where there is no such choice.
+    Symbols Choice() const;
+
+private:
+    std::string m_symbols;
 };
 
 /// The units of printed figures.
