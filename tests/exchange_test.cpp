@@ -1,0 +1,199 @@
+// Sections handed on to other programs.
+#include "ProgramSupport.h"
+#include "geometry/Fibres.h"
+
+#include <cmath>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <memory>
+#include <sstream>
+
+using namespace testsupport;
+
+namespace {
+
+class ExchangeTest : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        folder = std::make_unique<TempFolder>();
+        ASSERT_EQ(Program("build " SECTIONDB_DATA_DIR " -o " + folder->Path()).status, 0);
+    }
+    static void TearDownTestSuite() { folder.reset(); }
+
+    static std::string File(const std::string& name) { return folder->Path() + "/" + name; }
+
+    static Outcome Export(const std::string& arguments, const std::string& file) {
+        return Program("export " + arguments + " -o " + Quote(File(file)) + " --folder " +
+                       folder->Path());
+    }
+
+    static std::unique_ptr<TempFolder> folder;
+};
+
+std::unique_ptr<TempFolder> ExchangeTest::folder;
+
+/// As catalogues print them; the product of inertia of angles by their least radius of gyration.
+struct Beam {
+    const char* exported; ///< catalogue, name and options
+    const char* name;     ///< in the deck
+    double area;
+    double major;
+    double minor;
+    double product;
+    double torsion;
+    double modulus;
+};
+
+constexpr Beam Beams[] = {
+    {"European 'IPE 300'", "IPE_300", 5380, 83600000, 6040000, 0, 199000, 210000},
+    {"European 'UPE 200'", "UPE_200", 2900, 19100000, 1870000, 0, 88900, 210000},
+    {"European 'L 200x150x18'", "L_200_x_150_x_18", 6000, 23800000, 11500000, -9633000, 679000,
+     210000},
+    {"Chinese 'TW 75x150x7x10'", "TW_75x150x7x10", 1982, 664000, 2820000, 0, 62162, 210000},
+    {"European 'FL 10 x 5'", "FL_10_x_5", 50, 416.67, 104.17, 0, 285.85, 210000},
+    {"European 'CHS 21.3 x 3.2'", "CHS_21_3_x_3_2", 182, 7680, 7680, 0, 15360, 210000},
+    {"18 362S162-54", "S_362S162_54", 272.3, 363400, 64100, 0, 187.7, 210000},
+    {"22 'Aspen Select Structural 2x5'", "ASPEN_SS_2X5", 4354.8, 4741300, 526780, 0, 1664600,
+     210000},
+    {"American HSS34X10X3/4 --length in", "HSS34X10X3_4", 58.2, 7550, 1070, 0, 3190, 29000},
+};
+
+/// The displacements and rotations of a node, one line a step.
+std::vector<std::vector<double>> ResultsOf(const std::string& file, const std::string& node) {
+    std::vector<std::vector<double>> results;
+    std::ifstream input(file);
+    for (std::string line; std::getline(input, line);) {
+        std::istringstream words(line);
+        std::string first;
+        if (!(words >> first) || first != node)
+            continue;
+        std::vector<double>& result = results.emplace_back();
+        for (double value = 0; words >> value;)
+            result.push_back(value);
+    }
+    return results;
+}
+
+/// A cantilever of ten elements along X, loaded at its tip along Y, along Z and about X.
+std::string CantileverOf(const std::string& name, double length) {
+    constexpr int Count = 10;
+    std::ostringstream text;
+    text << "*NODE, NSET=ALL\n";
+    for (int i = 0; i <= Count; ++i)
+        text << i + 1 << ", " << length * i / Count << ", 0., 0.\n";
+    text << "*USER ELEMENT, TYPE=U1, NODES=2, INTEGRATION POINTS=2, MAXDOF=6\n";
+    for (int part = 0; part < 2; ++part) {
+        text << "*ELEMENT, TYPE=U1, ELSET=" << name << "_" << part + 1 << "\n";
+        for (int i = 1; i <= Count; ++i)
+            text << part * Count + i << ", " << i << ", " << i + 1 << "\n";
+    }
+    text << "*INCLUDE, INPUT=deck.inp\n*BOUNDARY\n1, 1, 6\n";
+    for (int freedom = 2; freedom <= 4; ++freedom)
+        text << "*STEP\n*STATIC\n*CLOAD, OP=NEW\n"
+             << Count + 1 << ", " << freedom << ", 1.\n*NODE PRINT, NSET=ALL\nU\n*END STEP\n";
+    return text.str();
+}
+
+} // namespace
+
+TEST_F(ExchangeTest, BendsAndTwistsInCalculiXAsTheFiguresHaveIt) {
+    if (Shell("command -v ccx").status != 0)
+        GTEST_SKIP() << "CalculiX (ccx) is not installed";
+    for (const Beam& beam : Beams) {
+        const Outcome made = Export("calculix " + std::string(beam.exported), "deck.inp");
+        ASSERT_EQ(made.status, 0) << made.output;
+        const double length = 50 * std::sqrt(beam.area);
+        std::ofstream(File("beam.inp")) << CantileverOf(beam.name, length);
+        const Outcome run = Shell("cd " + folder->Path() + " && ccx beam");
+        ASSERT_EQ(run.output.find("*ERROR"), std::string::npos) << beam.name << run.output;
+        const auto tip = ResultsOf(File("beam.dat"), "11");
+        ASSERT_EQ(tip.size(), 3U) << beam.name << run.output;
+        const double determinant = beam.major * beam.minor - beam.product * beam.product;
+        const double bending = std::pow(length, 3) / (3 * beam.modulus * determinant);
+        const double twist = length / (beam.modulus / 2.6 * beam.torsion);
+        constexpr double Share = 1e-3;
+        const double upwards = bending * beam.minor;
+        const double sideways = bending * beam.major;
+        const double across = -bending * beam.product;
+        EXPECT_NEAR(tip[0][1], upwards, Share * upwards) << beam.name;
+        EXPECT_NEAR(tip[1][2], sideways, Share * sideways) << beam.name;
+        EXPECT_NEAR(tip[0][2], across, Share * upwards) << beam.name;
+        EXPECT_NEAR(tip[1][1], across, Share * upwards) << beam.name;
+        EXPECT_NEAR(tip[2][3], twist, Share * twist) << beam.name;
+    }
+}
+
+TEST_F(ExchangeTest, GivesOpenSeesTheFibresOfTheWholeSection) {
+    ASSERT_EQ(Export("opensees European 'L 200x150x18'", "angle.tcl").status, 0);
+    double area = 0;
+    double strong = 0;
+    double mixed = 0;
+    std::istringstream lines(ReadFile(File("angle.tcl")));
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string word;
+        double y = 0;
+        double z = 0;
+        double part = 0;
+        if (words >> word && word == "fiber" && words >> y >> z >> part) {
+            area += part;
+            strong += y * y * part;
+            mixed += y * z * part;
+        }
+    }
+    EXPECT_NEAR(area, 6000, 0.005 * 6000);
+    EXPECT_NEAR(strong, 29080000, 0.01 * 29080000);
+    EXPECT_NEAR(mixed, 0, 0.01 * 29080000);
+}
+
+TEST_F(ExchangeTest, CallsPropertiesAsAStandardDoes) {
+    const auto remarks = [](const std::string& options) {
+        EXPECT_EQ(Export("aster European 'IPE 300' " + options, "frame.comm").status, 0);
+        return ReadFile(File("frame.comm"));
+    };
+    EXPECT_NE(remarks("").find("IZ = 83600000., IY = 6040000., IX = 199000."), std::string::npos);
+    EXPECT_NE(remarks("--symbols aisc").find("Ix = 83600000., Iy = 6040000., J = 199000."),
+              std::string::npos);
+    EXPECT_NE(remarks("--symbols Eurocode").find("Iy = 83600000., Iz = 6040000., IT = 199000."),
+              std::string::npos);
+}
+
+TEST_F(ExchangeTest, RefusesWhatItCannotExportAndWritesNothing) {
+    struct Refused {
+        const char* arguments;
+        const char* file;
+        int status;
+        const char* told;
+    };
+    for (const auto& [arguments, file, status, told] :
+         {Refused{"dwg European 'IPE 300'", "bad.inp", 2, "the formats are calculix"},
+          Refused{"calculix European 'IPE 300'", "bad.db3", 2, "ends with .inp"},
+          Refused{"calculix European 'IPE 300' --length m", "bad.inp", 2, "use mm or in"},
+          Refused{"calculix European 'IPE 300' --symbols din", "bad.inp", 2, "aisc or eurocode"},
+          Refused{"calculix European 'IPE 301'", "bad.inp", 1, "did you mean \"IPE 300\""},
+          Refused{"calculix European 'Bulb Flat'", "bad.inp", 1, "no moment of inertia"},
+          Refused{"calculix European 'HP 60 x 4'", "bad.inp", 1, "no moment of inertia"},
+          Refused{"calculix European 'IPE 300'", "nowhere/bad.inp", 1, "cannot be written"}}) {
+        const Outcome outcome = Export(arguments, file);
+        EXPECT_EQ(outcome.status, status) << arguments << outcome.output;
+        EXPECT_NE(outcome.output.find(told), std::string::npos) << outcome.output;
+        EXPECT_NE(Shell("ls -A " + folder->Path() + " | grep bad").status, 0) << arguments;
+    }
+}
+
+TEST_F(ExchangeTest, WritesAWholeCatalogueWithoutTheSectionsThatItCannot) {
+    const Outcome outcome = Export("calculix European", "all.inp");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_NE(outcome.output.find("80 sections are left out; the first one: "), std::string::npos)
+        << outcome.output;
+}
+
+TEST(Fibres, TellShearAreas) {
+    using dbsection::Outline;
+    const Outline bar(dbsection::RectangleCorners(30, 60));
+    EXPECT_NEAR(dbsection::ShearAreasOf(bar).alongY, 1500, 1); // 5/6 of the area
+    EXPECT_NEAR(dbsection::ShearAreasOf(bar).alongZ, 1500, 1);
+    Outline round(dbsection::RectangleCorners(100, 100, 50));
+    EXPECT_NEAR(dbsection::ShearAreasOf(round).alongY, 0.9 * 7853.98, 8); // of a circle 9/10
+}

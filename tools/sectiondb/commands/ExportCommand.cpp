@@ -1,0 +1,135 @@
+#include "commands/Command.h"
+#include "commands/Options.h"
+#include "commands/TypedNames.h"
+#include "exchange/Exchange.h"
+#include "files/StreamedFile.h"
+#include "files/WholeFile.h"
+#include "output/Escapes.h"
+#include "output/Messages.h"
+#include "output/Progress.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <fmt/format.h>
+#include <iterator>
+
+namespace dbsection {
+namespace {
+
+std::string KnownFormats() {
+    std::string known;
+    for (const ExchangeFormat& format : ExchangeFormats())
+        known.append(known.empty() ? "" : ", ").append(format.name);
+    return known;
+}
+
+const ExchangeFormat& FormatNamed(const std::string& name) {
+    const ExchangeFormat* const format = FindExchangeFormat(name);
+    if (format == nullptr)
+        throw UsageError(
+            fmt::format("There is no format \"{}\"; the formats are {}.", name, KnownFormats()));
+    return *format;
+}
+
+ExchangeLength LengthNamed(const std::string& name) {
+    if (name.empty() || EqualNoCase(name, "mm"))
+        return ExchangeLength::Millimetre;
+    if (!EqualNoCase(name, "in"))
+        throw UsageError(fmt::format("\"{}\" is no unit of exported files; use mm or in.", name));
+    return ExchangeLength::Inch;
+}
+
+void AddAll(std::vector<sections::Section>& chosen, const sections::Family& family) {
+    std::ranges::copy(family.sections(), std::back_inserter(chosen));
+}
+
+/// What is to be exported.
+struct Chosen {
+    std::vector<sections::Section> sections;
+    bool isByFamily = false; ///< so that single sections may be left out
+};
+
+/// Each name is a family's, or else a section's.
+Chosen Choose(const sections::Catalogue& catalogue, const std::vector<std::string>& names) {
+    Chosen chosen;
+    const std::vector<sections::Family> families = catalogue.families();
+    if (names.empty()) {
+        for (const sections::Family& family : families)
+            AddAll(chosen.sections, family);
+        chosen.isByFamily = true;
+    }
+    for (const std::string& name : names) {
+        const auto family = std::ranges::find_if(
+            families, [&](const sections::Family& each) { return EqualNoCase(each.name(), name); });
+        if (family != families.end()) {
+            AddAll(chosen.sections, *family);
+            chosen.isByFamily = true;
+        } else
+            std::ranges::copy(SectionsNamed(catalogue, name), std::back_inserter(chosen.sections));
+    }
+    return chosen;
+}
+
+class Export : public Command {
+    void Declare(CLI::App& app) override {
+        app.add_option("format", m_format, KnownFormats())->required();
+        app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
+        app.add_option("names", m_names, "Families or sections (default: all)")
+            ->option_text("FAMILY|NAME ...");
+        app.add_option("-o,--output", m_output, "Name of the file")
+            ->option_text("FILE")
+            ->required();
+        app.add_option("--length", m_length, "mm (with N) or in (with kip)")->option_text("UNIT");
+        m_symbols.Declare(app);
+        m_catalogues.Declare(app);
+    }
+
+    void Run() const override {
+        const ExchangeFormat& format = FormatNamed(m_format);
+        RequireEnding(m_output, format.suffix, fmt::format("a file of format {}", format.name));
+        ExchangeOptions options{LengthNamed(m_length), m_symbols.Choice()};
+        const sections::Catalogue catalogue =
+            m_catalogues.Folder().Open(sections::Library::numberOf(m_catalogue));
+        const Chosen chosen = Choose(catalogue, m_names);
+        std::vector<std::string> faults;
+        if (chosen.isByFamily)
+            options.leaveOut = [&](const sections::Error& fault) {
+                faults.emplace_back(fault.what());
+            };
+        WriteFile(format, chosen.sections, options, faults);
+        fmt::print("{}: {} sections\n", PlainText(m_output),
+                   chosen.sections.size() - faults.size());
+        if (!faults.empty())
+            Tell(fmt::format("{} sections are left out; the first one: {}", faults.size(),
+                             faults.front()));
+    }
+
+    /// `faults` are those that are found while it is written.
+    void WriteFile(const ExchangeFormat& format, std::span<const sections::Section> sections,
+                   ExchangeOptions options, const std::vector<std::string>& faults) const {
+        StreamedFile file(m_output, "the file");
+        {
+            Progress progress("export", sections.size());
+            options.progress = [&] { progress.Advance(); };
+            Write(format, sections, options, file.Stream());
+        }
+        if (faults.size() == sections.size())
+            throw CommandError(faults.empty() ? "There are no sections to export."
+                                              : "No section can be exported: " + faults.front());
+        file.Finish();
+    }
+
+    std::string m_format;
+    std::string m_catalogue;
+    std::vector<std::string> m_names;
+    std::string m_output;
+    std::string m_length;
+    SymbolOptions m_symbols;
+    CatalogueOptions m_catalogues;
+};
+
+const CommandEntry entry("export", "Write sections for another program", Make<Export>);
+
+} // namespace
+} // namespace dbsection
