@@ -16,6 +16,7 @@ try:
     from selenium.webdriver.chrome.service import Service
     from selenium.webdriver.common.by import By
     from selenium.webdriver.common.keys import Keys
+    from selenium.common.exceptions import StaleElementReferenceException
     from selenium.webdriver.support.ui import Select, WebDriverWait
 except ImportError:
     sys.exit(77)
@@ -87,7 +88,8 @@ class PageTest(unittest.TestCase):
         self.wait(lambda: " sections" in self.text("#status"))
 
     def wait(self, condition):
-        WebDriverWait(self.browser, 30).until(lambda _: condition())
+        drawn_anew = [StaleElementReferenceException]
+        WebDriverWait(self.browser, 30, 0.1, drawn_anew).until(lambda _: condition())
 
     def all(self, selector):
         return self.browser.find_elements(By.CSS_SELECTOR, selector)
@@ -216,11 +218,17 @@ class PageTest(unittest.TestCase):
     def test_draws_only_the_rows_in_sight(self):
         self.screenshot("start")
         self.assertLess(len(self.all("#body [role=row]")), 60)
-        self.type("#table", Keys.END)
-        last = self.all("#body [role=row]")[-1]
-        self.assertEqual(last.get_attribute("aria-selected"), "true")
         count = int(self.text("#status").split()[0].replace(",", ""))
-        self.assertEqual(int(last.get_attribute("aria-rowindex")), count + 1)
+        self.type("#table", Keys.END)
+
+        def is_at_the_end():
+            last = self.all("#body [role=row]")[-1]
+            return (last.get_attribute("aria-selected"), last.get_attribute("aria-rowindex")) == (
+                "true",
+                str(count + 1),
+            )
+
+        self.wait(is_at_the_end)
 
     def test_works_from_the_keyboard(self):
         self.type("#table", "/")

@@ -89,8 +89,7 @@ class Export : public Command {
         const ExchangeFormat& format = FormatNamed(m_format);
         RequireEnding(m_output, format.suffix, fmt::format("a file of format {}", format.name));
         ExchangeOptions options{LengthNamed(m_length), m_symbols.Choice()};
-        const sections::Catalogue catalogue =
-            m_catalogues.Folder().Open(sections::Library::numberOf(m_catalogue));
+        const sections::Catalogue catalogue = m_catalogues.Folder().Open(m_catalogue);
         const Chosen chosen = Choose(catalogue, m_names);
         std::vector<std::string> faults;
         if (chosen.isByFamily)
