@@ -1,6 +1,6 @@
 # The ways into this project. Every target sets up what it needs first.
-.PHONY: setup build demo install uninstall package test lint lint-all sanitize matrix docs bench \
-  faults fuzz clean
+.PHONY: setup build demo install uninstall package test validate lint lint-all sanitize matrix docs \
+  bench faults fuzz clean
 
 SECTIONDB := build-demo/bin/sectiondb
 demo: export SECTIONDB_FOLDER := build-demo/catalogues
@@ -39,6 +39,12 @@ package:
 
 test: build
 	@ctest --preset release
+
+# Exported profiles, read by a program of another house.
+validate: build
+	@scripts/setup validate
+	@npm install --silent --no-save --prefix build/validate web-ifc@0.0.78
+	@NODE_PATH=$(CURDIR)/build/validate/node_modules ctest --preset release -R Ifc
 
 lint:
 	@scripts/setup test lint

@@ -14,6 +14,7 @@ constexpr std::array Formats{
     ExchangeFormat{"opensees", ".tcl", "sections for OpenSees, in Tcl", WriteOpenSeesTcl},
     ExchangeFormat{"openseespy", ".py", "the same in Python", WriteOpenSeesPython},
     ExchangeFormat{"aster", ".comm", "characteristics of beams for Code_Aster", WriteCodeAster},
+    ExchangeFormat{"ifc", ".ifc", "profiles of IFC4", WriteIfc},
 };
 
 } // namespace

@@ -14,4 +14,7 @@ void WriteOpenSeesPython(std::span<const sections::Section> sections,
 void WriteCodeAster(std::span<const sections::Section> sections, const ExchangeOptions& options,
                     std::ostream& file);
 
+void WriteIfc(std::span<const sections::Section> sections, const ExchangeOptions& options,
+              std::ostream& file);
+
 } // namespace dbsection

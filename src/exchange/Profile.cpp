@@ -50,6 +50,8 @@ double Profile::InLength(double inMillimetres, int power) const {
 
 std::optional<double> Profile::Figure(std::string_view column) const {
     auto quantity = m_section.find(column);
+    if (!quantity && (column == "IZ" || column == "IY"))
+        quantity = m_section.find("I"); // of round sections
     if (!quantity)
         quantity = m_section.findDerived(column);
     if (!quantity)
