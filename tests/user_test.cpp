@@ -258,7 +258,7 @@ TEST_F(UserFileTest, IsACatalogueAmongOthers) {
         {"show own p88,9*3.20", "P 88.9x3.2 (User tables, Pipe)"},
         {"select 1001 Pipe --range OD:88:89", "P 88.9x3.2"},
         {"find 'p 88.9 x 3.2'", "User tables  Pipe"},
-        {"page own --output page.html", "1 catalogues, 1 sections"},
+        {"page own --output page.html", "1 catalogue, 1 section"},
         {"verify own", "0"},
         {"draw own p88.9x3.2", "P 88.9x3.2"},
     };

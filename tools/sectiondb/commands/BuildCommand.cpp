@@ -39,8 +39,8 @@ void BuildOne(const std::filesystem::path& folder, SourceLibrary& library,
         Progress progress(source.stem, sections);
         BuildCatalogue(source, path, password, [&] { progress.Advance(); });
     }
-    fmt::print("{}: {} tables, {} sections{}\n", PlainText(path.string()), source.tables.size(),
-               sections, password.empty() ? "" : ", protected");
+    fmt::print("{}: {}, {}{}\n", PlainText(path.string()), Counted(source.tables.size(), "table"),
+               Counted(sections, "section"), password.empty() ? "" : ", protected");
 }
 
 class Build : public Command {

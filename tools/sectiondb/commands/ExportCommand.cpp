@@ -97,10 +97,10 @@ class Export : public Command {
                 faults.emplace_back(fault.what());
             };
         WriteFile(format, chosen.sections, options, faults);
-        fmt::print("{}: {} sections\n", PlainText(m_output),
-                   chosen.sections.size() - faults.size());
+        fmt::print("{}: {}\n", PlainText(m_output),
+                   Counted(chosen.sections.size() - faults.size(), "section"));
         if (!faults.empty())
-            Tell(fmt::format("{} sections are left out; the first one: {}", faults.size(),
+            Tell(fmt::format("{} left out; the first one: {}", Counted(faults.size(), "section"),
                              faults.front()));
     }
 

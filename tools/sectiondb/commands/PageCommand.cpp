@@ -33,8 +33,8 @@ class Page : public Command {
         for (const sections::Catalogue& catalogue : catalogues)
             size += catalogue.size();
         WriteWholeFile(m_output, PageOf(DataOf(catalogues, size)), "the page");
-        fmt::print("{}: {} catalogues, {} sections\n", PlainText(m_output), catalogues.size(),
-                   size);
+        fmt::print("{}: {}, {}\n", PlainText(m_output), Counted(catalogues.size(), "catalogue"),
+                   Counted(size, "section"));
     }
 
     /// Those that were named, or all; without those that hold no section.

@@ -2,6 +2,7 @@
 #include "commands/UserSection.h"
 #include "files/CatalogueFolder.h"
 #include "output/Escapes.h"
+#include "output/Messages.h"
 
 #include <fmt/format.h>
 
@@ -22,8 +23,7 @@ class UserDelete : public Command {
             change.remove(FindSection(family, name));
         change.commit();
         fmt::print("{}: {} of table \"{}\" deleted\n", PlainText(m_file.path.string()),
-                   m_names.size() == 1 ? "one section" : fmt::format("{} sections", m_names.size()),
-                   family.name());
+                   Counted(m_names.size(), "section"), family.name());
     }
 
     UserFileOptions m_file;

@@ -2,6 +2,7 @@
 #include "commands/UserSection.h"
 #include "files/CatalogueFolder.h"
 #include "output/Escapes.h"
+#include "output/Messages.h"
 #include "output/Progress.h"
 #include "platform/Text.h"
 #include "sources/CsvTable.h"
@@ -147,8 +148,8 @@ class UserImport : public Command {
         }
         faults.ThrowIfAny(m_list);
         change.commit();
-        fmt::print("{}: {} sections added to the table \"{}\"\n", PlainText(m_file.path.string()),
-                   list.Records().size(), family.name());
+        fmt::print("{}: {} added to the table \"{}\"\n", PlainText(m_file.path.string()),
+                   Counted(list.Records().size(), "section"), family.name());
         TellOfNumber(last);
     }
 

@@ -4,9 +4,13 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <string>
+#include <fmt/format.h>
 
 namespace dbsection {
+
+std::string Counted(std::size_t count, std::string_view thing) {
+    return fmt::format("{} {}{}", count, thing, count == 1 ? "" : "s");
+}
 
 void Tell(std::string_view message) {
     while (!message.empty()) {

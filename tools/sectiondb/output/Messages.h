@@ -1,7 +1,9 @@
 // What a person is told when something fails.
 #pragma once
 
+#include <cstddef>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 
 namespace dbsection {
@@ -15,6 +17,9 @@ struct CommandError : std::runtime_error {
 struct UsageError : CommandError {
     using CommandError::CommandError;
 };
+
+/// How many there are, e.g. "1 section" or "12 sections".
+std::string Counted(std::size_t count, std::string_view thing);
 
 /// Writes a message to stderr, each line of it with the program's name.
 void Tell(std::string_view message);
