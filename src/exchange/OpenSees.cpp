@@ -99,11 +99,10 @@ void WriteIn(const Language& language, std::span<const sections::Section> sectio
     int tag = 1;
     WriteEach(sections, options, file, [&](const Profile& profile) {
         const double angle = profile.Principal().angle;
-        const std::string text = "\n" + Commented("#", Remarks(profile, options)) +
-                                 Commented("#", {"vecxz: 0. " + ExportedNumber(std::sin(angle)) +
-                                                 " " + ExportedNumber(std::cos(angle))}) +
-                                 ElasticOf(language, profile, tag) +
-                                 FibresIn(language, profile, tag + 1);
+        std::string text = "\n" + Commented("#", Remarks(profile, options)) +
+                           Commented("#", {"vecxz: 0. " + ExportedNumber(std::sin(angle)) + " " +
+                                           ExportedNumber(std::cos(angle))}) +
+                           ElasticOf(language, profile, tag) + FibresIn(language, profile, tag + 1);
         tag += 2;
         return text;
     });
