@@ -93,18 +93,21 @@ std::vector<double> Levels(const Loops& loops) {
     return levels;
 }
 
+/// How many parts a length has that are no longer than `longest`.
+int PartsOf(double length, double longest) { return static_cast<int>(std::ceil(length / longest)); }
+
 /// Strips of at most a height; a fillet has some even where it is low.
 std::vector<Strip> StripsOf(const Loops& loops, double height) {
     std::vector<Strip> strips;
-    constexpr double FewestStrips = 4;
+    constexpr int FewestStrips = 4;
     const std::vector<double> levels = Levels(loops);
     const double least = 1e-9 * (levels.back() - levels.front());
     for (std::size_t i = 0; i + 1 < levels.size(); ++i) {
         const double gap = levels[i + 1] - levels[i];
         if (gap <= least)
             continue;
-        const double count = std::max(FewestStrips, std::ceil(gap / height));
-        for (double k = 0; k < count; ++k) {
+        const int count = std::max(FewestStrips, PartsOf(gap, height));
+        for (int k = 0; k < count; ++k) {
             const double level = levels[i] + (k + 0.5) * gap / count;
             strips.push_back({level, gap / count, Crossings(loops, level)});
         }
@@ -136,8 +139,8 @@ std::vector<Fibre> FibresOf(const Outline& outline, int across) {
         for (std::size_t i = 0; i + 1 < strip.crossings.size(); i += 2) {
             const double begin = strip.crossings[i];
             const double width = strip.crossings[i + 1] - begin;
-            const double count = std::ceil(width / size);
-            for (double k = 0; k < count; ++k)
+            const int count = PartsOf(width, size);
+            for (int k = 0; k < count; ++k)
                 fibres.push_back({{begin + (k + 0.5) * width / count, strip.level},
                                   width / count * strip.height});
         }

@@ -174,11 +174,11 @@ void RecordsetState::FailWithoutRow() {
 
 int RecordsetState::Position() { return IsAtRow() ? m_position : -1; }
 
-bool RecordsetState::IsBof() { return m_position < 0; }
+bool RecordsetState::IsBof() const { return m_position < 0; }
 
 bool RecordsetState::IsEof() { return !IsAtRow() && !m_onGap && (m_position >= 0 || Count() == 0); }
 
-int RecordsetState::Visited() { return m_visited - (m_onGap ? 1 : 0); }
+int RecordsetState::Visited() const { return m_visited - (m_onGap ? 1 : 0); }
 
 void RecordsetState::MoveToFirst() {
     RequireRowsToEdit();

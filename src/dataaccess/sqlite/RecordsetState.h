@@ -30,9 +30,9 @@ public:
 
     // The current row. Position -1 is before the first row, Count() behind the last.
     int Position();
-    bool IsBof();
+    bool IsBof() const;
     bool IsEof();
-    int Visited();
+    int Visited() const;
     void MoveToFirst();
     void MoveToLast();
     void MoveBy(int step);
