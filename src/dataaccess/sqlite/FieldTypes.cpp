@@ -89,7 +89,9 @@ std::int32_t FieldSizeOf(std::string_view declaredType) {
 
 bool HasTextAffinity(std::string_view declaredType) {
     const std::string type = UpperCase(declaredType);
-    const auto contains = [&type](const char* word) { return type.find(word) != std::string::npos; };
+    const auto contains = [&type](const char* word) {
+        return type.find(word) != std::string::npos;
+    };
     return !contains("INT") && (contains("CHAR") || contains("CLOB") || contains("TEXT"));
 }
 
