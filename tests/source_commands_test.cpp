@@ -49,12 +49,9 @@ TEST(Sources, LetFewMisprintsPass) {
 TEST(Sources, AreToldByTheDocumentation) {
     const std::string data = Quote(SECTIONDB_DATA_DIR);
     const std::vector<std::pair<std::string, std::string>> pages{
-        {"catalogues", "catalogues.md"},
-        {"corrections", "corrections.md"},
-        {"validation", "validation.md"},
-        {"families", "families.md"},
-        {"families --plot", "families.svg"},
-        {"validation --plot", "validation.svg"}};
+        {"catalogues", "catalogues.md"},     {"corrections", "corrections.md"},
+        {"validation", "validation.md"},     {"families", "families.md"},
+        {"families --plot", "families.svg"}, {"validation --plot", "validation.svg"}};
     for (const auto& [page, file] : pages) {
         const Outcome outcome = Program(std::string("sources ").append(page).append(" ") + data);
         EXPECT_EQ(outcome.status, 0);

@@ -20,8 +20,8 @@ namespace sections {
 
 struct FamilyColumn {
     Column column;
-    std::string layoutName;      ///< as the layout names it; that of the table where it does not
-    double size;                 ///< of its unit in mm and N; 0 where that is not known
+    std::string layoutName; ///< as the layout names it; that of the table where it does not
+    double size;            ///< of its unit in mm and N; 0 where that is not known
     std::optional<dbsection::UnitDimension> dimension; ///< of its unit
     std::vector<double> figures; ///< by row, not-a-number where the row keeps none
     std::vector<std::optional<std::string>> texts; ///< by row, of a column of texts
