@@ -90,19 +90,21 @@ int RunProgram(const std::string& arguments) {
     return std::system((SECTIONDB_PROGRAM " " + arguments + " > /dev/null 2>&1").c_str());
 }
 
-constexpr std::array Columns{"AX", "D", "BF", "TF", "TW", "IZ", "IX", "CW"};
+// The family of general sections: their figures are free of each other.
+constexpr const char* General = "General";
+constexpr std::array Columns{"AX", "D", "B", "IZ", "IX", "IY", "ZZ", "ZY"};
 constexpr int Updates = 10;
 
 /// Each process changes a column of its own of the same row; no change is lost.
 void UpdateTogether(const Originals& originals, int processes, Progress& progress) {
     World world(originals.folder + "/plain", "");
     RunProgram("user create Mine.db3");
-    RunProgram("user add Mine.db3 'Wide Flange' MINE AX=7.65 D=12.2 BF=6.49 TF=0.38 TW=0.23 IZ=204 "
-               "IX=0.3 CW=607 IY=17.3 ZZ=37.2 ZY=8.17");
+    RunProgram(std::string("user add Mine.db3 ") + General +
+               " MINE AX=50 D=100 B=100 IZ=400 IX=10 IY=400 SZ=80 SY=80 ZZ=100 ZY=100 AZ=10 AY=10");
     const auto column = [](int process) { return Columns[static_cast<std::size_t>(process)]; };
     const auto update = [&](int process) {
         const std::string command =
-            std::string("user update Mine.db3 'Wide Flange' MINE ") + column(process) + "=";
+            std::string("user update Mine.db3 ") + General + " MINE " + column(process) + "=";
         for (int value = 1; value <= Updates; ++value) {
             int attempts = 100; // the file may be busy
             while (RunProgram(command + std::to_string(value)) != 0)
@@ -114,7 +116,7 @@ void UpdateTogether(const Originals& originals, int processes, Progress& progres
     Note(progress, InProcesses(processes, update),
          std::to_string(processes) + " processes updating: all end well");
     for (int process = 0; process < processes; ++process) {
-        const std::string sql = std::string("Select [") + column(process) + "] From [Wide Flange]";
+        const std::string sql = std::string("Select [") + column(process) + "] From " + General;
         openDatabase(&db, "Mine.db3", 1, 0, 1, "", nullptr);
         openRecordset(&db, &rows, sql.c_str(), 4, 0);
         const std::string value =
