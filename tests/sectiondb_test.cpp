@@ -1,4 +1,5 @@
 // The program, run as a person runs it, on the American catalogue.
+#include "DataAccessSupport.h"
 #include "ProgramSupport.h"
 #include "dbSectionInterface.h"
 
@@ -10,6 +11,8 @@
 
 namespace {
 
+using testsupport::HasStockProgram;
+using testsupport::HasSystemsEngine;
 using testsupport::Outcome;
 using testsupport::Program;
 using testsupport::Quote;
@@ -108,8 +111,8 @@ TEST(BuildCommand, KilledAtAnyMomentLeavesNoFileOrAWholeOne) {
 }
 
 TEST(BuildCommand, ProtectsAFileThatTheStockProgramOpensWithThePassword) {
-    if (Shell("command -v sqlcipher").status != 0)
-        GTEST_SKIP() << "the sqlcipher program is not installed";
+    if (!HasSystemsEngine || !HasStockProgram())
+        GTEST_SKIP() << "no sqlcipher program of the library's engine is installed";
     const TempFolder folder;
     ASSERT_EQ(BuildAmerican(folder, "--password 'open sesame'").status, 0);
     const std::string file = folder.File("AISCSections.db3");
@@ -236,7 +239,7 @@ TEST_F(CatalogueTest, WhereTellsWhichSettingWon) {
 }
 
 TEST_F(CatalogueTest, FixedStatementsUseTheIndexes) {
-    if (Shell("command -v sqlcipher").status != 0)
+    if (!HasStockProgram())
         GTEST_SKIP() << "the sqlcipher program is not installed";
     struct Case {
         const char* statement;
