@@ -13,22 +13,6 @@
 namespace browser {
 namespace {
 
-using sections::Match;
-
-const char* TextOf(Match match) {
-    switch (match) {
-    case Match::Exact:
-        return "exact";
-    case Match::Alias:
-        return "alias";
-    case Match::Superseded:
-        return "superseded";
-    case Match::Near:
-        break;
-    }
-    return "near";
-}
-
 CString CatalogueOf(const sections::Section& section) {
     return SectionDBInterface::GetCountryName(section.family().catalogue().number());
 }
@@ -50,8 +34,9 @@ void Find(Session& /*session*/, const Arguments& arguments) {
     const sections::NameIndex names(ReadCatalogues(faults));
     std::vector<Row> rows{{"Match", "Catalogue", "Family", "Name", "Public name"}};
     for (const auto& [section, match, met] : names.find(name.View()))
-        rows.push_back({TextOf(match), CatalogueOf(section), CString(section.family().name()),
-                        CString(section.programName()), CString(section.name())});
+        rows.push_back({sections::nameOf(match), CatalogueOf(section),
+                        CString(section.family().name()), CString(section.programName()),
+                        CString(section.name())});
     if (rows.size() > 1)
         PrintTable(rows, "l");
     if (!faults.empty())

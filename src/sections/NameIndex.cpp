@@ -38,6 +38,20 @@ bool isSame(const Section& left, const Section& right) {
 
 } // namespace
 
+const char* nameOf(Match match) {
+    switch (match) {
+    case Match::Exact:
+        return "exact";
+    case Match::Alias:
+        return "alias";
+    case Match::Superseded:
+        return "superseded";
+    case Match::Near:
+        break;
+    }
+    return "near";
+}
+
 struct NameIndex::Entries {
     std::vector<Entry> names;
     std::unordered_map<std::string, std::vector<std::size_t>> byKey; ///< places in `names`

@@ -28,6 +28,9 @@ enum class Match : std::uint8_t {
     Near,       ///< a similar one: never to be taken for the section that was asked for
 };
 
+/// Its name in lower case: "exact", "alias", "superseded" or "near".
+DBSECTION_API const char* nameOf(Match match);
+
 struct Hit {
     Section section;
     Match match;

@@ -8,6 +8,7 @@
 
 #include "geometry/FigureRules.h"
 #include "geometry/Geometry.h"
+#include "platform/Export.h"
 
 #include <map>
 #include <string>
@@ -36,6 +37,9 @@ enum class FigureSource {
     Computed,     ///< from the dimensions by the model
     NotPublished, ///< there is none
 };
+
+/// Its name in lower case: "unknown", "published", ..., "not published".
+DBSECTION_API const char* nameOf(FigureSource source);
 
 /// Another spelling of a section's name.
 struct Alias {

@@ -11,20 +11,6 @@ namespace py = pybind11;
 namespace bindings {
 namespace {
 
-const char* nameOf(sections::Match match) {
-    switch (match) {
-    case sections::Match::Exact:
-        return "exact";
-    case sections::Match::Alias:
-        return "alias";
-    case sections::Match::Superseded:
-        return "superseded";
-    case sections::Match::Near:
-        break;
-    }
-    return "near";
-}
-
 using Hits = std::vector<std::tuple<sections::Section, std::string, std::string>>;
 
 Hits hitsOf(const std::vector<sections::Hit>& found) {

@@ -21,7 +21,6 @@ namespace {
 
 using sections::Catalogue;
 using sections::Family;
-using sections::FigureSource;
 using sections::Library;
 using sections::Section;
 
@@ -89,22 +88,6 @@ const char* kindOf(::Quantity quantity) {
     default:
         return "measure";
     }
-}
-
-const char* nameOf(FigureSource source) {
-    switch (source) {
-    case FigureSource::Published:
-        return "published";
-    case FigureSource::Corrected:
-        return "corrected";
-    case FigureSource::Computed:
-        return "computed";
-    case FigureSource::NotPublished:
-        return "not published";
-    case FigureSource::Unknown:
-        break;
-    }
-    return "unknown";
 }
 
 /// Standard, remark and what was left out.

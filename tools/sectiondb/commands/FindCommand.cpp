@@ -44,7 +44,7 @@ class Find : public Command {
         Table table({{"catalogue"}, {"family"}, {"programName"}, {"name"}, {"match"}});
         for (const auto& [section, match, name] : hits)
             table.rows.push_back({CatalogueOf(section), section.family().name(),
-                                  section.programName(), section.name(), TextOf(match)});
+                                  section.programName(), section.name(), sections::nameOf(match)});
         return table;
     }
 

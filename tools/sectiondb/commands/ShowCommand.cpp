@@ -11,18 +11,7 @@ namespace {
 
 /// Empty where the file does not tell.
 const char* TextOf(sections::FigureSource source) {
-    switch (source) {
-    case sections::FigureSource::Published:
-        return "published";
-    case sections::FigureSource::Corrected:
-        return "corrected";
-    case sections::FigureSource::Computed:
-        return "computed";
-    case sections::FigureSource::NotPublished:
-        return "not published";
-    default:
-        return "";
-    }
+    return source == sections::FigureSource::Unknown ? "" : sections::nameOf(source);
 }
 
 /// The other spellings of its name.

@@ -7,20 +7,6 @@
 
 namespace dbsection {
 
-const char* TextOf(sections::Match match) {
-    switch (match) {
-    case sections::Match::Exact:
-        return "exact";
-    case sections::Match::Alias:
-        return "alias";
-    case sections::Match::Superseded:
-        return "superseded";
-    case sections::Match::Near:
-        break;
-    }
-    return "near";
-}
-
 std::string CatalogueOf(const sections::Section& section) {
     return FindCatalogue(section.family().catalogue().number())->name;
 }

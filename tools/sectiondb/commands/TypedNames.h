@@ -8,9 +8,6 @@
 
 namespace dbsection {
 
-/// "exact", "alias", "superseded" or "near".
-const char* TextOf(sections::Match match);
-
 /// The display name of the catalogue that a section is from.
 std::string CatalogueOf(const sections::Section& section);
 
