@@ -8,7 +8,7 @@
 #include "platform/Text.h"
 #include "sections/Failures.h"
 #include "sections/ProvenanceReader.h"
-#include "sections/RowText.h"
+#include "sections/TableRows.h"
 #include "units/UnitText.h"
 
 #include <algorithm>
@@ -63,21 +63,11 @@ private:
         });
     }
 
-    /// Calls `visit` on each row of a table.
-    template <class Visit>
-    void forEachRow(const char* table, Visit visit) {
-        CSectionRecordset rows(&m_database);
-        rows.Open(CSectionRecordset::Snapshot,
-                  ("Select * From [" + std::string(table) + "]").c_str());
-        for (; !rows.IsEOF(); rows.MoveNext())
-            visit(rows);
-    }
-
     void readInformation() {
         constexpr int Fields = 5;
         bool isKnown = false;
         if (hasTable("DBInfo"))
-            forEachRow("DBInfo", [&](const CSectionRecordset& rows) {
+            forEachRow(m_database, "DBInfo", [&](const CSectionRecordset& rows) {
                 if (rows.GetFieldCount() < Fields)
                     return;
                 isKnown = true;
@@ -114,10 +104,10 @@ private:
     void readUnits() {
         if (!hasTable("Field Units"))
             return;
-        forEachRow("Field Units", [&](const CSectionRecordset& rows) {
+        forEachRow(m_database, "Field Units", [&](const CSectionRecordset& rows) {
             Units units;
             for (int column = 1; column < rows.GetFieldCount(); ++column)
-                units.push_back(textOrNothing(rows, column).value_or(""));
+                units.push_back(textAt(rows, column));
             const auto [place, isFirst] =
                 m_units.try_emplace(dbsection::UpperCase(textAt(rows, 0)));
             place->second = isFirst ? std::move(units) : Units();
@@ -241,8 +231,8 @@ private:
     }
 
     static void readRow(const CSectionRecordset& rows, FamilyData& data) {
-        data.recordNumbers.push_back(dbsection::WholeNumber<std::int64_t>(
-            dbsection::AsNumber(rows.GetFieldValue(IdentifierColumn))));
+        data.recordNumbers.push_back(
+            dbsection::WholeNumber<std::int64_t>(numberAt(rows, IdentifierColumn)));
         data.names.push_back(textAt(rows, NameColumn));
         data.programNames.push_back(textAt(rows, VessaNameColumn));
         int place = BookkeepingColumns;

@@ -6,7 +6,7 @@
 #include "platform/Text.h"
 #include "records/ProvenanceTables.h"
 #include "records/RowMark.h"
-#include "sections/RowText.h"
+#include "sections/TableRows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -48,21 +48,15 @@ public:
         namespace tables = dbsection::provenance;
         if (!hasTable(tables::Families))
             return;
-        forEachRow(tables::Families, [&](const Row& row) { readOrigin(row); });
-        forEachRow(tables::Columns, [&](const Row& row) { readRule(row); });
-        forEachRow(tables::Exceptions, [&](const Row& row) { readException(row); });
-        forEachRow(tables::Sections, [&](const Row& row) { readSection(row); });
-        forEachRow(tables::Aliases, [&](const Row& row) { readAlias(row); });
+        forEachRow(m_database, tables::Families, [&](const Row& row) { readOrigin(row); });
+        forEachRow(m_database, tables::Columns, [&](const Row& row) { readRule(row); });
+        forEachRow(m_database, tables::Exceptions, [&](const Row& row) { readException(row); });
+        forEachRow(m_database, tables::Sections, [&](const Row& row) { readSection(row); });
+        forEachRow(m_database, tables::Aliases, [&](const Row& row) { readAlias(row); });
     }
 
 private:
-    /// A row of a hidden table.
-    struct Row {
-        const CSectionRecordset& rows;
-
-        std::string text(int column) const { return textAt(rows, column); }
-        double number(int column) const { return dbsection::AsNumber(rows.GetFieldValue(column)); }
-    };
+    using Row = CSectionRecordset; ///< the current one, of a hidden table
 
     bool hasTable(std::string_view name) const {
         for (int index = 0; index < m_database.GetTableDefCount(); ++index) {
@@ -74,15 +68,6 @@ private:
         return false;
     }
 
-    template <class Visit>
-    void forEachRow(const char* table, Visit visit) {
-        CSectionRecordset rows(&m_database);
-        rows.Open(CSectionRecordset::Snapshot,
-                  ("Select * From [" + std::string(table) + "]").c_str());
-        for (; !rows.IsEOF(); rows.MoveNext())
-            visit(Row{rows});
-    }
-
     /// The origin of a name, or null.
     Origin* find(const std::string& name) {
         const auto place = std::ranges::find(m_data.origins, name, &Origin::name);
@@ -91,31 +76,31 @@ private:
 
     void readOrigin(const Row& row) {
         Origin& origin = m_data.origins.emplace_back();
-        origin.name = row.text(0);
-        origin.standard = row.text(1);
-        origin.remark = row.text(2);
-        origin.leftOut = row.text(3);
-        origin.model = dbsection::FindGeometryModel(row.text(4));
-        origin.parameters = parametersIn(row.text(5));
-        const std::string sizes = row.text(6);
+        origin.name = textAt(row, 0);
+        origin.standard = textAt(row, 1);
+        origin.remark = textAt(row, 2);
+        origin.leftOut = textAt(row, 3);
+        origin.model = dbsection::FindGeometryModel(textAt(row, 4));
+        origin.parameters = parametersIn(textAt(row, 5));
+        const std::string sizes = textAt(row, 6);
         for (std::string_view list = sizes; !list.empty();)
             origin.nameSizes.emplace_back(takeItem(list));
     }
 
     void readRule(const Row& row) {
-        Origin* const origin = find(row.text(0));
+        Origin* const origin = find(textAt(row, 0));
         if (origin == nullptr)
             return;
-        const std::string column = row.text(1);
-        origin->units[column] = row.text(2);
-        origin->rules.columns[column] = {dbsection::PrintingSteps::FromText(row.text(3)),
-                                         {row.number(4) / 100, row.text(5)}};
+        const std::string column = textAt(row, 1);
+        origin->units[column] = textAt(row, 2);
+        origin->rules.columns[column] = {dbsection::PrintingSteps::FromText(textAt(row, 3)),
+                                         {numberAt(row, 4) / 100, textAt(row, 5)}};
     }
 
     void readException(const Row& row) {
-        if (Origin* const origin = find(row.text(0)))
-            origin->rules.exceptions[{row.text(1), row.text(2)}] = {row.number(3) / 100,
-                                                                    row.text(4)};
+        if (Origin* const origin = find(textAt(row, 0)))
+            origin->rules.exceptions[{textAt(row, 1), textAt(row, 2)}] = {numberAt(row, 3) / 100,
+                                                                          textAt(row, 4)};
     }
 
     /// The section that a row of a hidden table tells of, or nothing.
@@ -124,8 +109,8 @@ private:
         std::size_t row = 0;
     };
     Found findSection(const Row& row) {
-        const std::string table = row.text(0);
-        const auto record = dbsection::WholeNumber<std::int64_t>(row.number(1));
+        const std::string table = textAt(row, 0);
+        const auto record = dbsection::WholeNumber<std::int64_t>(numberAt(row, 1));
         const auto family = std::ranges::find(m_data.families, table, &FamilyData::table);
         if (family == m_data.families.end())
             return {};
@@ -139,18 +124,18 @@ private:
 
     void readSection(const Row& row) {
         const auto [family, place] = findSection(row);
-        const Origin* const origin = find(row.text(2));
+        const Origin* const origin = find(textAt(row, 2));
         if (family == nullptr || origin == nullptr)
             return;
         family->origins.resize(family->names.size());
         family->origins[place] =
-            RowOrigin{static_cast<std::size_t>(origin - m_data.origins.data()), row.text(3),
-                      row.text(4), row.text(5), row.number(6) != markOf(*family, place)};
+            RowOrigin{static_cast<std::size_t>(origin - m_data.origins.data()), textAt(row, 3),
+                      textAt(row, 4), textAt(row, 5), numberAt(row, 6) != markOf(*family, place)};
     }
 
     void readAlias(const Row& row) {
         if (const auto [family, place] = findSection(row); family != nullptr)
-            family->aliases[place].push_back({row.text(2), row.number(3) != 0});
+            family->aliases[place].push_back({textAt(row, 2), numberAt(row, 3) != 0});
     }
 
     CSectionDatabase& m_database;
