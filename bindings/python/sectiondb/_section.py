@@ -43,7 +43,7 @@ class Alias(NamedTuple):
 PROPERTIES = {
     **dict.fromkeys(("depth", "width", "flange_thickness", "web_thickness", "thickness"), 1),
     **dict.fromkeys(("major_radius", "minor_radius", "centroid_height", "centroid_offset"), 1),
-    **dict.fromkeys(("area",), 2),
+    "area": 2,
     **dict.fromkeys(("major_plastic_modulus", "minor_plastic_modulus"), 3),
     **dict.fromkeys(("major_elastic_modulus", "minor_elastic_modulus"), 3),
     **dict.fromkeys(("major_inertia", "minor_inertia", "torsion_constant"), 4),
@@ -125,97 +125,97 @@ class Section(Generic[V]):
     @property
     def area(self) -> V:
         """Cross-sectional area, in length^2."""
-        return self._property("area", 2)
+        return self._property("area")
 
     @property
     def depth(self) -> V:
         """Depth, a length; of round sections the diameter, of angles the longer leg."""
-        return self._property("depth", 1)
+        return self._property("depth")
 
     @property
     def width(self) -> V:
         """Width, a length; of flanged sections that of the flange."""
-        return self._property("width", 1)
+        return self._property("width")
 
     @property
     def flange_thickness(self) -> V:
         """Thickness of the flange, a length."""
-        return self._property("flange_thickness", 1)
+        return self._property("flange_thickness")
 
     @property
     def web_thickness(self) -> V:
         """Thickness of the web, a length."""
-        return self._property("web_thickness", 1)
+        return self._property("web_thickness")
 
     @property
     def thickness(self) -> V:
         """Thickness of walls and legs, a length."""
-        return self._property("thickness", 1)
+        return self._property("thickness")
 
     @property
     def major_inertia(self) -> V:
         """Moment of inertia about the major axis, in length^4."""
-        return self._property("major_inertia", 4)
+        return self._property("major_inertia")
 
     @property
     def minor_inertia(self) -> V:
         """Moment of inertia about the minor axis, in length^4."""
-        return self._property("minor_inertia", 4)
+        return self._property("minor_inertia")
 
     @property
     def torsion_constant(self) -> V:
         """St. Venant's torsion constant, in length^4."""
-        return self._property("torsion_constant", 4)
+        return self._property("torsion_constant")
 
     @property
     def warping_constant(self) -> V:
         """Warping constant, in length^6."""
-        return self._property("warping_constant", 6)
+        return self._property("warping_constant")
 
     @property
     def major_plastic_modulus(self) -> V:
         """Plastic section modulus about the major axis, in length^3."""
-        return self._property("major_plastic_modulus", 3)
+        return self._property("major_plastic_modulus")
 
     @property
     def minor_plastic_modulus(self) -> V:
         """Plastic section modulus about the minor axis, in length^3."""
-        return self._property("minor_plastic_modulus", 3)
+        return self._property("minor_plastic_modulus")
 
     @property
     def major_elastic_modulus(self) -> V:
         """Elastic section modulus about the major axis, at the extreme fibre, in length^3."""
-        return self._property("major_elastic_modulus", 3)
+        return self._property("major_elastic_modulus")
 
     @property
     def minor_elastic_modulus(self) -> V:
         """Elastic section modulus about the minor axis, at the extreme fibre, in length^3."""
-        return self._property("minor_elastic_modulus", 3)
+        return self._property("minor_elastic_modulus")
 
     @property
     def major_radius(self) -> V:
         """Radius of gyration about the major axis, a length."""
-        return self._property("major_radius", 1)
+        return self._property("major_radius")
 
     @property
     def minor_radius(self) -> V:
         """Radius of gyration about the minor axis, a length."""
-        return self._property("minor_radius", 1)
+        return self._property("minor_radius")
 
     @property
     def centroid_height(self) -> V:
         """The centroid from the face that the column CY tells, a length."""
-        return self._property("centroid_height", 1)
+        return self._property("centroid_height")
 
     @property
     def centroid_offset(self) -> V:
         """The centroid from the face that the column CZ tells, a length."""
-        return self._property("centroid_offset", 1)
+        return self._property("centroid_offset")
 
     @property
     def weight(self) -> V:
         """Weight of steel or aluminium, in force/length."""
-        return self._property("weight", -1)
+        return self._property("weight")
 
     @property
     def principal_angle(self) -> float:
@@ -251,9 +251,8 @@ class Section(Generic[V]):
         None where the section has no figure there. Raises NotFound for a name that is neither.
         """
         if name in PROPERTIES:
-            unit = self._family.property_unit(PROPERTIES[name])
             try:
-                return Quantity(self._property_in(name, unit), unit)
+                return self._property_quantity(name)
             except NoFigure:
                 if not self._family.has_column(name):
                     return None
@@ -269,15 +268,15 @@ class Section(Generic[V]):
             return self.catalogue.presentation.value(kept, column.kept_unit)
         return kept
 
-    def _property(self, name: str, power: int) -> V:
-        unit = self._family.property_unit(power)
-        figure = self._property_in(name, unit)
-        value: V = self.catalogue.presentation.value(figure, unit)
+    def _property(self, name: str) -> V:
+        quantity = self._property_quantity(name)
+        value: V = self.catalogue.presentation.value(quantity.figure, quantity.unit)
         return value
 
-    def _property_in(self, name: str, unit: str) -> float:
+    def _property_quantity(self, name: str) -> Quantity:
+        unit = self._family.property_unit(PROPERTIES[name])
         try:
-            return self.native.property(name, unit)
+            return Quantity(self.native.property(name, unit), unit)
         except NotFound as error:
             raise NoFigure(str(error)) from None
 
