@@ -77,8 +77,7 @@ class Compare : public Command {
         app.add_option("sections", m_typed, "Names of two or more sections")
             ->option_text("[CATALOGUE:]NAME ...")
             ->required();
-        m_units.DeclareLength(app);
-        m_units.DeclareForce(app);
+        m_units.Declare(app);
         m_form.Declare(app);
         m_catalogues.Declare(app);
     }

@@ -14,8 +14,7 @@ void DrawingOptions::Declare(CLI::App& app) {
     app.add_option("--dxf", m_dxf, "Draw into a file for CAD programs, in mm")
         ->option_text("FILE.dxf")
         ->excludes(svg);
-    m_units.DeclareLength(app);
-    m_units.DeclareForce(app);
+    m_units.Declare(app);
 }
 
 void DrawingOptions::Draw(const sections::Section& section) const {

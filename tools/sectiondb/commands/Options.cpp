@@ -70,12 +70,13 @@ Symbols SymbolOptions::Choice() const {
         fmt::format("\"{}\" are no symbols; use program, aisc or eurocode.", m_symbols));
 }
 
-void UnitOptions::DeclareLength(CLI::App& app) {
-    app.add_option("--length", m_length, "in, ft, yd, mm, cm, dm, m or km")->option_text("UNIT");
+void UnitOptions::Declare(CLI::App& app) {
+    DeclareLength(app);
+    app.add_option("--force", m_force, "kip, lb, kg, t, N, daN, kN or MN")->option_text("UNIT");
 }
 
-void UnitOptions::DeclareForce(CLI::App& app) {
-    app.add_option("--force", m_force, "kip, lb, kg, t, N, daN, kN or MN")->option_text("UNIT");
+void UnitOptions::DeclareLength(CLI::App& app) {
+    app.add_option("--length", m_length, "in, ft, yd, mm, cm, dm, m or km")->option_text("UNIT");
 }
 
 } // namespace dbsection

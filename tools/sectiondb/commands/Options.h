@@ -66,8 +66,8 @@ private:
 /// The units of printed figures.
 class UnitOptions {
 public:
-    void DeclareLength(CLI::App& app);
-    void DeclareForce(CLI::App& app);
+    void Declare(CLI::App& app);
+    void DeclareLength(CLI::App& app); ///< where no figure has a force
 
     /// Throws UsageError where a name is no unit.
     UnitChoice Choice() const { return ChooseUnits(m_length, m_force); }

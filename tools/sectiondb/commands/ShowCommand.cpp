@@ -63,8 +63,7 @@ class Show : public Command {
     void Declare(CLI::App& app) override {
         app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
         app.add_option("name", m_name, "Section name, e.g. W12X26")->required();
-        m_units.DeclareLength(app);
-        m_units.DeclareForce(app);
+        m_units.Declare(app);
         m_form.Declare(app);
         m_catalogues.Declare(app);
     }
