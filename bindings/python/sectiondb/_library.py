@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import functools
 import os
 from collections.abc import Mapping
 from types import TracebackType
@@ -101,6 +102,11 @@ class Change:
         """The sections with the changes so far."""
         return Catalogue(self._native.read(), presentation_of(None))
 
+    @functools.cached_property
+    def _tables(self) -> Catalogue[Quantity]:
+        """Read once: no change alters the columns."""
+        return self.read()
+
     def add(
         self,
         family: str,
@@ -119,7 +125,7 @@ class Change:
         rounding explains by ``as_published``, as a share of them. The name must be new in the family,
         the program name in the file, whatever the letter case.
         """
-        table = self.read().family(family)
+        table = self._tables.family(family)
         parts = _parts(table, figures)
         return self._native.add(table.name, name, program_name, *parts, as_published)
 
