@@ -2,8 +2,10 @@
 //
 //     const sections::UserFile mine("mine.db3");
 //     sections::Change change = mine.change();
-//     change.add("Pipe", {.name = "P 60.3x5", .figures = {{"OD", {60.3, "mm"}}, {"T", {5,
-//     "mm"}}}}); change.commit(); const sections::Section pipe = mine.read().at("P 60.3x5");
+//     change.add("Pipe", {.name = "P 60.3x5",
+//                         .figures = {{"OD", {60.3, "mm"}}, {"T", {5, "mm"}}}});
+//     change.commit();
+//     const sections::Section pipe = mine.read().at("P 60.3x5");
 #pragma once
 
 #include "platform/Export.h"
@@ -38,8 +40,7 @@ public:
 
     /// Gives a section that was read from the file the names, figures and texts of the draft; an
     /// empty name, and what the draft leaves out, stay. Where it has figures, the row is judged as
-    /// it will be. Error 3197 where the section has another
-    /// name meanwhile, 3021 where it is gone.
+    /// it will be. Error 3197 where the section has another name meanwhile, 3021 where it is gone.
     void update(const Section& section, const Draft& draft);
 
     /// The same for removing it.
