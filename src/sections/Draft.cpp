@@ -18,6 +18,7 @@ namespace {
 using dbsection::Figures;
 using dbsection::GeometryParameter;
 using dbsection::RefusedFigure;
+using dbsection::UnitNames;
 
 /// More digits tell nothing: no figure is published with more.
 constexpr int ComputedDigits = 5;
@@ -44,9 +45,9 @@ const LayoutColumn* findColumn(std::span<const LayoutColumn> columns, std::strin
 }
 
 /// What no unit of length or force measures counts as it is.
-double sizeOf(::Quantity quantity, const std::string& unit) {
+double sizeOf(::Quantity quantity, const std::string& unit, UnitNames names = UnitNames::Kept) {
     const bool isPlain = quantity == ::Quantity::Number || quantity == ::Quantity::Angle;
-    return isPlain ? 1 : dbsection::SizeOf(unit);
+    return isPlain ? 1 : dbsection::SizeOf(unit, names);
 }
 
 /// The unit in which a model takes a parameter.
@@ -65,14 +66,14 @@ const char* unitOf(const GeometryParameter& parameter) {
 /// with another one; empty where there is none.
 std::string rightUnit(const RefusedFigure& refused, ::Quantity quantity, const std::string& unit) {
     constexpr std::array lengths{"MM", "CM", "M", "INCHES", "FEET"};
-    const auto dimension = dbsection::DimensionOf(unit, dbsection::UnitNames::Printed);
+    const auto dimension = dbsection::DimensionOf(unit, UnitNames::Printed);
     if (!dimension || dimension->force != 0 || dimension->length < 1)
         return "";
     for (const char* length : lengths) {
         std::string other =
             length + (dimension->length == 1 ? "" : "^" + std::to_string(dimension->length));
         const double figure = refused.judged.figure * sizeOf(quantity, other) /
-                              dbsection::SizeOf(unit, dbsection::UnitNames::Printed);
+                              dbsection::SizeOf(unit, UnitNames::Printed);
         dbsection::FigureVerdict verdict = refused.verdict;
         verdict.deviation =
             dbsection::JudgedFigure{"", figure, refused.judged.computed}.Deviation();
@@ -158,8 +159,7 @@ private:
                                       ? findColumn(m_family, column)->unit
                                       : given->second.unit();
         const ::Quantity quantity = findColumn(m_layout.columns, column)->quantity;
-        const bool isPlain = quantity == ::Quantity::Angle || quantity == ::Quantity::Number;
-        const double size = isPlain ? 1 : dbsection::SizeOf(unit, dbsection::UnitNames::Printed);
+        const double size = sizeOf(quantity, unit, UnitNames::Printed);
         const double allowed = refused.verdict.printing + refused.verdict.tolerance;
         const std::string right = rightUnit(refused, quantity, unit);
         return column + " is " + shown(refused.judged.figure / size, unit) +
