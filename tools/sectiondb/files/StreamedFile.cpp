@@ -1,6 +1,6 @@
 #include "files/StreamedFile.h"
 
-#include "output/Messages.h"
+#include "files/WholeFile.h"
 #include "platform/FileSystem.h"
 
 #include <cerrno>
@@ -17,13 +17,13 @@ StreamedFile::StreamedFile(std::string path, std::string content)
       m_content(std::move(content)) {
     std::string file = m_path;
     if (const int error = FollowLinks(file); error != 0)
-        Fail(error);
+        FailToWrite(m_path, m_content, error);
     const std::filesystem::path target = file;
     m_temporary =
         target.parent_path() / fmt::format(".{}.{}~", target.filename().string(), getpid());
     m_stream.open(m_temporary, std::ios::binary | std::ios::trunc);
     if (!m_stream)
-        Fail(errno);
+        FailToWrite(m_path, m_content, errno);
 }
 
 StreamedFile::~StreamedFile() {
@@ -34,14 +34,9 @@ StreamedFile::~StreamedFile() {
 void StreamedFile::Finish() {
     m_stream.close();
     if (!m_stream)
-        Fail(errno);
+        FailToWrite(m_path, m_content, errno);
     if (const int error = MoveOver(m_temporary.c_str(), m_path.c_str()); error != 0)
-        Fail(error);
-}
-
-void StreamedFile::Fail(int error) const {
-    throw CommandError(fmt::format("{}: {} cannot be written: {}; name another file.", m_path,
-                                   m_content, std::generic_category().message(error)));
+        FailToWrite(m_path, m_content, error);
 }
 
 } // namespace dbsection

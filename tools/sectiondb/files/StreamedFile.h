@@ -21,8 +21,6 @@ public:
     void Finish();
 
 private:
-    [[noreturn]] void Fail(int error) const;
-
     std::string m_path;
     std::string m_content;
     std::string m_temporary;

@@ -15,8 +15,12 @@ void RequireEnding(const std::string& path, std::string_view ending, std::string
 
 void WriteWholeFile(const std::string& path, std::string_view text, std::string_view content) {
     if (const int error = ReplaceFile(path.c_str(), text); error != 0)
-        throw CommandError(fmt::format("{}: {} cannot be written: {}; name another file.", path,
-                                       content, std::generic_category().message(error)));
+        FailToWrite(path, content, error);
+}
+
+void FailToWrite(const std::string& path, std::string_view content, int error) {
+    throw CommandError(fmt::format("{}: {} cannot be written: {}; name another file.", path,
+                                   content, std::generic_category().message(error)));
 }
 
 } // namespace dbsection

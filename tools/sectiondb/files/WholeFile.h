@@ -13,4 +13,7 @@ void RequireEnding(const std::string& path, std::string_view ending, std::string
 /// Makes or replaces a file. Throws CommandError. `content` is what it holds, e.g. "the page".
 void WriteWholeFile(const std::string& path, std::string_view text, std::string_view content);
 
+/// Throws the CommandError of a file that cannot be written; `error` is an errno.
+[[noreturn]] void FailToWrite(const std::string& path, std::string_view content, int error);
+
 } // namespace dbsection
