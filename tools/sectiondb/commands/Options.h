@@ -67,7 +67,7 @@ private:
 class UnitOptions {
 public:
     void Declare(CLI::App& app);
-    void DeclareLength(CLI::App& app); ///< where no figure has a force
+    void DeclareLength(CLI::App& app); ///< forces keep their units
 
     /// Throws UsageError where a name is no unit.
     UnitChoice Choice() const { return ChooseUnits(m_length, m_force); }
