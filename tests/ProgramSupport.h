@@ -25,6 +25,18 @@ inline Outcome Shell(const std::string& command) {
 
 inline std::string Quote(const std::string& text) { return "'" + text + "'"; }
 
+inline testing::AssertionResult Holds(const Outcome& outcome, std::string_view told) {
+    return Holds(outcome.output, told);
+}
+
+/// Whether a program ended with a status and told a text.
+inline testing::AssertionResult Ended(const Outcome& outcome, int status,
+                                      std::string_view told = "") {
+    if (outcome.status != status)
+        return testing::AssertionFailure() << "status " << outcome.status << ": " << outcome.output;
+    return Holds(outcome, told);
+}
+
 /// Runs `sectiondb`.
 inline Outcome Program(const std::string& arguments) {
     return Shell(Quote(SECTIONDB_PROGRAM) + " " + arguments);

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
 #include <sched.h>
 #include <stdexcept>
@@ -51,6 +52,13 @@ inline std::string ReadFile(const std::string& path) {
 
 inline void WriteFile(const std::string& path, std::string_view content) {
     std::ofstream(path, std::ios::binary) << content;
+}
+
+/// Whether a text holds a part; shows the text where a check of it fails.
+inline testing::AssertionResult Holds(std::string_view text, std::string_view part) {
+    return (text.find(part) != std::string_view::npos ? testing::AssertionSuccess()
+                                                      : testing::AssertionFailure())
+           << "\"" << part << "\" in \"" << text << "\"";
 }
 
 /// Starts a child that runs `body` and exits with the int it returns (99 on an exception). It does

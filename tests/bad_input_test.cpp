@@ -57,8 +57,7 @@ protected:
         EXPECT_EQ(outcome.status, status) << arguments << ": " << outcome.output;
         EXPECT_TRUE(outcome.output.starts_with("sectiondb: ") || arguments == "list --folder none")
             << arguments << ": " << outcome.output;
-        EXPECT_NE(outcome.output.find(message), std::string::npos)
-            << arguments << ": " << outcome.output;
+        EXPECT_TRUE(Holds(outcome, message)) << arguments;
         EXPECT_TRUE(Contents() == before) << arguments;
     }
 };
@@ -189,9 +188,9 @@ TEST_F(BadInputTest, AnOutputThatTakesNothingIsTold) {
     for (const char* command : {"list", "list American W", "show American W12X26", "find W12X26",
                                 "select American W", "layouts", "where", "verify American",
                                 "user list mine.db3", "user export mine.db3 Pipe"}) {
-        const Outcome full = Shell("(" + CommandLine(command) + " > /dev/full)");
-        EXPECT_EQ(full.status, Failure) << command;
-        EXPECT_NE(full.output.find("No space left on device"), std::string::npos) << command;
+        EXPECT_TRUE(Ended(Shell("(" + CommandLine(command) + " > /dev/full)"), Failure,
+                          "No space left on device"))
+            << command;
         const Outcome closed = Shell("(" + CommandLine(command) + " | true)");
         EXPECT_EQ(closed.output, "") << command;
     }

@@ -150,7 +150,7 @@ TEST_F(BrowserTest, FindsANameInAllCatalogues) {
     const Outcome outcome = Browse("find W12X26\n", "--folder " + m_own.Path());
     EXPECT_EQ(outcome.status, 1);
     ExpectLines(outcome, {"  exact  American   W Shape  W12x26  W12X26", "error: "});
-    EXPECT_NE(outcome.output.find("BritishSections.db3"), std::string::npos);
+    EXPECT_TRUE(Holds(outcome.output, "BritishSections.db3"));
 }
 
 TEST_F(BrowserTest, DrawsASectionInCharacters) {
@@ -174,7 +174,7 @@ TEST_F(BrowserTest, KeepsPreferredSections) {
                  "  W12x26  W12X26       yes", "It is not among the preferred sections.",
                  "American, W Shape: 0 preferred sections", "> prefer ALL",
                  "American, W Shape: 2 preferred sections"});
-    EXPECT_NE(ReadFile(m_own.File("user.dbi")).find("\nW Shape=1,2\n"), std::string::npos);
+    EXPECT_TRUE(Holds(ReadFile(m_own.File("user.dbi")), "\nW Shape=1,2\n"));
 }
 
 TEST_F(BrowserTest, TellsWhatIsWrongAndGoesOn) {
@@ -201,8 +201,7 @@ TEST_F(BrowserTest, TellsWhatIsWrongAndGoesOn) {
     for (const auto& [script, error] : cases) {
         const Outcome outcome = Browse(script + std::string("\nunits\n"));
         EXPECT_EQ(outcome.status, 1) << script;
-        EXPECT_NE(outcome.output.find(std::string("error: ") + error), std::string::npos)
-            << outcome.output;
+        EXPECT_TRUE(Holds(outcome.output, std::string("error: ") + error));
         ExpectLines(outcome, {"Values are in in and kip."});
     }
 }
@@ -228,7 +227,7 @@ TEST_F(BrowserTest, NeedsFilesAPasswordAndAPlaceForSelections) {
     for (const auto& [script, options, told] : cases) {
         const Outcome outcome = Browse(script, options);
         EXPECT_EQ(outcome.status, 1) << script;
-        EXPECT_NE((outcome.output + outcome.errors).find(told), std::string::npos)
+        EXPECT_TRUE(Holds(outcome.output + outcome.errors, told))
             << outcome.output << outcome.errors;
     }
 }

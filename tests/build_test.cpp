@@ -87,10 +87,7 @@ TEST_F(BuildTest, LeavesAFileAloneThatAnotherProgramIsWriting) {
         rows.Update();
     });
     ASSERT_TRUE(std::filesystem::exists(m_file + "-journal"));
-    const Outcome outcome = Build();
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.output.find("another program is using the file"), std::string::npos)
-        << outcome.output;
+    EXPECT_TRUE(Ended(Build(), 1, "another program is using the file"));
     EXPECT_TRUE(std::filesystem::exists(m_file + "-journal"));
     StopHolder();
     EXPECT_EQ(Area(), "28.3");
@@ -114,12 +111,8 @@ TEST_F(BuildTest, KeepsTheModeAndFollowsALink) {
 
     ::chmod(m_file.c_str(), 0444);
     const std::string before = ReadFile(m_file);
-    const Outcome refused = Build();
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_NE(
-        refused.output.find("VenezuelanSections.db3: the file is read-only; make it writable"),
-        std::string::npos)
-        << refused.output;
+    EXPECT_TRUE(
+        Ended(Build(), 1, "VenezuelanSections.db3: the file is read-only; make it writable"));
     EXPECT_EQ(ReadFile(m_file), before);
     EXPECT_EQ(Mode(), 0444U);
 }
@@ -132,7 +125,7 @@ TEST_F(BuildTest, StoresAChecksumOfEachTable) {
     DatabaseHandle db;
     ASSERT_EQ(Open(db, m_file), 1);
     const std::string stored = TextAt(Rows(db, "Select * From [DBInfo]"), 5);
-    EXPECT_NE(stored.find(pipe + "  Pipe\n"), std::string::npos) << stored;
+    EXPECT_TRUE(Holds(stored, pipe + "  Pipe\n"));
     EXPECT_EQ(std::ranges::count(stored, '\n'), 11); // five tables, their units, and their origins
     EXPECT_EQ(stored, dbsection::ChecksumsOf(*db));
     Rows rows(db, "Select * From [Pipe]");
@@ -181,7 +174,7 @@ TEST_F(BuildTest, TakesThePasswordFromAFile) {
         if (password != nullptr) {
             EXPECT_EQ(Area("--password " + Quote(password)), "28.3");
             EXPECT_EQ(Area("--password-file - < " + file), "28.3");
-            EXPECT_NE(Area().find("no password was given"), std::string::npos);
+            EXPECT_TRUE(Holds(Area(), "no password was given"));
         }
     }
     EXPECT_NE(Build("--password-file " + m_folder.File("none")).status, 0);
@@ -223,17 +216,17 @@ TEST_F(BuildTest, AsksForThePasswordOnATerminalWithoutShowingIt) {
         SECTIONDB_PROGRAM, "build", m_sources.Path(), "-o", m_folder.Path(),
         "--password-file", "-"};
     const std::string differing = OnTerminal(build, "sesame\nsesam\n");
-    EXPECT_NE(differing.find("The two passwords differ"), std::string::npos) << differing;
+    EXPECT_TRUE(Holds(differing, "The two passwords differ"));
     OnTerminal(build, "sesame\n\x03"); // given up
     EXPECT_FALSE(std::filesystem::exists(m_file));
     const std::string built = OnTerminal(build, "sesame\nsesame\n");
     EXPECT_TRUE(built.starts_with("Password: \r\nThe same again: \r\n")) << built;
-    EXPECT_EQ(built.find("sesame"), std::string::npos);
+    EXPECT_FALSE(Holds(built, "sesame"));
     EXPECT_EQ(Area("--password sesame"), "28.3");
     const std::string shown = OnTerminal({SECTIONDB_PROGRAM, "show", "15", "P100", "--folder",
                                           m_folder.Path(), "--password-file", "-"},
                                          "sesame\n");
-    EXPECT_NE(shown.find("28.3"), std::string::npos) << shown;
+    EXPECT_TRUE(Holds(shown, "28.3"));
 }
 
 } // namespace

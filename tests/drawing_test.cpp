@@ -1,7 +1,6 @@
 // Drawings, read back from the files that they are written to.
+#include "TestSupport.h"
 #include "drawing/Drawing.h"
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <sstream>
@@ -9,6 +8,7 @@
 #include <vector>
 
 using namespace dbsection;
+using testsupport::Holds;
 
 namespace {
 
@@ -93,12 +93,12 @@ TEST(DrawingTest, WritesTextsThatFilesCanHold) {
     const Drawing drawing = DrawSection(
         Tube(), {.title = "U 10\" <&> Б\n", .values = {{"AX", "53.8 cm^2"}}, .remarks = {"r"}});
     const std::string svg = Svg(drawing);
-    EXPECT_NE(svg.find(">U 10&quot; &lt;&amp;&gt; Б <"), std::string::npos);
-    EXPECT_NE(svg.find(">53.8 cm^2<"), std::string::npos);
-    EXPECT_NE(svg.find(">100<"), std::string::npos);
-    EXPECT_NE(svg.find(">50<"), std::string::npos);
+    EXPECT_TRUE(Holds(svg, ">U 10&quot; &lt;&amp;&gt; Б <"));
+    EXPECT_TRUE(Holds(svg, ">53.8 cm^2<"));
+    EXPECT_TRUE(Holds(svg, ">100<"));
+    EXPECT_TRUE(Holds(svg, ">50<"));
     EXPECT_EQ(Count(svg, "A8 8 0 0 0 "), 4U);
-    EXPECT_NE(Dxf(drawing).find("\nU 10\" <&> \\U+0411 \n"), std::string::npos);
+    EXPECT_TRUE(Holds(Dxf(drawing), "\nU 10\" <&> \\U+0411 \n"));
 }
 
 TEST(DrawingTest, FillsCharacters) {
@@ -108,5 +108,5 @@ TEST(DrawingTest, FillsCharacters) {
                                    "█                  █\n"
                                    "█                  █\n"
                                    "█▙▄▄▄▄▄▄▄▄▄▄▄▄▄▄▄▄▟█\n");
-    EXPECT_EQ(Picture(Outline(RectangleCorners(1, 1000)), 10).find("██"), std::string::npos);
+    EXPECT_FALSE(Holds(Picture(Outline(RectangleCorners(1, 1000)), 10), "██"));
 }

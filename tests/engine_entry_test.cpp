@@ -172,7 +172,7 @@ TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
     SetStatementObserver(RecordStatement);
     EXPECT_EQ(like("r"), 2); // as the engine gave it
     SetStatementObserver(nullptr);
-    EXPECT_NE(openedStatements.at(0).find("LIKE 'r%'"), std::string::npos) << openedStatements[0];
+    EXPECT_TRUE(Holds(openedStatements.at(0), "LIKE 'r%'"));
     float upper = 51;
     float lower = 25;
     const List range = Ask([&](auto... out) {

@@ -1,7 +1,6 @@
 // The engine on the published catalogues: every row in every unit, and many calls in a row.
+#include "BuiltCatalogues.h"
 #include "EngineSupport.h"
-
-#include "files/CatalogueBuilder.h"
 #include "units/UNIT.h"
 
 #include <fstream>
@@ -41,18 +40,9 @@ StoredTable ReadTable(int catalogue, int type) {
     return table;
 }
 
-class EngineOnCatalogues : public EngineCallTest {
+class EngineOnCatalogues : public OnBuiltCatalogues<EngineCallTest> {
 protected:
-    static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        for (const int index : {American, British, European}) {
-            const std::string stem = Facade::m_saSectionFile[index];
-            dbsection::BuildCatalogue(
-                dbsection::CatalogueSource::Load(std::filesystem::path(SECTIONDB_DATA_DIR) / stem),
-                folder->File(stem + ".db3"), "", [] {});
-        }
-    }
-    static void TearDownTestSuite() { folder.reset(); }
+    static void SetUpTestSuite() { Build({"AISCSections", "BritishSections", "EuropeanSections"}); }
 
     EngineOnCatalogues() { Facade::SetProfileDBFolder(folder->Path().c_str()); }
 
@@ -77,8 +67,6 @@ protected:
                 << answer.name << ", column " << column;
         }
     }
-
-    static inline std::unique_ptr<TempFolder> folder;
 };
 
 TEST_F(EngineOnCatalogues, WalksEveryRowBothWaysInEveryUnit) {

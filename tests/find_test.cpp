@@ -1,5 +1,5 @@
 // Sections found by names as people type them, over all catalogues.
-#include "ProgramSupport.h"
+#include "BuiltCatalogues.h"
 #include "records/CatalogueList.h"
 #include "sections/Error.h"
 #include "sections/Library.h"
@@ -19,11 +19,10 @@ using sections::Match;
 
 namespace {
 
-class FindTest : public testing::Test {
+class FindTest : public OnBuiltCatalogues<> {
 protected:
     static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        ASSERT_EQ(Program("build " SECTIONDB_DATA_DIR " -o " + folder->Path()).status, 0);
+        BuildAll();
         const sections::Library library(folder->Path());
         std::vector<sections::Catalogue> catalogues;
         for (const int number : library.numbers())
@@ -32,7 +31,7 @@ protected:
     }
     static void TearDownTestSuite() {
         names.reset();
-        folder.reset();
+        OnBuiltCatalogues::TearDownTestSuite();
     }
 
     static CsvTable Table(const char* name) {
@@ -49,12 +48,8 @@ protected:
         return FindCatalogue(hit.section.family().catalogue().number())->name;
     }
 
-    static std::unique_ptr<TempFolder> folder;
-    static std::unique_ptr<sections::NameIndex> names;
+    static inline std::unique_ptr<sections::NameIndex> names;
 };
-
-std::unique_ptr<TempFolder> FindTest::folder;
-std::unique_ptr<sections::NameIndex> FindTest::names;
 
 } // namespace
 
@@ -105,31 +100,29 @@ TEST_F(FindTest, KnowsHowNamesBegin) {
     EXPECT_EQ(in("W12X210"), 1);
     EXPECT_EQ(in("W12X30"), 0);
     EXPECT_TRUE(names->beginning("-").empty());
-    const std::string options = " --folder " + folder->Path();
-    EXPECT_NE(Program("find --like 'hea 28' --csv" + options)
-                  .output.find("\nEuropean,HE Shape,HE280A,HE 280 A,exact\n"),
-              std::string::npos);
-    EXPECT_EQ(Program("find --like 'hea 281'" + options).status, 1);
-    EXPECT_EQ(Program("find" + options).status, 2);
-    EXPECT_EQ(Program("find IPE300 --like IPE" + options).status, 2);
+    EXPECT_TRUE(
+        Holds(On("find --like 'hea 28' --csv"), "\nEuropean,HE Shape,HE280A,HE 280 A,exact\n"));
+    EXPECT_EQ(On("find --like 'hea 281'").status, 1);
+    EXPECT_EQ(On("find").status, 2);
+    EXPECT_EQ(On("find IPE300 --like IPE").status, 2);
 }
 
 TEST_F(FindTest, KnowsCataloguesByTheirUsualNames) {
     using sections::Library;
-    for (const auto& [name, number] :
-         std::initializer_list<std::pair<const char*, int>>{{"US", 1},
-                                                            {"aisc", 1},
-                                                            {"AS/NZS", 2},
-                                                            {"uk", 3},
-                                                            {"GB/T", 5},
-                                                            {"EN", 7},
-                                                            {"7", 7},
-                                                            {"IS", 10},
-                                                            {"\u0433\u043E\u0441\u0442", 12},
-                                                            {"south africa", 13},
-                                                            {"ColdFormed (Japanse)", 29},
-                                                            {"jis coldformed", 29},
-                                                            {"brazilsections", 36}})
+    const std::pair<const char*, int> usualNames[] = {{"US", 1},
+                                                      {"aisc", 1},
+                                                      {"AS/NZS", 2},
+                                                      {"uk", 3},
+                                                      {"GB/T", 5},
+                                                      {"EN", 7},
+                                                      {"7", 7},
+                                                      {"IS", 10},
+                                                      {"\u0433\u043E\u0441\u0442", 12},
+                                                      {"south africa", 13},
+                                                      {"ColdFormed (Japanse)", 29},
+                                                      {"jis coldformed", 29},
+                                                      {"brazilsections", 36}};
+    for (const auto& [name, number] : usualNames)
         EXPECT_EQ(Library::numberOf(name), number) << name;
     for (const char* name : {"", "-", "0", "38", "1001", "User tables", "Atlantis"})
         EXPECT_THROW(Library::numberOf(name), sections::Error) << name;
@@ -141,29 +134,21 @@ TEST_F(FindTest, KnowsCataloguesByTheirUsualNames) {
 }
 
 TEST_F(FindTest, NeverTakesANearNameForTheOneThatWasAskedFor) {
-    const std::string options = " --folder " + folder->Path();
-    const Outcome near = Program("show European 'HEA 201'" + options);
-    EXPECT_EQ(near.status, 1);
-    EXPECT_NE(near.output.find("did you mean \"HE 200 A\" (European)"), std::string::npos)
-        << near.output;
-    const Outcome alias = Program("show American W360X134" + options);
+    EXPECT_TRUE(Ended(On("show European 'HEA 201'"), 1, "did you mean \"HE 200 A\" (European)"));
+    const Outcome alias = On("show American W360X134");
     EXPECT_EQ(alias.status, 0);
     EXPECT_EQ(alias.output.find("W14X90 (American, W Shape)"), 0U) << alias.output;
-    EXPECT_NE(Program("find 'hea 200' --json" + options)
-                  .output.find(R"("name": "HE 200 A", "match": "exact")"),
-              std::string::npos);
+    EXPECT_TRUE(Holds(On("find 'hea 200' --json"), R"("name": "HE 200 A", "match": "exact")"));
 }
 
 TEST_F(FindTest, ComparesSectionsInTheUnitsOfTheFirst) {
-    const std::string options = " --csv --folder " + folder->Path();
-    const std::string table = Program("compare US:W12X26 'EN:IPE 300'" + options).output;
+    const std::string table = On("compare US:W12X26 'EN:IPE 300' --csv").output;
     for (const char* row :
          {"property,unit,American:W12X26,European:IPE 300,ratio\n", "\nAX,in^2,7.65,8.339",
           ",1.090\n", "\nIZ,in^4,204,200.8", ",0.985\n", "\nWeight,lb/ft,26.0"})
-        EXPECT_NE(table.find(row), std::string::npos) << row << table;
-    EXPECT_NE(Program("compare 'w 14 x 90' W14X99 W14X109" + options)
-                  .output.find("\nAX,in^2,26.5,29.1,32,1.098,1.208\n"),
-              std::string::npos);
+        EXPECT_TRUE(Holds(table, row)) << row;
+    EXPECT_TRUE(Holds(On("compare 'w 14 x 90' W14X99 W14X109 --csv"),
+                      "\nAX,in^2,26.5,29.1,32,1.098,1.208\n"));
     struct {
         const char* arguments;
         int status;
@@ -178,20 +163,15 @@ TEST_F(FindTest, ComparesSectionsInTheUnitsOfTheFirst) {
         {"equivalent Aluminium 6061-T6", 1, "has no area, moments of inertia and depth"},
     };
     for (const auto& [arguments, status, message] : faults) {
-        const Outcome outcome = Program(arguments + options);
-        EXPECT_EQ(outcome.status, status) << arguments;
-        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
+        EXPECT_TRUE(Ended(On(arguments + std::string(" --csv")), status, message)) << arguments;
     }
 }
 
 TEST_F(FindTest, FindsSectionsOfOtherStandards) {
-    const std::string options = " --csv --folder " + folder->Path();
-    const std::string british = Program("equivalent US W12X26 --in UK --limit 1" + options).output;
-    EXPECT_NE(
-        british.find("\nBritish,UB Shape,UB 305 x 165 x 40,EN 10365:2017,3.7,3.9,0.1,6.1,-2.1\n"),
-        std::string::npos)
-        << british;
-    const std::string all = Program("equivalent EN 'IPE 300'" + options).output;
-    EXPECT_EQ(all.find("EN 10365"), std::string::npos) << all;
+    const std::string british = On("equivalent US W12X26 --in UK --limit 1 --csv").output;
+    EXPECT_TRUE(Holds(british,
+                      "\nBritish,UB Shape,UB 305 x 165 x 40,EN 10365:2017,3.7,3.9,0.1,6.1,-2.1\n"));
+    const std::string all = On("equivalent EN 'IPE 300' --csv").output;
+    EXPECT_FALSE(Holds(all, "EN 10365"));
     EXPECT_EQ(std::ranges::count(all, '\n'), 12); // names, units, ten sections
 }

@@ -1,12 +1,11 @@
 // Section geometry: outlines, thin walls, and the models beside published figures.
 #include "GeometryCases.h"
+#include "TestSupport.h"
 
 #include "geometry/FigureRules.h"
 #include "geometry/Geometry.h"
 #include "geometry/RowJudgement.h"
 #include "geometry/ThinWalls.h"
-
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
@@ -17,6 +16,7 @@
 using namespace dbsection;
 using geometrycases::Case;
 using geometrycases::Cases;
+using testsupport::Holds;
 
 namespace {
 
@@ -198,7 +198,7 @@ TEST(GeometryModels, RefuseImpossibleDimensions) {
             FindGeometryModel(model)->make(given, parameters);
             ADD_FAILURE() << model << " took what it should refuse: " << fault;
         } catch (const GeometryError& error) {
-            EXPECT_NE(std::string(error.what()).find(fault), std::string::npos) << error.what();
+            EXPECT_TRUE(Holds(error.what(), fault));
         }
 }
 

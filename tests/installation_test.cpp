@@ -1,9 +1,9 @@
 // All catalogues of an installation: built into files, then opened and read through the façade.
+#include "BuiltCatalogues.h"
 #include "FacadeSupport.h"
-#include "files/CatalogueBuilder.h"
+#include "catalogues/AISCSteelJoistSectionDB.h"
 #include "units/UNIT.h"
 
-#include <memory>
 #include <sstream>
 
 using namespace testsupport;
@@ -12,22 +12,11 @@ namespace {
 
 constexpr WORD Joists = 21;
 
-class InstallationTest : public FacadeTest {
+class InstallationTest : public OnBuiltCatalogues<FacadeTest> {
 protected:
-    static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        for (int index = 1; index <= LastCatalogueIndex; ++index) {
-            const std::string stem = Facade::m_saSectionFile[index];
-            const auto source =
-                dbsection::CatalogueSource::Load(std::filesystem::path(SECTIONDB_DATA_DIR) / stem);
-            dbsection::BuildCatalogue(source, folder->File(stem + ".db3"), "", [] {});
-        }
-    }
-    static void TearDownTestSuite() { folder.reset(); }
+    static void SetUpTestSuite() { BuildAll(); }
 
     InstallationTest() { Facade::SetProfileDBFolder(folder->Path().c_str()); }
-
-    static inline std::unique_ptr<TempFolder> folder;
 };
 
 /// Whether every factor of a unit such as "KIPS/INCHES^2" is known, or it is the mark of a column

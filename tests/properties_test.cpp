@@ -1,8 +1,8 @@
 // The property summaries of all published sections, asked in several systems of units, against the
 // weights, moduli and radii that their standards print (published_properties.csv: pounds per foot
 // and inches for the American catalogue, kg/m and cm for the others).
+#include "BuiltCatalogues.h"
 #include "FacadeSupport.h"
-#include "files/CatalogueBuilder.h"
 #include "sources/CsvTable.h"
 
 #include <algorithm>
@@ -81,22 +81,11 @@ std::unique_ptr<SECTIONINFO> Summary(int index, const char* name, unsigned lengt
     return std::unique_ptr<SECTIONINFO>(dynamic_cast<SECTIONINFO*>(record));
 }
 
-class PublishedSections : public FacadeTest {
+class PublishedSections : public OnBuiltCatalogues<FacadeTest> {
 protected:
-    static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        for (const int index : {American, British, European}) {
-            const std::string stem = Facade::m_saSectionFile[index];
-            const auto source =
-                dbsection::CatalogueSource::Load(std::filesystem::path(SECTIONDB_DATA_DIR) / stem);
-            dbsection::BuildCatalogue(source, folder->File(stem + ".db3"), "", [] {});
-        }
-    }
-    static void TearDownTestSuite() { folder.reset(); }
+    static void SetUpTestSuite() { Build({"AISCSections", "BritishSections", "EuropeanSections"}); }
 
     PublishedSections() { Facade::SetProfileDBFolder(folder->Path().c_str()); }
-
-    static inline std::unique_ptr<TempFolder> folder;
 };
 
 /// How far a figure may be from the one that follows from the section's printed area and moments of

@@ -1,6 +1,6 @@
 // Where sections come from, as built files tell it.
+#include "BuiltCatalogues.h"
 #include "CatalogueFixture.h"
-#include "ProgramSupport.h"
 #include "dbSectionInterface.h"
 #include "engine/SectionEngine.h"
 #include "sections/Error.h"
@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <memory>
 
 using namespace testsupport;
 using sections::FigureSource;
@@ -18,14 +17,9 @@ using sections::FigureSource;
 namespace {
 
 /// All catalogues of the text sources.
-class ProvenanceTest : public testing::Test {
+class ProvenanceTest : public OnBuiltCatalogues<> {
 protected:
-    static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        ASSERT_EQ(Program("build " + Quote(SECTIONDB_DATA_DIR) + " -o " + folder->Path()).status,
-                  0);
-    }
-    static void TearDownTestSuite() { folder.reset(); }
+    static void SetUpTestSuite() { BuildAll(); }
 
     static sections::Section Get(const char* catalogue, const char* name) {
         return sections::Library(folder->Path()).open(catalogue).at(name);
@@ -36,11 +30,7 @@ protected:
         std::filesystem::copy(folder->File(file), to.File(file));
         return to.File(file);
     }
-
-    static std::unique_ptr<TempFolder> folder;
 };
-
-std::unique_ptr<TempFolder> ProvenanceTest::folder;
 
 /// What the rules of its origin say of the figures of a section that geometry computes, too; true
 /// where they accept all of them.
@@ -90,7 +80,7 @@ TEST_F(ProvenanceTest, TellsStandardAndSourceOfEachFigure) {
         const sections::Section section = Get(catalogue, name);
         ASSERT_NE(section.origin(), nullptr);
         EXPECT_EQ(section.origin()->standard, standard);
-        EXPECT_EQ(section.origin()->leftOut.find("NULL"), std::string::npos) << name;
+        EXPECT_FALSE(Holds(section.origin()->leftOut, "NULL")) << name;
         EXPECT_EQ(section.source(column), source);
     }
     EXPECT_EQ(sections::Library(folder->Path()).open("Dutch").standard(),
@@ -108,7 +98,6 @@ TEST_F(ProvenanceTest, TellsAStrengthThatIsNotPublishedFromZero) {
     EXPECT_EQ((*welded).origin()->standard, "Aluminum Design Manual 2015");
     EXPECT_THROW((*welded)["FCY"], sections::Error);
 
-    const std::string options = " --folder " + folder->Path();
     const auto wide = sections::Library(folder->Path())
                           .open("Timber (AITC)")
                           .family("Glued Laminated Timber")
@@ -116,10 +105,9 @@ TEST_F(ProvenanceTest, TellsAStrengthThatIsNotPublishedFromZero) {
     const auto unknown = std::ranges::find_if(
         wide, [](const sections::Section& section) { return !section.find("FB"); });
     ASSERT_NE(unknown, wide.end());
-    const std::string shown =
-        Program("show 22 " + Quote((*unknown).name()) + " --json" + options).output;
-    EXPECT_NE(shown.find(R"({"column": "FB", "value": null)"), std::string::npos) << shown;
-    EXPECT_NE(shown.find(R"("source": "not published")"), std::string::npos) << shown;
+    const std::string shown = On("show 22 " + Quote((*unknown).name()) + " --json").output;
+    EXPECT_TRUE(Holds(shown, R"({"column": "FB", "value": null)"));
+    EXPECT_TRUE(Holds(shown, R"("source": "not published")"));
 
     // Where a value must be told, it is 0.
     SectionDBInterface::SetProfileDBFolder(folder->Path().c_str());
@@ -222,9 +210,9 @@ TEST_F(ProvenanceTest, StaysOutOfListings) {
     database.Open(folder->File("EuropeanSections.db3").c_str(), 0, 1);
     for (const CString& table : database.GetUserTableNames())
         EXPECT_NE(table.View().front(), '~') << table.View();
-    const std::string listed = Program("list European --folder " + folder->Path()).output;
-    EXPECT_EQ(listed.find('~'), std::string::npos) << listed;
-    const Outcome found = Program("find en10365-ipe --folder " + folder->Path());
+    const std::string listed = On("list European").output;
+    EXPECT_FALSE(Holds(listed, "~"));
+    const Outcome found = On("find en10365-ipe");
     EXPECT_EQ(found.status, 1) << "the name of a family is in a hidden table alone";
 }
 

@@ -6,7 +6,6 @@
 #include "records/LayoutRecords.h"
 
 #include <memory>
-#include <utility>
 #include <vector>
 
 using namespace testsupport;
@@ -24,80 +23,54 @@ protected:
     }
 
     template <class Record>
-    static void Expect(const char* section,
-                       const std::vector<std::pair<double Record::*, double>>& values) {
+    static void Expect(const char* section, const std::vector<double Record::*>& members,
+                       const std::vector<double>& values) {
         SCOPED_TRACE(section);
         int type = 0;
         const std::unique_ptr<SectionRecord> read(
             static_cast<SectionRecord*>(Facade::GetSectionData(American, section, type, "")));
         const auto* record = dynamic_cast<const Record*>(read.get());
         ASSERT_NE(record, nullptr);
-        EXPECT_EQ(record->ColumnCount(), std::ssize(values));
-        for (const auto& [member, value] : values)
-            EXPECT_EQ(record->*member, value);
+        EXPECT_EQ(record->ColumnCount(), std::ssize(members));
+        std::vector<double> found;
+        for (const auto member : members)
+            found.push_back(record->*member);
+        EXPECT_EQ(found, values);
     }
 };
 
 TEST_F(PublishedRecords, AnswerByTheNamesOfTheirColumns) {
     {
         using R = IShapeRecord;
-        Expect<R>("W12X26", {{&R::AX, 7.65},
-                             {&R::D, 12.2},
-                             {&R::BF, 6.49},
-                             {&R::TF, 0.38},
-                             {&R::TW, 0.23},
-                             {&R::IZ, 204},
-                             {&R::IX, 0.3},
-                             {&R::CW, 607},
-                             {&R::IY, 17.3},
-                             {&R::ZZ, 37.2},
-                             {&R::ZY, 8.17}});
+        Expect<R>(
+            "W12X26",
+            {&R::AX, &R::D, &R::BF, &R::TF, &R::TW, &R::IZ, &R::IX, &R::CW, &R::IY, &R::ZZ, &R::ZY},
+            {7.65, 12.2, 6.49, 0.38, 0.23, 204, 0.3, 607, 17.3, 37.2, 8.17});
     }
     {
         using R = ChannelRecord;
-        Expect<R>("C15X50", {{&R::AX, 14.7},
-                             {&R::D, 15},
-                             {&R::BF, 3.72},
-                             {&R::TF, 0.65},
-                             {&R::TW, 0.716},
-                             {&R::IZ, 404},
-                             {&R::IX, 2.65},
-                             {&R::CW, 492},
-                             {&R::IY, 11},
-                             {&R::ZZ, 68.5},
-                             {&R::ZY, 8.14},
-                             {&R::CZ, 0.799}});
+        Expect<R>("C15X50",
+                  {&R::AX, &R::D, &R::BF, &R::TF, &R::TW, &R::IZ, &R::IX, &R::CW, &R::IY, &R::ZZ,
+                   &R::ZY, &R::CZ},
+                  {14.7, 15, 3.72, 0.65, 0.716, 404, 2.65, 492, 11, 68.5, 8.14, 0.799});
     }
     {
         using R = AngleRecord;
-        Expect<R>("L6X4X1/2", {{&R::D, 6},
-                               {&R::B, 4},
-                               {&R::T, 0.5},
-                               {&R::AX, 4.75},
-                               {&R::IZ, 17.3},
-                               {&R::IY, 6.22},
-                               {&R::IX, 0.407},
-                               {&R::CY, 1.98},
-                               {&R::CZ, 0.981},
-                               {&R::RV, 0.864},
-                               {&R::ALPHA, 23.75}});
+        Expect<R>("L6X4X1/2",
+                  {&R::D, &R::B, &R::T, &R::AX, &R::IZ, &R::IY, &R::IX, &R::CY, &R::CZ, &R::RV,
+                   &R::ALPHA},
+                  {6, 4, 0.5, 4.75, 17.3, 6.22, 0.407, 1.98, 0.981, 0.864, 23.75});
     }
     {
         using R = RectangularTubeRecord;
-        Expect<R>("HSS8X4X.250", {{&R::AX, 5.24},
-                                  {&R::D, 8},
-                                  {&R::B, 4},
-                                  {&R::T, 0.233},
-                                  {&R::IZ, 42.5},
-                                  {&R::IX, 35.3},
-                                  {&R::IY, 14.4},
-                                  {&R::ZZ, 13.3},
-                                  {&R::ZY, 8.2}});
+        Expect<R>("HSS8X4X.250",
+                  {&R::AX, &R::D, &R::B, &R::T, &R::IZ, &R::IX, &R::IY, &R::ZZ, &R::ZY},
+                  {5.24, 8, 4, 0.233, 42.5, 35.3, 14.4, 13.3, 8.2});
     }
     {
         using R = RoundTubeRecord;
-        Expect<R>("PIPE6SCH40",
-                  {{&R::OD, 6.625}, {&R::T, 0.261}, {&R::AX, 5.2}, {&R::I, 26.5}, {&R::Z, 10.6}});
+        Expect<R>("PIPE6SCH40", {&R::OD, &R::T, &R::AX, &R::I, &R::Z},
+                  {6.625, 0.261, 5.2, 26.5, 10.6});
     }
 }
 

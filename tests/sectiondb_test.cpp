@@ -1,25 +1,16 @@
 // The program, run as a person runs it, on the American catalogue.
+#include "BuiltCatalogues.h"
 #include "DataAccessSupport.h"
-#include "ProgramSupport.h"
 #include "dbSectionInterface.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <regex>
 #include <sstream>
 
 namespace {
 
-using testsupport::HasStockProgram;
-using testsupport::HasSystemsEngine;
-using testsupport::Outcome;
-using testsupport::Program;
-using testsupport::Quote;
-using testsupport::ReadFile;
-using testsupport::Shell;
-using testsupport::TempFolder;
-using testsupport::WriteFile;
+using namespace testsupport;
 
 const std::string American = Quote(SECTIONDB_DATA_DIR "/AISCSections");
 
@@ -34,22 +25,10 @@ std::string Printed(const std::string& output, const std::string& column) {
     return std::regex_search(output, match, line) ? match[1].str() + ' ' + match[2].str() : "";
 }
 
-class CatalogueTest : public testing::Test {
+class CatalogueTest : public OnBuiltCatalogues<> {
 protected:
-    static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        ASSERT_EQ(BuildAmerican(*folder).status, 0);
-    }
-    static void TearDownTestSuite() { folder.reset(); }
-
-    static Outcome On(const std::string& arguments) {
-        return Program(arguments + " --folder " + folder->Path());
-    }
-
-    static std::unique_ptr<TempFolder> folder;
+    static void SetUpTestSuite() { Build({"AISCSections"}); }
 };
-
-std::unique_ptr<TempFolder> CatalogueTest::folder;
 
 } // namespace
 
@@ -75,18 +54,15 @@ TEST(BuildCommand, LeavesTheEarlierFileWhenADigitOfASourceIsWrong) {
     std::string table = ReadFile(family);
     table.replace(table.find(",38700,"), 7, ",37800,");
     WriteFile(family, table);
-    const Outcome outcome = Program(build);
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.output.find("aisc-w.csv:3: column IZ: \"37800\": 2."), std::string::npos)
-        << outcome.output;
+    EXPECT_TRUE(Ended(Program(build), 1, "aisc-w.csv:3: column IZ: \"37800\": 2."));
     EXPECT_EQ(ReadFile(output.File("AISCSections.db3")), before);
     EXPECT_EQ(output.Count(), 1);
 }
 
 TEST(BuildCommand, LeavesTheEarlierFileWhenTheDiskIsFull) {
-    const int status = testsupport::RunInChild([] {
+    const int status = RunInChild([] {
         const TempFolder output;
-        testsupport::LimitDisk(output.Path(), 100000);
+        LimitDisk(output.Path(), 100000);
         WriteFile(output.File("AISCSections.db3"), "earlier");
         const Outcome outcome = BuildAmerican(output);
         const bool told = outcome.output.find("disk is full") != std::string::npos ||
@@ -118,15 +94,13 @@ TEST(BuildCommand, ProtectsAFileThatTheStockProgramOpensWithThePassword) {
     const std::string file = folder.File("AISCSections.db3");
     const std::string count = "SELECT count(*) FROM [W Shape];\" | sqlcipher " + file;
     EXPECT_EQ(Shell("echo \"PRAGMA key='open sesame';" + count).output, "289\n");
-    EXPECT_NE(Shell("echo \"" + count).output.find("file is encrypted or is not a database"),
-              std::string::npos);
+    EXPECT_TRUE(Holds(Shell("echo \"" + count), "file is encrypted or is not a database"));
 
     const std::string show = "show American W12X26 --folder " + folder.Path();
     EXPECT_EQ(Program(show + " --password 'open sesame'").status, 0);
     EXPECT_EQ(Shell("SECTIONDB_PASSWORD='open sesame' " SECTIONDB_PROGRAM " " + show).status, 0);
-    EXPECT_NE(Program(show).output.find("no password was given"), std::string::npos);
-    EXPECT_NE(Program(show + " --password wrong").output.find("password is wrong"),
-              std::string::npos);
+    EXPECT_TRUE(Holds(Program(show), "no password was given"));
+    EXPECT_TRUE(Holds(Program(show + " --password wrong"), "password is wrong"));
 }
 
 TEST_F(CatalogueTest, ShowPrintsPublishedAndConvertedFigures) {
@@ -151,8 +125,7 @@ TEST_F(CatalogueTest, ShowPrintsPublishedAndConvertedFigures) {
          "W310X38.7; IR 305 x 38.7,D,309.88,mm,depth,published\n"},
     };
     for (const auto& [options, text] : exact) {
-        const Outcome outcome = On(std::string("show 1 W12X26 ") + options);
-        EXPECT_NE(outcome.output.find(text), std::string::npos) << outcome.output;
+        EXPECT_TRUE(Holds(On(std::string("show 1 W12X26 ") + options), text));
     }
 }
 
@@ -182,8 +155,7 @@ TEST_F(CatalogueTest, TellsWrongUsageFromFailure) {
     for (const auto& [arguments, status, message] : cases) {
         const Outcome outcome = Shell("export SECTIONDB_FOLDER=" + folder->Path() + "; { " +
                                       Quote(SECTIONDB_PROGRAM) + " " + arguments + "; }");
-        EXPECT_EQ(outcome.status, status) << arguments << ": " << outcome.output;
-        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
+        EXPECT_TRUE(Ended(outcome, status, message)) << arguments;
         std::istringstream lines(outcome.output);
         for (std::string line; std::getline(lines, line);)
             EXPECT_TRUE(line.starts_with("sectiondb: ")) << line;
@@ -204,15 +176,12 @@ TEST_F(CatalogueTest, AnotherLayoutVersionIsRefused) {
     rows->Edit();
     rows->SetFieldValue(3, "99");
     rows->Update();
-    const Outcome outcome = Program("list American --folder " + other.Path());
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_NE(outcome.output.find("layout version is 99, expected 2"), std::string::npos);
+    EXPECT_TRUE(Ended(Program("list American --folder " + other.Path()), 1,
+                      "layout version is 99, expected 2"));
     const Outcome where = Program("where --csv --folder " + other.Path());
-    EXPECT_EQ(where.status, 1);
-    EXPECT_NE(where.output.find("folder,--folder," + other.Path() + ",,used\n"), std::string::npos);
-    EXPECT_NE(where.output.find("file,American," + other.File("AISCSections.db3") + ",,at fault\n"),
-              std::string::npos);
-    EXPECT_NE(where.output.find("layout version is 99, expected 2"), std::string::npos);
+    EXPECT_TRUE(Ended(where, 1, "folder,--folder," + other.Path() + ",,used\n"));
+    EXPECT_TRUE(Holds(where, "file,American," + other.File("AISCSections.db3") + ",,at fault\n"));
+    EXPECT_TRUE(Holds(where, "layout version is 99, expected 2"));
 }
 
 TEST_F(CatalogueTest, WhereTellsWhichSettingWon) {
@@ -233,7 +202,7 @@ TEST_F(CatalogueTest, WhereTellsWhichSettingWon) {
     for (const auto& [setting, given, lines] : cases) {
         const Outcome outcome = Shell(setting + Quote(SECTIONDB_PROGRAM) + " where --csv" +
                                       (given.empty() ? "" : " --folder " + given));
-        EXPECT_NE(outcome.output.find(lines), std::string::npos) << outcome.output;
+        EXPECT_TRUE(Holds(outcome, lines));
         EXPECT_EQ(outcome.output.find(file) != std::string::npos, !given.empty()) << outcome.output;
     }
 }
@@ -261,9 +230,8 @@ TEST_F(CatalogueTest, FixedStatementsUseTheIndexes) {
         const Outcome plan = Shell(std::string("echo \"EXPLAIN QUERY PLAN ") + each.statement +
                                    ";\" | sqlcipher " + folder->File("AISCSections.db3"));
         std::printf("%s\n  %s", each.statement, plan.output.c_str());
-        EXPECT_NE(
-            plan.output.find(std::string(each.access) + " TABLE W Shape USING INDEX " + each.index),
-            std::string::npos);
-        EXPECT_EQ(plan.output.find("TEMP B-TREE"), std::string::npos) << plan.output;
+        EXPECT_TRUE(
+            Holds(plan, std::string(each.access) + " TABLE W Shape USING INDEX " + each.index));
+        EXPECT_FALSE(Holds(plan, "TEMP B-TREE"));
     }
 }

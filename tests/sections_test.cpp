@@ -1,4 +1,5 @@
 // Catalogues, families and sections as values.
+#include "BuiltCatalogues.h"
 #include "CatalogueFixture.h"
 #include "JoistFixture.h"
 #include "files/CatalogueBuilder.h"
@@ -18,24 +19,14 @@ using namespace sections::units;
 
 namespace {
 
-class SectionsTest : public testing::Test {
+class SectionsTest : public OnBuiltCatalogues<> {
 protected:
     static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        Build("AISCSections", "");
-        Build("EuropeanSections", "secret");
-    }
-    static void TearDownTestSuite() { folder.reset(); }
-
-    static void Build(const std::string& stem, const char* password) {
-        const auto source =
-            dbsection::CatalogueSource::Load(std::filesystem::path(SECTIONDB_DATA_DIR) / stem);
-        dbsection::BuildCatalogue(source, folder->File(stem + ".db3"), password, [] {});
+        Build({"AISCSections"});
+        Build({"EuropeanSections"}, "--password secret");
     }
 
     static sections::Library Library() { return sections::Library(folder->Path(), "secret"); }
-
-    static inline std::unique_ptr<TempFolder> folder;
 };
 
 TEST_F(SectionsTest, TellTheirFiguresInAnyUnit) {
@@ -120,31 +111,28 @@ TEST_F(SectionsTest, TellWhatIsWrong) {
         int number;
         std::string text;
     };
-    for (const auto& [call, number, text] : {
-             Case{[&] { library.open("Atlantean"); }, SectionError::NoSuchItem, "Atlantean"},
-             Case{[&] { library.open(1001); }, SectionError::NoSuchItem, "1001"},
-             Case{[&] { library.open("Canadian"); }, SectionError::FileNotFound,
-                  "CanadianSections.db3"},
-             Case{[&] { library.open("British"); }, SectionError::NotADatabase,
-                  "BritishSections.db3"},
-             Case{[&] { sections::Library(folder->Path(), "wrong").open("European"); },
-                  SectionError::WrongPassword, "password"},
-             Case{[&] { library.open("American").at("W1X1"); }, SectionError::NoSuchItem, "W1X1"},
-             Case{[&] { library.open("American").family("Q"); }, SectionError::NoSuchItem,
-                  "W Shape"},
-             Case{[&] { beam["GAP"]; }, SectionError::NoSuchItem, "W12X26"},
-             Case{[&] { beam.text("AX"); }, SectionError::NoSuchItem, "AX"},
-             Case{[&] { beam.thickness(); }, SectionError::NoSuchItem, "thickness"},
-             Case{[&] { beam.area().in("cubit^2"); }, SectionError::NoSuchItem, "cubit^2"},
-             Case{[&] { beam.area().in("mm"); }, SectionError::WrongValueType, "length^2"},
-             Case{[&] { beam["AX"].as<3>(); }, SectionError::WrongValueType, "length^3"},
-         }) {
+    for (const auto& [call, number, text] :
+         {Case{[&] { library.open("Atlantean"); }, SectionError::NoSuchItem, "Atlantean"},
+          Case{[&] { library.open(1001); }, SectionError::NoSuchItem, "1001"},
+          Case{[&] { library.open("Canadian"); }, SectionError::FileNotFound,
+               "CanadianSections.db3"},
+          Case{[&] { library.open("British"); }, SectionError::NotADatabase, "BritishSections.db3"},
+          Case{[&] { sections::Library(folder->Path(), "wrong").open("European"); },
+               SectionError::WrongPassword, "password"},
+          Case{[&] { library.open("American").at("W1X1"); }, SectionError::NoSuchItem, "W1X1"},
+          Case{[&] { library.open("American").family("Q"); }, SectionError::NoSuchItem, "W Shape"},
+          Case{[&] { beam["GAP"]; }, SectionError::NoSuchItem, "W12X26"},
+          Case{[&] { beam.text("AX"); }, SectionError::NoSuchItem, "AX"},
+          Case{[&] { beam.thickness(); }, SectionError::NoSuchItem, "thickness"},
+          Case{[&] { beam.area().in("cubit^2"); }, SectionError::NoSuchItem, "cubit^2"},
+          Case{[&] { beam.area().in("mm"); }, SectionError::WrongValueType, "length^2"},
+          Case{[&] { beam["AX"].as<3>(); }, SectionError::WrongValueType, "length^3"}}) {
         try {
             call();
             ADD_FAILURE() << "nothing was wrong: " << text;
         } catch (const sections::Error& error) {
             EXPECT_EQ(error.number(), number) << text;
-            EXPECT_NE(std::string(error.what()).find(text), std::string::npos) << error.what();
+            EXPECT_TRUE(Holds(error.what(), text));
         }
     }
 }

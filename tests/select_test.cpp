@@ -1,5 +1,5 @@
 // Choosing sections by criteria and finding names with the program, on the real catalogues.
-#include "ProgramSupport.h"
+#include "BuiltCatalogues.h"
 #include "dbSectionInterface.h"
 #include "sources/CsvTable.h"
 
@@ -12,25 +12,13 @@
 namespace {
 
 using dbsection::CsvTable;
-using testsupport::Outcome;
-using testsupport::Program;
-using testsupport::Quote;
-using testsupport::TempFolder;
+using namespace testsupport;
 
-class SelectTest : public testing::Test {
+class SelectTest : public OnBuiltCatalogues<> {
 protected:
     static void SetUpTestSuite() {
-        folder = std::make_unique<TempFolder>();
-        std::string sources;
-        for (const char* stem : {"AISCSections", "EuropeanSections", "BritishSections",
-                                 "EuropeanColdFormedSections", "AISCSteelJoists"})
-            sources += Quote(std::string(SECTIONDB_DATA_DIR "/") + stem) + " ";
-        ASSERT_EQ(Program("build " + sources + "-o " + folder->Path()).status, 0);
-    }
-    static void TearDownTestSuite() { folder.reset(); }
-
-    static Outcome On(const std::string& arguments) {
-        return Program(arguments + " --folder " + folder->Path());
+        Build({"AISCSections", "EuropeanSections", "BritishSections", "EuropeanColdFormedSections",
+               "AISCSteelJoists"});
     }
 
     /// The table that `select --csv` prints; its first record holds the units.
@@ -46,11 +34,7 @@ protected:
             names.push_back(table.Text(record, "VessaName"));
         return names;
     }
-
-    static std::unique_ptr<TempFolder> folder;
 };
-
-std::unique_ptr<TempFolder> SelectTest::folder;
 
 const std::string WShapes = "American 'W Shape' ";
 using NameList = std::vector<std::string>;
@@ -157,15 +141,14 @@ TEST_F(SelectTest, ErrorsAreOneLineThatSaysWhatToDo) {
     };
     for (const auto& [arguments, status, message] : cases) {
         const Outcome outcome = On(arguments);
-        EXPECT_EQ(outcome.status, status) << arguments;
-        EXPECT_NE(outcome.output.find(message), std::string::npos) << outcome.output;
+        EXPECT_TRUE(Ended(outcome, status, message)) << arguments;
         EXPECT_EQ(std::ranges::count(outcome.output, '\n'), 1) << outcome.output;
     }
 }
 
 TEST_F(SelectTest, HonoursTheSelectionOfThePerson) {
     const std::string file = folder->File("user.dbi");
-    testsupport::WriteFile(file, "[AISCSections]\nW Shape=3,2,9999\nM Shape=-1\nS Shape=0\n");
+    WriteFile(file, "[AISCSections]\nW Shape=3,2,9999\nM Shape=-1\nS Shape=0\n");
     ::setenv("SECTIONDB_DBI", file.c_str(), 1);
     EXPECT_EQ(Names(Selected(WShapes)), (NameList{"W44X368", "W44X335"}));
     EXPECT_EQ(Names(Selected(WShapes + "--sort AX")), (NameList{"W44X335", "W44X368"}));
@@ -175,9 +158,7 @@ TEST_F(SelectTest, HonoursTheSelectionOfThePerson) {
     EXPECT_EQ(Names(Selected("American 'HP Shape'")).size(), 22U);
     std::filesystem::remove(file);
     std::filesystem::create_symlink(file, file);
-    const Outcome unreadable = On("select " + WShapes);
-    EXPECT_EQ(unreadable.status, 1);
-    EXPECT_NE(unreadable.output.find("user.dbi"), std::string::npos) << unreadable.output;
+    EXPECT_TRUE(Ended(On("select " + WShapes), 1, "user.dbi"));
     ::unsetenv("SECTIONDB_DBI");
     std::filesystem::remove(file);
 }
@@ -198,8 +179,8 @@ TEST_F(SelectTest, ChoosesByWhatFollowsFromTheTable) {
 TEST_F(SelectTest, TellsWhatNoColumnHas) {
     const std::string angle = On("show European 'L 200 x 100 x 10' --csv").output;
     for (const char* row : {",SZ,93.343", ",ALPHA,14.74,deg,", ",CY,69.3,mm,"})
-        EXPECT_NE(angle.find(row), std::string::npos) << angle;
-    EXPECT_EQ(angle.find("BF/2TF"), std::string::npos);
+        EXPECT_TRUE(Holds(angle, row));
+    EXPECT_FALSE(Holds(angle, "BF/2TF"));
     const CsvTable zee = Selected("'EN cold-formed' RHS --limit 1 --columns SZ,Perimeter");
     EXPECT_EQ(zee.Text(zee.Records()[1], "computed"), "SZ Perimeter");
 }
@@ -221,14 +202,13 @@ TEST_F(SelectTest, FindsANameInAllCataloguesInOrder) {
 
 TEST_F(SelectTest, GoesOnWithoutADamagedCatalogue) {
     const std::string file = folder->File("CanadianSections.db3"); // before those that hold it
-    testsupport::WriteFile(file, "not a catalogue");
+    WriteFile(file, "not a catalogue");
     const std::string hits = "\nEuropean ";
     for (const auto& [command, text] :
          {std::pair("find RHS100X50X5", hits), std::pair("list", std::string("at fault"))}) {
         const Outcome outcome = On(command);
-        EXPECT_EQ(outcome.status, 1);
-        EXPECT_NE(outcome.output.find(text), std::string::npos) << outcome.output;
-        EXPECT_NE(outcome.output.find("CanadianSections.db3: "), std::string::npos);
+        EXPECT_TRUE(Ended(outcome, 1, text));
+        EXPECT_TRUE(Holds(outcome, "CanadianSections.db3: "));
     }
     std::filesystem::remove(file);
 }

@@ -18,7 +18,7 @@ TEST(SharedFamily, ShowsAChangeInAllCatalogues) {
     ASSERT_EQ(Program("build " + data.Path() + " -o " + output.Path()).status, 0);
     const std::string found = Program("find IPE300NEW --folder " + output.Path()).output;
     for (const char* catalogue : {"European", "Dutch", "French", "German", "Spanish", "Jindal"})
-        EXPECT_NE(found.find("\n" + std::string(catalogue) + " "), std::string::npos) << found;
+        EXPECT_TRUE(Holds(found, "\n" + std::string(catalogue) + " "));
     EXPECT_EQ(Program("find IPE300 --folder " + output.Path()).status, 1);
 }
 

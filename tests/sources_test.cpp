@@ -11,7 +11,7 @@
 #include <algorithm>
 
 using namespace dbsection;
-using testsupport::PipeSources;
+using namespace testsupport;
 
 namespace {
 
@@ -336,15 +336,13 @@ TEST(AllSources, BuildEveryCatalogue) {
     }
     EXPECT_GT(sections, 32000);
 
-    const testsupport::TempFolder elsewhere;
+    const TempFolder elsewhere;
     try {
         CatalogueSource::Load(elsewhere.Path());
         FAIL() << "a folder of no catalogue was accepted";
     } catch (const SourceError& error) {
-        EXPECT_NE(std::string(error.what())
-                      .find("file stem of a catalogue: AISCSections, AustralianSections, "),
-                  std::string::npos)
-            << error.what();
+        EXPECT_TRUE(
+            Holds(error.what(), "file stem of a catalogue: AISCSections, AustralianSections, "));
     }
 }
 

@@ -34,11 +34,7 @@ protected:
         for (const Planted& planted : faults) {
             std::filesystem::copy(sound, file, std::filesystem::copy_options::overwrite_existing);
             ASSERT_EQ(RunStockProgram(m_folder, file, std::string(planted.statement) + ";\n"), "");
-            const Outcome outcome = Program(verify);
-            EXPECT_EQ(outcome.status, 1) << planted.statement;
-            EXPECT_NE(outcome.output.find(planted.finding), std::string::npos)
-                << planted.statement << "\n"
-                << outcome.output;
+            EXPECT_TRUE(Ended(Program(verify), 1, planted.finding)) << planted.statement;
         }
     }
 
@@ -124,10 +120,7 @@ TEST_F(VerifyTest, HoldsAPersonsOwnSectionsAgainstGeometryAndThemselves) {
 }
 
 TEST_F(VerifyTest, TellsProgramsAndTakesFiles) {
-    const Outcome json = Verify(" --json");
-    EXPECT_EQ(json.status, 0);
-    EXPECT_NE(json.output.find(R"("table": "IPE Shape", "sections": 68)"), std::string::npos)
-        << json.output;
+    EXPECT_TRUE(Ended(Verify(" --json"), 0, R"("table": "IPE Shape", "sections": 68)"));
     EXPECT_EQ(Program("verify " + m_file).status, 0);
     EXPECT_EQ(Program("verify Atlantean --folder " + m_folder.Path()).status, 1);
 
