@@ -6,6 +6,7 @@
 
 #include <array>
 #include <string>
+#include <tuple>
 
 namespace testsupport {
 
@@ -34,8 +35,23 @@ protected:
         TERMINATEDAOSESSION();
     }
 
-    static std::int32_t Length(const std::string& text) {
-        return static_cast<std::int32_t>(text.size());
+    /// An argument as the engine passes it: numbers by address, texts with their length.
+    template <class Item>
+    static auto Passed(const Item& item) {
+        if constexpr (std::is_convertible_v<Item, std::string_view> &&
+                      !std::is_null_pointer_v<Item>) {
+            const std::string_view text(item);
+            return std::tuple(text.data(), static_cast<std::int32_t>(text.size()));
+        } else if constexpr (std::is_arithmetic_v<Item>) {
+            return std::tuple(&item);
+        } else {
+            return std::tuple(std::decay_t<const Item>(item));
+        }
+    }
+
+    template <class Entry, class... Items>
+    static void Enter(Entry entry, const Items&... items) {
+        std::apply(entry, std::tuple_cat(Passed(items)...));
     }
 
     static std::int32_t Open(std::int32_t catalogue) {
@@ -46,10 +62,7 @@ protected:
 
     static EngineAnswer Get(std::int32_t catalogue, std::int32_t type, const std::string& name,
                             std::int32_t unit = AsStored) {
-        EngineAnswer answer;
-        GETSECTION(&catalogue, &type, name.data(), Length(name), &unit, answer.values.data(),
-                   &answer.count, &answer.valueCount, &answer.err);
-        return answer;
+        return Find(GETSECTION, catalogue, type, name, unit);
     }
 
     /// What a list query wrote.
@@ -57,12 +70,31 @@ protected:
         std::int32_t count = -7, valueCount = -7, err = -7;
     };
 
-    /// Calls a list query with the outputs of a list.
-    template <class Call>
-    static List Ask(Call call) {
+    /// Calls a list query: the arguments as in Enter, and the outputs of a list.
+    template <class Entry, class... Items>
+    static List Ask(Entry entry, const Items&... items) {
         List list;
-        call(&list.count, &list.valueCount, &list.err);
+        Enter(entry, items..., &list.count, &list.valueCount, &list.err);
         return list;
+    }
+
+    /// Calls a lookup of one section, likewise.
+    template <class Entry, class... Items>
+    static EngineAnswer Find(Entry entry, const Items&... items) {
+        EngineAnswer answer;
+        Enter(entry, items..., answer.values.data(), &answer.count, &answer.valueCount,
+              &answer.err);
+        return answer;
+    }
+
+    /// The same of one that finds the section type, too.
+    template <class Entry, class... Items>
+    static EngineAnswer FindType(Entry entry, std::int32_t catalogue, std::int32_t before,
+                                 const Items&... items) {
+        std::int32_t type = before;
+        EngineAnswer answer = Find(entry, catalogue, &type, items...);
+        answer.type = type;
+        return answer;
     }
 
     using CursorStep = void (*)(const std::int32_t*, char*, std::int32_t, float*, std::int32_t*,

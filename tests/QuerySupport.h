@@ -25,11 +25,11 @@ protected:
         bool operator==(const Result&) const = default;
     };
 
-    template <class Query>
-    Result Run(Query query) {
+    template <class Query, class... Items>
+    Result Run(Query query, const Items&... items) {
         openedStatements.clear();
         RecordsetHandle rows;
-        query(&gblSectionDatabase, rows.Address());
+        query(items..., &gblSectionDatabase, rows.Address());
         Result result{openedStatements, "none"};
         if (rows.Get() == nullptr)
             return result;

@@ -35,10 +35,7 @@ protected:
 
     static List Sorted(const std::vector<std::int32_t>& keys, std::int32_t keyCount,
                        std::int32_t unit = AsStored) {
-        return Ask([&](auto... out) {
-            const std::int32_t catalogue = American, type = Rod;
-            GETSORTEDSECTIONS(&catalogue, &type, keys.data(), &keyCount, &unit, out...);
-        });
+        return Ask(GETSORTEDSECTIONS, American, Rod, keys.data(), keyCount, unit);
     }
 };
 
@@ -159,13 +156,9 @@ TEST_F(EngineEntryTest, TakesSortKeysAsTheyCome) {
 }
 
 TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
-    const std::int32_t catalogue = American, type = Rod, keys[] = {ColumnD, -1, 0, 0}, two = 2;
-    const std::int32_t unit = Millimetre;
+    const std::int32_t keys[] = {ColumnD, -1, 0, 0};
     const auto like = [&](const char* pattern) {
-        return Ask([&](auto... out) {
-                   GETLIKESORTEDSECTIONS(&catalogue, &type, keys, &two, pattern, 1, &unit, out...);
-               })
-            .count;
+        return Ask(GETLIKESORTEDSECTIONS, American, Rod, keys, 2, pattern, Millimetre).count;
     };
     EXPECT_EQ(like("R"), 2);
     EXPECT_EQ(Walk(2), "RA RB");
@@ -175,10 +168,10 @@ TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
     EXPECT_TRUE(Holds(openedStatements.at(0), "LIKE 'r%'"));
     float upper = 51;
     float lower = 25;
-    const List range = Ask([&](auto... out) {
-        GETRANGESORTEDSECTIONS(&catalogue, &type, keys, &two, &ColumnD, &upper, &lower, &unit,
-                               out...);
-    });
+    const auto inRange = [&](std::int32_t unit) {
+        return Ask(GETRANGESORTEDSECTIONS, American, Rod, keys, 2, ColumnD, &upper, &lower, unit);
+    };
+    const List range = inRange(Millimetre);
     EXPECT_EQ(range.count, 2);
     EXPECT_EQ(range.valueCount, 3);
     EXPECT_NEAR(upper, 51 / 25.4, 1e-6); // in the table's unit now
@@ -186,19 +179,12 @@ TEST_F(EngineEntryTest, ListsByPatternRangeAndName) {
     upper = 3e38F; // beyond a single in inches, 1 mm being 0.03937 of them and 1 km 39370
     lower = -std::numeric_limits<float>::infinity();
     constexpr std::int32_t Kilometre = 1008;
-    const List open = Ask([&](auto... out) {
-        GETRANGESORTEDSECTIONS(&catalogue, &type, keys, &two, &ColumnD, &upper, &lower, &Kilometre,
-                               out...);
-    });
-    EXPECT_EQ(open.count, 3);
+    EXPECT_EQ(inRange(Kilometre).count, 3);
     EXPECT_EQ(upper, std::numeric_limits<float>::max());
     EXPECT_EQ(lower, -std::numeric_limits<float>::max());
     EXPECT_EQ(SectionDBInterface::IsEngineMode(), 0);
     const auto assign = [&](const std::string& name) {
-        return Ask([&](auto... out) {
-                   GETASSIGNSECTIONS(&catalogue, &type, name.data(), Length(name), &unit, out...);
-               })
-            .count;
+        return Ask(GETASSIGNSECTIONS, American, Rod, name, Millimetre).count;
     };
     EXPECT_EQ(assign("ra "), 1);
     EXPECT_EQ(assign(""), 1); // of at least the average area
@@ -210,13 +196,9 @@ TEST_F(EngineEntryTest, ListsARangeOfOneCatalogueAfterTheOther) {
     CatalogueFile(File("EuropeanSections.db3"))
         .AddTable("IPE Shape", LayoutId::IShape, {{"IPE 100", "IPE100", {1.6, 3.94}}});
     const auto inRange = [](std::int32_t catalogue) {
-        const std::int32_t type = 1, end = -1, one = 1;
         float upper = 1e6F;
         float lower = 0;
-        return Ask([&](auto... out) {
-                   GETRANGESORTEDSECTIONS(&catalogue, &type, &end, &one, &ColumnD, &upper, &lower,
-                                          &Millimetre, out...);
-               })
+        return Ask(GETRANGESORTEDSECTIONS, catalogue, 1, -1, 1, ColumnD, &upper, &lower, Millimetre)
             .count;
     };
     EXPECT_EQ(inRange(American), 2);
@@ -227,7 +209,7 @@ TEST_F(EngineEntryTest, ListsARangeOfOneCatalogueAfterTheOther) {
 
 // The Canadian catalogue would have its W shapes in a table of the same name.
 TEST_F(EngineEntryTest, CountsNothingInPlaceOfACatalogueThatIsMissingOrDamaged) {
-    const std::int32_t canadian = 4, end = -1, one = 1;
+    const std::int32_t canadian = 4;
     for (const bool isDamaged : {false, true}) {
         if (isDamaged)
             WriteFile(File("CanadianSections.db3"), std::string(4096, 'x'));
@@ -241,10 +223,8 @@ TEST_F(EngineEntryTest, CountsNothingInPlaceOfACatalogueThatIsMissingOrDamaged) 
         Open(American);
         float upper = 400;
         float lower = 300;
-        const List list = Ask([&](auto... out) {
-            GETRANGESORTEDSECTIONS(&canadian, &WShape, &end, &one, &ColumnD, &upper, &lower,
-                                   &Millimetre, out...);
-        });
+        const List list = Ask(GETRANGESORTEDSECTIONS, canadian, WShape, -1, 1, ColumnD, &upper,
+                              &lower, Millimetre);
         EXPECT_EQ(list.count, 0);
         EXPECT_EQ(list.valueCount, 0);
         EXPECT_EQ(Walk(3), "");
@@ -253,34 +233,24 @@ TEST_F(EngineEntryTest, CountsNothingInPlaceOfACatalogueThatIsMissingOrDamaged) 
 }
 
 TEST_F(EngineEntryTest, FindsTheTypeOfASection) {
-    const std::int32_t catalogue = American, unit = Millimetre;
-    EngineAnswer found;
-    GETSECTIONTYPEFROMVESSANAME(&catalogue, &found.type, "ra  ", 4, &unit, found.values.data(),
-                                &found.count, &found.valueCount, &found.err);
+    EngineAnswer found = FindType(GETSECTIONTYPEFROMVESSANAME, American, -7, "ra  ", Millimetre);
     EXPECT_EQ(found.type, Rod);
     EXPECT_NEAR(found.values[0], 25.4, 1e-4);
     EXPECT_EQ(found.err, 0);
-    GETSECTIONTYPEFROMVESSANAME(&catalogue, &found.type, "W4X13", 5, &unit, nullptr, &found.count,
-                                &found.valueCount, &found.err);
+    Enter(GETSECTIONTYPEFROMVESSANAME, American, &found.type, "W4X13", Millimetre, nullptr,
+          &found.count, &found.valueCount, &found.err);
     EXPECT_EQ(found.type, WShape);
     EXPECT_EQ(found.count, 0);
-    EngineAnswer none;
-    GETSECTIONTYPEFROMVESSANAME(&catalogue, &none.type, "none", 4, &unit, none.values.data(),
-                                &none.count, &none.valueCount, &none.err);
+    const EngineAnswer none =
+        FindType(GETSECTIONTYPEFROMVESSANAME, American, -7, "none", Millimetre);
     EXPECT_EQ(none.type, -7);
     EXPECT_EQ(none.err, -7);
     EXPECT_EQ(none.count, 0);
 }
 
 TEST_F(EngineEntryTest, FindsTheRootOfACastellatedBeam) {
-    const std::int32_t catalogue = American, unit = AsStored;
-    const auto root = [&](const std::string& name) {
-        EngineAnswer answer;
-        answer.type = 13;
-        GETCASTELLATEDROOTBEAMSECTION(&catalogue, &answer.type, name.data(), Length(name), &unit,
-                                      answer.values.data(), &answer.count, &answer.valueCount,
-                                      &answer.err);
-        return answer;
+    const auto root = [&](const char* name) {
+        return FindType(GETCASTELLATEDROOTBEAMSECTION, American, 13, name, AsStored);
     };
     EXPECT_EQ(root("CB18").count, 0); // slot 0 was empty before
     Get(American, Rod, "RA");

@@ -21,31 +21,18 @@ protected:
     }
 
     static List KJoists(float span, float total, float live) {
-        return Ask([&](auto... out) {
-            GETKSERIESSTEELJOISTS(&Catalogue, &KSeries, &span, &total, &live, &Millimetre, out...);
-        });
+        return Ask(GETKSERIESSTEELJOISTS, Catalogue, KSeries, span, total, live, Millimetre);
     }
     static List LongSpan(decltype(GETLHSERIESSTEELJOISTS) query, std::int32_t series,
                          std::int32_t loadType, float span, float depth, float load1, float load2) {
-        return Ask([&](auto... out) {
-            query(&Catalogue, &series, &loadType, &span, &depth, &load1, &load2, &Millimetre,
-                  out...);
-        });
+        return Ask(query, Catalogue, series, loadType, span, depth, load1, load2, Millimetre);
     }
     static List JoistGirders(float span, float load) {
-        return Ask([&](auto... out) {
-            const std::int32_t any = 0;
-            const float anyDepth = 0;
-            GETJOISTGIRDERS(&Catalogue, &Girders, &span, &any, &load, &anyDepth, &Millimetre,
-                            out...);
-        });
+        return Ask(GETJOISTGIRDERS, Catalogue, Girders, span, 0, load, 0.0F, Millimetre);
     }
     static EngineAnswer One(decltype(GETSTEELJOIST) query, std::int32_t series,
                             const std::string& name) {
-        EngineAnswer answer;
-        query(&Catalogue, &series, name.data(), Length(name), &Millimetre, answer.values.data(),
-              &answer.count, &answer.valueCount, &answer.err);
-        return answer;
+        return Find(query, Catalogue, series, name, Millimetre);
     }
 };
 
@@ -53,12 +40,7 @@ TEST_F(EngineJoistTest, ListsEachKindInItsSlotAsStored) {
     EXPECT_EQ(KJoists(20, 250, 150).count, 2);
     EXPECT_EQ(Walk(5), "k-light k-heavy");
     EXPECT_EQ(Move(GETFIRSTSECTION, 5).values[0], 10); // inches, whatever is asked for
-    EXPECT_EQ(Ask([](auto... out) {
-                  const float moment = 500;
-                  const float shear = 4000;
-                  GETKCSSERIESSTEELJOISTS(&Catalogue, &KcsSeries, &moment, &shear, &Millimetre,
-                                          out...);
-              }).count,
+    EXPECT_EQ(Ask(GETKCSSERIESSTEELJOISTS, Catalogue, KcsSeries, 500.0F, 4000.0F, Millimetre).count,
               1);
     EXPECT_EQ(Walk(6), "KCS");
     EXPECT_EQ(LongSpan(GETLHSERIESSTEELJOISTS, LHSeries, 2, 22, 19, 900, 500).count, 1);
@@ -91,30 +73,22 @@ TEST_F(EngineJoistTest, FindsOneByDesignation) {
     }
     std::int32_t loadType = -7;
     std::int32_t err = -7;
-    const float span = 30;
-    const float depth = 20;
-    FINDLHSERIESLOADTYPE(&Catalogue, &LHSeries, &span, &depth, &loadType, &err);
+    Enter(FINDLHSERIESLOADTYPE, Catalogue, LHSeries, 30.0F, 20.0F, &loadType, &err);
     EXPECT_EQ(loadType, 1);
-    FINDDLHSERIESLOADTYPE(&Catalogue, &DLHSeries, &span, &depth, &loadType, &err);
+    Enter(FINDDLHSERIESLOADTYPE, Catalogue, DLHSeries, 30.0F, 20.0F, &loadType, &err);
     EXPECT_EQ(loadType, 0);
 }
 
 TEST_F(EngineJoistTest, NamesJoistsOfAllSeriesByDesignationInTheListsOfATable) {
     const std::int32_t keys[] = {-1, 0};
-    const std::int32_t one = 1;
     const auto sorted = [&](std::int32_t series) {
-        return Ask([&](auto... out) {
-                   GETSORTEDSECTIONS(&Catalogue, &series, keys, &one, &AsStored, out...);
-               })
-            .count;
+        return Ask(GETSORTEDSECTIONS, Catalogue, series, keys, 1, AsStored).count;
     };
     EXPECT_EQ(sorted(KSeries), 6);
     EXPECT_EQ(Walk(1), "k-light k-heavy KCS lh-20 lh-24 dlh");
     EXPECT_EQ(sorted(Girders), 3);
     EXPECT_EQ(Walk(1), "30S24G5N 30S28G5N 36S28G6N"); // their loads stand elsewhere
-    Ask([&](auto... out) {
-        GETLIKESORTEDSECTIONS(&Catalogue, &LHSeries, keys, &one, "lh", 2, &AsStored, out...);
-    });
+    Ask(GETLIKESORTEDSECTIONS, Catalogue, LHSeries, keys, 1, "lh", AsStored);
     EXPECT_EQ(Walk(2), "lh-20 lh-24");
 }
 
@@ -142,12 +116,9 @@ TEST_F(EngineJoistTest, ReadsTheStrengthsOfAnAlloy) {
                     "6061",
                     {COleVariant("Pipe"), 0.0, 1.0, 0.0, 0.0, 38.0, 35.0, 35.0, 24.0, 10100.0}}});
     Open(17);
-    const std::int32_t catalogue = 17, type = 22, pipe = 3, no = 0, kn = 2007;
-    const float thickness = 0.5F;
-    EngineAnswer alloy;
-    GETALUMINIUMMATERIALPROPERTY(&catalogue, &type, "6061", 4, &pipe, &no, &no, &thickness,
-                                 &Millimetre, &kn, alloy.values.data(), &alloy.count,
-                                 &alloy.valueCount, &alloy.err);
+    constexpr std::int32_t Pipe = 3, No = 0, Kilonewton = 2007;
+    const EngineAnswer alloy = Find(GETALUMINIUMMATERIALPROPERTY, 17, 22, "6061", Pipe, No, No,
+                                    0.5F, Millimetre, Kilonewton);
     EXPECT_EQ(alloy.count, 1);
     EXPECT_EQ(alloy.valueCount, 10);
     EXPECT_NEAR(alloy.values[1], 25.4, 1e-4); // the greatest thickness

@@ -47,11 +47,10 @@ protected:
     EngineOnCatalogues() { Facade::SetProfileDBFolder(folder->Path().c_str()); }
 
     static std::int32_t List(std::int32_t catalogue, std::int32_t type, std::int32_t unit) {
-        const std::int32_t keys[] = {-1, 0}, one = 1;
-        std::int32_t count = 0, valueCount = 0, err = 0;
-        GETSORTEDSECTIONS(&catalogue, &type, keys, &one, &unit, &count, &valueCount, &err);
-        EXPECT_EQ(err, 0);
-        return count;
+        const std::int32_t keys[] = {-1, 0};
+        const auto list = Ask(GETSORTEDSECTIONS, catalogue, type, keys, 1, unit);
+        EXPECT_EQ(list.err, 0);
+        return list.count;
     }
 
     static void ExpectRow(const EngineAnswer& answer, const StoredTable& table, std::size_t row,

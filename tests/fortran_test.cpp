@@ -15,6 +15,7 @@ namespace {
 
 constexpr std::int32_t American = 1, Joists = 21, Aluminium = 17;
 constexpr std::int32_t WShape = 1, Rod = 15, Castellated = 13, Alloy = 22;
+constexpr std::int32_t Kcs = 2, Girders = 5;
 
 /// An answer, as the scenario prints it.
 struct Line {
@@ -100,20 +101,6 @@ private:
         Add(label, row);
     }
 
-    /// Runs a list query and gives its number of rows.
-    template <class Call>
-    static std::int32_t Rows(Call call) {
-        std::int32_t rows = -7, valueCount = -7, err = -7;
-        call(&rows, &valueCount, &err);
-        return rows;
-    }
-    template <class Call>
-    static EngineAnswer Lookup(Call call) {
-        EngineAnswer answer;
-        call(answer, answer.values.data(), &answer.count, &answer.valueCount, &answer.err);
-        return answer;
-    }
-
     void Count() {
         std::int32_t number = -7, err = -7;
         GETSECTIONCOUNT(&American, &WShape, &number, &err);
@@ -127,10 +114,8 @@ private:
     void ListSections() {
         const std::int32_t sorted[] = {5, 2, -1, 1, 0, 0}, byName[] = {2, -1, 0, 0},
                            descending[] = {3, -1, 1, 0}, none[] = {-1, 0};
-        const std::int32_t three = 3, two = 2, one = 1, column = 3, slot = 1, cm = 1005;
-        Add("sorted", Rows([&](auto... out) {
-                GETSORTEDSECTIONS(&American, &Rod, sorted, &three, &Millimetre, out...);
-            }));
+        constexpr std::int32_t Column = 3, Centimetre = 1005;
+        Add("sorted", Ask(GETSORTEDSECTIONS, American, Rod, sorted, 3, Millimetre).count);
         Add("sorted", 0);
         AddWalk("sorted", 1);
         Add("last", Move(GETLASTSECTION, 1));
@@ -138,23 +123,17 @@ private:
         cut.name.resize(1);
         Add("cut", cut);
         std::int32_t err = -7;
-        CLOSESECTIONRECORDSET(&slot, &err);
+        Enter(CLOSESECTIONRECORDSET, 1, &err);
         AddWalk("closed", 1);
-        Rows([&](auto... out) {
-            GETSORTEDSECTIONS(&American, &Rod, none, &one, &AsStored, out...);
-        });
+        Ask(GETSORTEDSECTIONS, American, Rod, none, 1, AsStored);
         AddWalk("unsorted", 1);
-        Rows([&](auto... out) {
-            GETLIKESORTEDSECTIONS(&American, &Rod, byName, &two, "R", 1, &Inch, out...);
-        });
+        Ask(GETLIKESORTEDSECTIONS, American, Rod, byName, 2, "R", Inch);
         AddWalk("like", 2);
         float upper = 51, lower = 25;
-        Rows([&](auto... out) {
-            GETRANGESORTEDSECTIONS(&American, &Rod, descending, &two, &column, &upper, &lower,
-                                   &Millimetre, out...);
-        });
+        Ask(GETRANGESORTEDSECTIONS, American, Rod, descending, 2, Column, &upper, &lower,
+            Millimetre);
         AddWalk("range", 3);
-        Rows([&](auto... out) { GETASSIGNSECTIONS(&American, &Rod, "", 0, &cm, out...); });
+        Ask(GETASSIGNSECTIONS, American, Rod, "", Centimetre);
         AddWalk("assign", 4);
     }
 
@@ -163,84 +142,54 @@ private:
         Add("joined", Get(American, WShape, "W12X26+W4X13", Inch));
         Add("nothing", Get(American, WShape, "nothing", Inch));
         for (const char* name : {"ra", "W4X13", "nothing"}) {
-            const EngineAnswer found = Lookup([&](EngineAnswer& answer, auto... out) {
-                answer.type = 0;
-                GETSECTIONTYPEFROMVESSANAME(&American, &answer.type, name, Length(name), &AsStored,
-                                            out...);
-            });
+            const EngineAnswer found =
+                FindType(GETSECTIONTYPEFROMVESSANAME, American, 0, name, AsStored);
             Add("type", found.type);
             if (name == std::string("ra"))
                 Add("type", found);
         }
         Add("type", 0);
         Get(American, Castellated, "CB18");
-        const EngineAnswer root = Lookup([&](EngineAnswer& answer, auto... out) {
-            answer.type = Castellated;
-            GETCASTELLATEDROOTBEAMSECTION(&American, &answer.type, "cb18", 4, &Inch, out...);
-        });
+        const EngineAnswer root =
+            FindType(GETCASTELLATEDROOTBEAMSECTION, American, Castellated, "cb18", Inch);
         Add("root", root.type);
         Add("root", root);
-        const std::int32_t index = 4, metre = 1007;
+        constexpr std::int32_t Index = 4, Metre = 1007;
         std::int32_t unit = -7, err = -7;
         float factor = -7;
-        GETUNITFORFIELDANDCONVFACT(&American, &WShape, &index, &metre, &unit, &factor, &err);
+        Enter(GETUNITFORFIELDANDCONVFACT, American, WShape, Index, Metre, &unit, &factor, &err);
         m_lines.push_back({"unit", "", {static_cast<float>(unit), factor}});
         m_lines.push_back({"unit", "", {0, 0}}); // of a value that there is not
     }
 
     void ListJoists() {
-        const std::int32_t k = 1, kcs = 2, lh = 3, dlh = 4, girders = 5, five = 5;
-        const float depth = 20, none = 0;
+        constexpr std::int32_t K = 1, Lh = 3, Dlh = 4, FiveJoists = 5;
         std::int32_t loadType = -7, err = -7;
-        const float kLoads[] = {20, 250, 150}, kcsLoads[] = {500, 3900}, lhLoads[] = {30, 7900},
-                    dlhLoads[] = {22, 900, 590, 24}, girder[] = {29, 4, 27};
-        Rows([&](auto... out) {
-            GETKSERIESSTEELJOISTS(&Joists, &k, &kLoads[0], &kLoads[1], &kLoads[2], &AsStored,
-                                  out...);
-        });
+        Ask(GETKSERIESSTEELJOISTS, Joists, K, 20.F, 250.F, 150.F, AsStored);
         AddWalk("K", 5);
-        Rows([&](auto... out) {
-            GETKCSSERIESSTEELJOISTS(&Joists, &kcs, &kcsLoads[0], &kcsLoads[1], &AsStored, out...);
-        });
+        Ask(GETKCSSERIESSTEELJOISTS, Joists, Kcs, 500.F, 3900.F, AsStored);
         AddWalk("KCS", 6);
-        FINDLHSERIESLOADTYPE(&Joists, &lh, &lhLoads[0], &depth, &loadType, &err);
+        Enter(FINDLHSERIESLOADTYPE, Joists, Lh, 30.F, 20.F, &loadType, &err);
         Add("LH", loadType);
-        Rows([&](auto... out) {
-            GETLHSERIESSTEELJOISTS(&Joists, &lh, &loadType, &lhLoads[0], &depth, &lhLoads[1], &none,
-                                   &AsStored, out...);
-        });
+        Ask(GETLHSERIESSTEELJOISTS, Joists, Lh, loadType, 30.F, 20.F, 7900.F, 0.F, AsStored);
         AddWalk("LH", 7);
-        FINDDLHSERIESLOADTYPE(&Joists, &dlh, &dlhLoads[0], &dlhLoads[3], &loadType, &err);
+        Enter(FINDDLHSERIESLOADTYPE, Joists, Dlh, 22.F, 24.F, &loadType, &err);
         Add("DLH", loadType);
-        Rows([&](auto... out) {
-            GETDLHSERIESSTEELJOISTS(&Joists, &dlh, &loadType, &dlhLoads[0], &depth, &dlhLoads[1],
-                                    &dlhLoads[2], &AsStored, out...);
-        });
+        Ask(GETDLHSERIESSTEELJOISTS, Joists, Dlh, loadType, 22.F, 20.F, 900.F, 590.F, AsStored);
         AddWalk("DLH", 7);
-        Rows([&](auto... out) {
-            GETJOISTGIRDERS(&Joists, &girders, &girder[0], &five, &girder[1], &girder[2], &AsStored,
-                            out...);
-        });
+        Ask(GETJOISTGIRDERS, Joists, Girders, 29.F, FiveJoists, 4.F, 27.F, AsStored);
         AddWalk("girders", 8);
     }
 
     void LookJoistsUp() {
-        const std::int32_t kcs = 2, girders = 5;
-        Add("joist", Lookup([&](EngineAnswer&, auto... out) {
-                GETSTEELJOIST(&Joists, &kcs, "KCS", 3, &AsStored, out...);
-            }));
-        Add("girder", Lookup([&](EngineAnswer&, auto... out) {
-                GETJOISTGIRDER(&Joists, &girders, "36S28G6N4.5K", 12, &AsStored, out...);
-            }));
+        Add("joist", Find(GETSTEELJOIST, Joists, Kcs, "KCS", AsStored));
+        Add("girder", Find(GETJOISTGIRDER, Joists, Girders, "36S28G6N4.5K", AsStored));
     }
 
     void LookAlloyUp() {
-        const std::int32_t pipe = 3, no = 0, kn = 2007;
-        const float thickness = 0.5F;
-        Add("aluminium", Lookup([&](EngineAnswer&, auto... out) {
-                GETALUMINIUMMATERIALPROPERTY(&Aluminium, &Alloy, "6061", 4, &pipe, &no, &no,
-                                             &thickness, &Millimetre, &kn, out...);
-            }));
+        constexpr std::int32_t Pipe = 3, No = 0, Kilonewton = 2007;
+        Add("aluminium", Find(GETALUMINIUMMATERIALPROPERTY, Aluminium, Alloy, "6061", Pipe, No, No,
+                              0.5F, Millimetre, Kilonewton));
     }
 
     std::vector<Line> m_lines;

@@ -28,25 +28,18 @@ protected:
     }
 
     Result K(float span, float total, float live, int series = 1) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetOWSteelJoistKSeries(Catalogue, series, span, total, live, db, rs);
-        });
+        return Run(Facade::GetOWSteelJoistKSeries, Catalogue, series, span, total, live);
     }
     Result LongSpan(int loadType, float span, float depth, float load1, float load2,
                     int series = 3) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetLongSpanJoistSeries(Catalogue, series, loadType, span, depth, load1, load2,
-                                           db, rs);
-        });
+        return Run(Facade::GetLongSpanJoistSeries, Catalogue, series, loadType, span, depth, load1,
+                   load2);
     }
     Result Girders(float span, int joists, float load, float depth, int series = 5) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetJoistGirders(Catalogue, series, span, joists, load, depth, db, rs);
-        });
+        return Run(Facade::GetJoistGirders, Catalogue, series, span, joists, load, depth);
     }
     Result Girder(const char* designation) {
-        return Run(
-            [&](auto db, auto rs) { Facade::GetJoistGirder(Catalogue, 5, designation, db, rs); });
+        return Run(Facade::GetJoistGirder, Catalogue, 5, designation);
     }
     int LoadType(float span, float depth, int series = 3) {
         int type = -9;
@@ -82,9 +75,7 @@ TEST_F(JoistQueryTest, FindsJoistsOfTheKSeries) {
 
 TEST_F(JoistQueryTest, FindsJoistsOfTheKcsSeries) {
     const auto kcs = [&](float moment, float shear, int series) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetOWSteelJoistKCSSeries(Catalogue, series, moment, shear, db, rs);
-        });
+        return Run(Facade::GetOWSteelJoistKCSSeries, Catalogue, series, moment, shear);
     };
     EXPECT_EQ(
         kcs(500.5F, 4000, 2),
@@ -188,9 +179,7 @@ TEST_F(JoistQueryTest, FindsGirders) {
 
 TEST_F(JoistQueryTest, FindsOneByDesignation) {
     const auto joist = [&](const char* designation, int series) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetSteelJoist(Catalogue, series, designation, db, rs);
-        });
+        return Run(Facade::GetSteelJoist, Catalogue, series, designation);
     };
     EXPECT_EQ(joist("lh-20", 3),
               (Result{{std::string(Select) + " FROM [OWJoistMaster] WHERE "
@@ -199,9 +188,7 @@ TEST_F(JoistQueryTest, FindsOneByDesignation) {
     EXPECT_EQ(joist("LH-20", 3).names, ""); // exactly
     EXPECT_EQ(joist("lh-20", 5), (Result{{}, "none"}));
     EXPECT_EQ(
-        Run([&](auto db, auto rs) {
-            Facade::GetSectionRecord(Catalogue, 3, "lh-20", db, rs);
-        }).statements,
+        Run(Facade::GetSectionRecord, Catalogue, 3, "lh-20").statements,
         std::vector<std::string>{"4 Select * From [OWJoistMaster] WHERE [Designation] = 'lh-20'"});
     EXPECT_EQ(Girder("30s24g5n6k"),
               (Result{{std::string(SelectGirders) +

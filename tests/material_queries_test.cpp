@@ -92,10 +92,8 @@ protected:
 
     Result Strengths(unsigned product, unsigned welded, float thickness) {
         Facade::GetDatabasePtr(Aluminium);
-        return Run([&](auto db, auto rs) {
-            Facade::GetAluminiumMaterialProperty(Aluminium, Alloy, "6061", product, 0, welded,
-                                                 thickness, db, rs);
-        });
+        return Run(Facade::GetAluminiumMaterialProperty, Aluminium, Alloy, "6061", product, 0,
+                   welded, thickness);
     }
 };
 

@@ -192,10 +192,10 @@ TEST_F(NamesTest, NoLookUpTakesANameWithAQuote) {
         catalogue->SetDatabase(database);
         return catalogue;
     };
-    const auto query = [&](auto ask) {
+    const auto query = [&](auto ask, auto... items) {
         Facade::GetDatabasePtr(1);
         EXPECT_EQ(openRecordset(&db, rows.Address(), "Select * From [W Shape]", 4, 1), 1);
-        ask();
+        ask(1, 1, items..., &db, rows.Address());
         return rows.Get() == nullptr ? 0 : 1; // what was found before does not stay
     };
     using LookUp = std::function<int(const char*)>;
@@ -231,25 +231,13 @@ TEST_F(NamesTest, NoLookUpTakesANameWithAQuote) {
              Facade::GetCastellatedCompBeamData(1, 1, name, beam);
              return beam.RecordNumber;
          }},
-        {"section",
-         [&](auto name) {
-             return query([&] { Facade::GetSectionRecord(1, 1, name, &db, rows.Address()); });
-         }},
+        {"section", [&](auto name) { return query(Facade::GetSectionRecord, name); }},
         {"pattern",
-         [&](auto name) {
-             return query([&] {
-                 Facade::GetLikeSortedSectionRecords(1, 1, None, name, &db, rows.Address());
-             });
-         }},
-        {"steel joist",
-         [&](auto name) {
-             return query([&] { Facade::GetSteelJoist(1, 1, name, &db, rows.Address()); });
-         }},
+         [&](auto name) { return query(Facade::GetLikeSortedSectionRecords, None, name); }},
+        {"steel joist", [&](auto name) { return query(Facade::GetSteelJoist, name); }},
         {"aluminium",
          [&](auto name) {
-             return query([&] {
-                 Facade::GetAluminiumMaterialProperty(1, 1, name, 0, 0, 0, 1, &db, rows.Address());
-             });
+             return query(Facade::GetAluminiumMaterialProperty, name, 0U, 0U, 0U, 1.0F);
          }},
         {"units", [&](auto name) { return UNIT::GetFieldUnitList(db, name) != nullptr; }},
         {"units deleted", [&](auto name) { return UNIT::DeleteFieldUnits(db, name), 0; }},

@@ -40,29 +40,18 @@ protected:
     }
 
     Result Sorted(const Key* keys) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetSortedSectionRecords(American, Rod, keys, db, rs);
-        });
+        return Run(Facade::GetSortedSectionRecords, American, Rod, keys);
     }
     Result Like(const char* pattern, const Key* keys = Unsorted) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetLikeSortedSectionRecords(American, Rod, keys, pattern, db, rs);
-        });
+        return Run(Facade::GetLikeSortedSectionRecords, American, Rod, keys, pattern);
     }
     Result Range(float upper, float lower, const Key* keys = Unsorted) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetRangeSortedSectionRecords(American, Rod, keys, ColumnAX, upper, lower, db,
-                                                 rs);
-        });
+        return Run(Facade::GetRangeSortedSectionRecords, American, Rod, keys, ColumnAX, upper,
+                   lower);
     }
-    Result Named(const char* name) {
-        return Run(
-            [&](auto db, auto rs) { Facade::GetSectionRecord(American, Rod, name, db, rs); });
-    }
+    Result Named(const char* name) { return Run(Facade::GetSectionRecord, American, Rod, name); }
     Result Assigned(const char* name, int catalogue = American, int type = Rod) {
-        return Run([&](auto db, auto rs) {
-            Facade::GetAssignSectionRecords(catalogue, type, name, db, rs);
-        });
+        return Run(Facade::GetAssignSectionRecords, catalogue, type, name);
     }
 };
 

@@ -64,6 +64,12 @@ TEST_F(ThreadsTest, ASecondThreadIsRefused) {
     CSectionDatabase* none = nullptr;
     CSectionRecordset* rows = nullptr;
     double angle = 7;
+    const auto done = [](auto call) {
+        return [=] {
+            call();
+            return true;
+        };
+    };
     const struct {
         const char* label;
         std::function<bool()> givesFailure;
@@ -99,27 +105,11 @@ TEST_F(ThreadsTest, ASecondThreadIsRefused) {
         {"BeginTransaction()", [] { return Facade::BeginTransaction(American) == 0; }},
         {"CommitTransaction()", [] { return Facade::CommitTransaction() == 0; }},
         {"RollbackTransaction()", [] { return Facade::RollbackTransaction() == 0; }},
-        {"SetProfileDBFolder()",
-         [] {
-             Facade::SetProfileDBFolder("/elsewhere");
-             return true;
-         }},
+        {"SetProfileDBFolder()", done([] { Facade::SetProfileDBFolder("/elsewhere"); })},
         {"GetProfileDBFolder()", [] { return Facade::GetProfileDBFolder().IsEmpty(); }},
-        {"ExitSectionDBInterface()",
-         [] {
-             Facade::ExitSectionDBInterface();
-             return true;
-         }},
-        {"SETPROFILEDBFOLDER()",
-         [] {
-             SETPROFILEDBFOLDER("/elsewhere", 10);
-             return true;
-         }},
-        {"TERMINATEDAOSESSION()",
-         [] {
-             TERMINATEDAOSESSION();
-             return true;
-         }},
+        {"ExitSectionDBInterface()", done([] { Facade::ExitSectionDBInterface(); })},
+        {"SETPROFILEDBFOLDER()", done([] { SETPROFILEDBFOLDER("/elsewhere", 10); })},
+        {"TERMINATEDAOSESSION()", done(TERMINATEDAOSESSION)},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.label);
@@ -135,52 +125,33 @@ TEST_F(ThreadsTest, ASecondThreadIsRefused) {
 
 TEST_F(ThreadsTest, ASecondThreadOfTheEngineIsTold) {
     ASSERT_EQ(Open(American), 0);
-    const std::int32_t catalogue = American;
-    const std::int32_t type = WShape;
-    const std::int32_t unit = 0;
-    const std::int32_t slot = 0;
     const struct {
         const char* label;
-        std::function<EngineAnswer()> call;
+        std::function<void(EngineAnswer&)> call;
         std::int32_t count;
         std::int32_t status = -7;
     } cases[] = {
-        {"OPENSECTIONDATABASE()",
-         [] {
-             EngineAnswer answer;
-             answer.err = Open(American);
-             return answer;
-         },
-         -7},
-        {"GETSECTION()", [] { return Get(American, WShape, "W12X26"); }, 0},
+        {"OPENSECTIONDATABASE()", [](EngineAnswer& answer) { answer.err = Open(American); }, -7},
+        {"GETSECTION()", [](EngineAnswer& answer) { answer = Get(American, WShape, "W12X26"); }, 0},
         {"GETSECTIONCOUNT()",
-         [&] {
-             EngineAnswer answer;
-             GETSECTIONCOUNT(&catalogue, &type, &answer.count, &answer.err);
-             return answer;
+         [](EngineAnswer& answer) {
+             Enter(GETSECTIONCOUNT, American, WShape, &answer.count, &answer.err);
          },
          0},
         {"GETSECTIONTYPEFROMVESSANAME()",
-         [&] {
-             EngineAnswer answer;
-             GETSECTIONTYPEFROMVESSANAME(&catalogue, &answer.type, "W12X26", 6, &unit, nullptr,
-                                         &answer.count, &answer.valueCount, &answer.err);
-             return answer;
+         [](EngineAnswer& answer) {
+             answer = FindType(GETSECTIONTYPEFROMVESSANAME, American, -7, "W12X26", AsStored);
          },
          0},
-        {"GETFIRSTSECTION()", [&] { return Move(GETFIRSTSECTION, slot); }, -7, 0},
-        {"CLOSESECTIONDATABASE()",
-         [] {
-             EngineAnswer answer;
-             CLOSESECTIONDATABASE(&answer.err);
-             return answer;
-         },
+        {"GETFIRSTSECTION()", [](EngineAnswer& answer) { answer = Move(GETFIRSTSECTION, 0); }, -7,
+         0},
+        {"CLOSESECTIONDATABASE()", [](EngineAnswer& answer) { CLOSESECTIONDATABASE(&answer.err); },
          -7},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.label);
         EngineAnswer answer;
-        WhileInside([&] { answer = c.call(); });
+        WhileInside([&] { c.call(answer); });
         EXPECT_EQ(answer.err, 7);
         EXPECT_EQ(answer.count, c.count);
         EXPECT_EQ(answer.status, c.status);

@@ -9,20 +9,16 @@ namespace faults {
 namespace {
 
 constexpr const char* LongText = "a text beyond what a string keeps within itself";
-constexpr const char* Ordered = "Select * From [Shape] ORDER BY [AX] ASC";
-const char* const All = "A A 1.000000e+00 B B 2.000000e+00 C C 3.000000e+00";
 
 const std::vector<std::string> Throws{"throws memory", "throws 3*"};
-
-std::string Shapes() { return RowsOf("Shapes.db3", "Shape"); }
-
-void OpenOrdered() { OpenRows(Ordered); }
 
 /// What writes rows: where it throws nothing was written.
 PublicCall Writes(const char* name, std::function<void()> prepare, void (*write)(),
                   const std::string& after) {
     return Call(name, "done -> " + after,
-                {std::string("throws memory -> ") + All, std::string("throws 3* -> ") + All}, write)
+                {std::string("throws memory -> ") + AllShapes,
+                 std::string("throws 3* -> ") + AllShapes},
+                write)
         .On(std::move(prepare))
         .Leaving(Shapes);
 }
@@ -85,7 +81,8 @@ PublicCalls OfTransactions() {
             "CSectionWorkspace::CommitTrans", OpenInTransaction, [] { workspace->CommitTrans(); },
             withoutA),
         Writes(
-            "CSectionWorkspace::Rollback", OpenInTransaction, [] { workspace->Rollback(); }, All),
+            "CSectionWorkspace::Rollback", OpenInTransaction, [] { workspace->Rollback(); },
+            AllShapes),
     };
 }
 
@@ -118,7 +115,7 @@ PublicCalls OfRows() {
                 rows->SetFieldValue(3, COleVariant(4.0));
                 rows->Update();
             },
-            std::string(All) + " " + LongText + " NULL 4.000000e+00"),
+            std::string(AllShapes) + " " + LongText + " NULL 4.000000e+00"),
         Writes(
             "CSectionRecordset::Edit to Update", OpenOrdered,
             [] {

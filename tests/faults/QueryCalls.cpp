@@ -11,11 +11,11 @@ namespace faults {
 namespace {
 
 /// The names in column 2 of the rows that a query has opened; "none" where it has opened none.
-template <class Query>
-PublicCall Opens(const char* name, int catalogue, Query query, const char* right) {
+template <class Query, class... Items>
+PublicCall Opens(const char* name, const char* right, Query query, int catalogue, Items... items) {
     return Call(name, right, {"none"},
                 [=] {
-                    Under([&] { query(&gblSectionDatabase, &rows); });
+                    Under([&] { query(catalogue, items..., &gblSectionDatabase, &rows); });
                     if (rows == nullptr)
                         return std::string("none");
                     std::string names;
@@ -30,91 +30,33 @@ constexpr int ByArea[][2] = {{3, 0}, {-1, 0}};
 
 PublicCalls OfSections() {
     return {
-        Opens(
-            "GetSortedSectionRecords", American,
-            [](auto base, auto opened) {
-                Facade::GetSortedSectionRecords(American, WShape, ByArea, base, opened);
-            },
-            "W4x13;W12x26;"),
-        Opens(
-            "GetSortedSectionRecords of a selection", American,
-            [](auto base, auto opened) {
-                Facade::GetSortedSectionRecords(American, Rod, ByArea, base, opened);
-            },
-            "R2;"),
-        Opens(
-            "GetLikeSortedSectionRecords", American,
-            [](auto base, auto opened) {
-                Facade::GetLikeSortedSectionRecords(American, WShape, ByArea, "W12", base, opened);
-            },
-            "W12x26;"),
-        Opens(
-            "GetRangeSortedSectionRecords", American,
-            [](auto base, auto opened) {
-                Facade::GetRangeSortedSectionRecords(American, WShape, ByArea, 3, 5.0F, 3.0F, base,
-                                                     opened);
-            },
-            "W4x13;"),
-        Opens(
-            "GetSectionRecord", American,
-            [](auto base, auto opened) {
-                Facade::GetSectionRecord(American, WShape, "w4X13", base, opened);
-            },
-            "W4x13;"),
-        Opens(
-            "GetAssignSectionRecords", American,
-            [](auto base, auto opened) {
-                Facade::GetAssignSectionRecords(American, WShape, "none", base, opened);
-            },
-            "W12x26;"),
-        Opens(
-            "GetAluminiumMaterialProperty", Aluminium,
-            [](auto base, auto opened) {
-                Facade::GetAluminiumMaterialProperty(Aluminium, Alloy, "6061", 1, 0, 0, 0.5F, base,
-                                                     opened);
-            },
-            "6061;"),
+        Opens("GetSortedSectionRecords", "W4x13;W12x26;", Facade::GetSortedSectionRecords, American,
+              WShape, ByArea),
+        Opens("GetSortedSectionRecords of a selection", "R2;", Facade::GetSortedSectionRecords,
+              American, Rod, ByArea),
+        Opens("GetLikeSortedSectionRecords", "W12x26;", Facade::GetLikeSortedSectionRecords,
+              American, WShape, ByArea, "W12"),
+        Opens("GetRangeSortedSectionRecords", "W4x13;", Facade::GetRangeSortedSectionRecords,
+              American, WShape, ByArea, 3, 5.0F, 3.0F),
+        Opens("GetSectionRecord", "W4x13;", Facade::GetSectionRecord, American, WShape, "w4X13"),
+        Opens("GetAssignSectionRecords", "W12x26;", Facade::GetAssignSectionRecords, American,
+              WShape, "none"),
+        Opens("GetAluminiumMaterialProperty", "6061;", Facade::GetAluminiumMaterialProperty,
+              Aluminium, Alloy, "6061", 1U, 0U, 0U, 0.5F),
     };
 }
 
 PublicCalls OfJoists() {
     return {
-        Opens(
-            "GetOWSteelJoistKSeries", Joists,
-            [](auto base, auto opened) {
-                Facade::GetOWSteelJoistKSeries(Joists, 1, 20, 250, 150, base, opened);
-            },
-            "k-light;k-heavy;"),
-        Opens(
-            "GetOWSteelJoistKCSSeries", Joists,
-            [](auto base, auto opened) {
-                Facade::GetOWSteelJoistKCSSeries(Joists, 2, 500, 3000, base, opened);
-            },
-            "KCS;"),
-        Opens(
-            "GetLongSpanJoistSeries", Joists,
-            [](auto base, auto opened) {
-                Facade::GetLongSpanJoistSeries(Joists, 3, 1, 30, 20, 8000, 0, base, opened);
-            },
-            "lh-20;"),
-        Opens(
-            "GetJoistGirders", Joists,
-            [](auto base, auto opened) {
-                Facade::GetJoistGirders(Joists, 5, 30, 5, 5, 24, base, opened);
-            },
-            "20;"),
-        Opens(
-            "GetSteelJoist", Joists,
-            [](auto base, auto opened) {
-                Facade::GetSteelJoist(Joists, 1, "k-heavy", base, opened);
-            },
-            "k-heavy;"),
-        Opens(
-            "GetJoistGirder", Joists,
-            [](auto base, auto opened) {
-                Facade::GetJoistGirder(Joists, 5, "30S24G5N4.5K", base, opened);
-            },
-            "20;"),
+        Opens("GetOWSteelJoistKSeries", "k-light;k-heavy;", Facade::GetOWSteelJoistKSeries, Joists,
+              1, 20.F, 250.F, 150.F),
+        Opens("GetOWSteelJoistKCSSeries", "KCS;", Facade::GetOWSteelJoistKCSSeries, Joists, 2,
+              500.F, 3000.F),
+        Opens("GetLongSpanJoistSeries", "lh-20;", Facade::GetLongSpanJoistSeries, Joists, 3, 1,
+              30.F, 20.F, 8000.F, 0.F),
+        Opens("GetJoistGirders", "20;", Facade::GetJoistGirders, Joists, 5, 30.F, 5, 5.F, 24.F),
+        Opens("GetSteelJoist", "k-heavy;", Facade::GetSteelJoist, Joists, 1, "k-heavy"),
+        Opens("GetJoistGirder", "20;", Facade::GetJoistGirder, Joists, 5, "30S24G5N4.5K"),
         Call("FindLongSpanJoistLoadType", "2", {"0", "-1"},
              [] {
                  int loadType = -1;

@@ -7,10 +7,6 @@
 namespace faults {
 namespace {
 
-constexpr const char* Ordered = "Select * From [Shape] ORDER BY [AX] ASC";
-
-std::string Shapes() { return RowsOf("Shapes.db3", "Shape"); }
-
 std::string CurrentName() {
     return rows == nullptr || rows->IsEOF() || rows->IsBOF()
                ? "none"
@@ -40,32 +36,26 @@ PublicCall Moves(const char* name, Move move, const char* right) {
                     return result == 1 ? CurrentName() : "0";
                 })
         .On([] {
-            OpenRows(Ordered);
+            OpenOrdered();
             rows->MoveNext();
         });
 }
 
-const char* const All = "A A 1.000000e+00 B B 2.000000e+00 C C 3.000000e+00";
 const char* const WithoutB = "A A 1.000000e+00 C C 3.000000e+00";
 
 } // namespace
 
 PublicCalls RecordsetCalls() {
-    const std::string unchanged = std::string("0 -> ") + All;
+    const std::string unchanged = std::string("0 -> ") + AllShapes;
     return {
         Opens("openRecordset of a table", "Shape", 1, "1 A B C"),
         Opens("openRecordset, dynaset", Ordered, 2, "1 A B C"),
         Opens("openRecordset, snapshot", "Select * From [Shape] WHERE [Name] = 'C' AND [AX] > 2", 4,
               "1 C"),
-        Call("closeRecordset", "done", {}, [] { closeRecordset(&rows); }).On([] {
-            OpenRows(Ordered);
-        }),
-        Call("getRecordCount", "3", {"0"}, [] { return getRecordCount(&rows); }).On([] {
-            OpenRows(Ordered);
-        }),
-        Call("getFieldCount of rows", "4", {"0"}, [] { return getFieldCount(&rows); }).On([] {
-            OpenRows(Ordered);
-        }),
+        Call("closeRecordset", "done", {}, [] { closeRecordset(&rows); }).On(OpenOrdered),
+        Call("getRecordCount", "3", {"0"}, [] { return getRecordCount(&rows); }).On(OpenOrdered),
+        Call("getFieldCount of rows", "4", {"0"}, [] { return getFieldCount(&rows); })
+            .On(OpenOrdered),
         Moves(
             "setRecordsetTo",
             [](auto to) { return setRecordsetTo(to, "[AX] = 3", CSectionRecordset::FindFirst); },
@@ -75,20 +65,20 @@ PublicCalls RecordsetCalls() {
         Moves("setRecordsetToNext", setRecordsetToNext, "C"),
         Moves("setRecordsetToPrevious", setRecordsetToPrevious, "A"),
         Call("IsExistentRecord", "1", {"0"}, [] { return IsExistentRecord(&rows, "[AX] = 3"); })
-            .On([] { OpenRows(Ordered); }),
+            .On(OpenOrdered),
         Call("deleteRecord", std::string("1 -> ") + WithoutB, {unchanged},
              [] { return deleteRecord(&rows, "[AX] = 2"); })
-            .On([] { OpenRows(Ordered); })
+            .On(OpenOrdered)
             .Leaving(Shapes),
         Call("deleteRecord, the current one", std::string("1 -> ") + WithoutB, {unchanged},
              [] { return deleteRecord(&rows, ""); })
             .On([] {
-                OpenRows(Ordered);
+                OpenOrdered();
                 rows->MoveNext();
             })
             .Leaving(Shapes),
         Call("deleteAllRecords", "3 -> ", {unchanged}, [] { return deleteAllRecords(&rows); })
-            .On([] { OpenRows(Ordered); })
+            .On(OpenOrdered)
             .Leaving(Shapes),
     };
 }

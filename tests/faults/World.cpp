@@ -175,6 +175,10 @@ void OpenRows(const char* sql, int type) {
     openRecordset(&db, &rows, sql, type, 0);
 }
 
+void OpenOrdered() { OpenRows(Ordered); }
+
+std::string Shapes() { return RowsOf("Shapes.db3", "Shape"); }
+
 std::string RowsOf(const char* file, const char* tableName) {
     CSectionDatabase* database = nullptr;
     CSectionRecordset* content = nullptr;

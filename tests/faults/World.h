@@ -58,6 +58,12 @@ const char* Connect();
 void OpenShapes();
 void OpenRows(const char* sql, int type = 2);
 
+/// Its table of shapes: the rows by area, and what RowsOf tells of all three.
+inline constexpr const char* Ordered = "Select * From [Shape] ORDER BY [AX] ASC";
+inline constexpr const char* AllShapes = "A A 1.000000e+00 B B 2.000000e+00 C C 3.000000e+00";
+void OpenOrdered();
+std::string Shapes();
+
 /// All rows of a table of a file, read anew: the columns from Name on, row by row.
 std::string RowsOf(const char* file, const char* tableName);
 
