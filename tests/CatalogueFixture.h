@@ -145,9 +145,7 @@ private:
 inline void MakeUserTables(const CatalogueFile& file) {
     CSectionRecordset info(file.Database());
     info.Open(CSectionRecordset::Table, "DBInfo");
-    info.Edit();
-    info.SetFieldValue(0, "User tables");
-    info.Update();
+    SetValue(info, 0, "User tables");
 }
 
 } // namespace testsupport

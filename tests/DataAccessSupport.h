@@ -81,6 +81,14 @@ inline void AddShape(CSectionRecordset& rows, const char* name, const char* othe
     rows.Update();
 }
 
+/// Changes a value of the current row.
+template <class Value>
+void SetValue(CSectionRecordset& rows, int column, const Value& value) {
+    rows.Edit();
+    rows.SetFieldValue(column, value);
+    rows.Update();
+}
+
 /// A file with `count` shapes "A", "B", ... with the areas 1, 2, ...
 inline void CreateCatalogue(const std::string& path, int count = 5, const char* connect = "") {
     DatabaseHandle db;

@@ -90,6 +90,14 @@ int RunInChild(Body body) {
     return WaitForChild(StartChild(body));
 }
 
+/// Whether `body` returns true in a child.
+template <class Body>
+testing::AssertionResult IsTrueInChild(Body body) {
+    const int status = RunInChild([&] { return body() ? 0 : 1; });
+    return (status == 0 ? testing::AssertionSuccess() : testing::AssertionFailure())
+           << "the child ended with " << status;
+}
+
 /// In a child: gives up the rights that let root write everywhere.
 inline bool BecomeOrdinaryUser() { return ::geteuid() != 0 || ::seteuid(65534) == 0; }
 

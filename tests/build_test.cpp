@@ -82,9 +82,7 @@ TEST_F(BuildTest, LeavesAFileAloneThatAnotherProgramIsWriting) {
         workspace.BeginTrans();
         CSectionRecordset rows(&database);
         rows.Open(CSectionRecordset::Dynaset, "Select * From [Pipe]");
-        rows.Edit();
-        rows.SetFieldValue(5, COleVariant(3.0));
-        rows.Update();
+        SetValue(rows, 5, COleVariant(3.0));
     });
     ASSERT_TRUE(std::filesystem::exists(m_file + "-journal"));
     EXPECT_TRUE(Ended(Build(), 1, "another program is using the file"));
@@ -129,9 +127,7 @@ TEST_F(BuildTest, StoresAChecksumOfEachTable) {
     EXPECT_EQ(std::ranges::count(stored, '\n'), 11); // five tables, their units, and their origins
     EXPECT_EQ(stored, dbsection::ChecksumsOf(*db));
     Rows rows(db, "Select * From [Pipe]");
-    rows->Edit();
-    rows->SetFieldValue(5, COleVariant(28.300000000000004));
-    rows->Update();
+    SetValue(*rows, 5, COleVariant(28.300000000000004));
     EXPECT_NE(dbsection::ChecksumOf(*db, "Pipe"), pipe);
 
     ASSERT_EQ(Program("user create " + m_folder.File("mine.db3")).status, 0);

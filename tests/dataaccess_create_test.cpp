@@ -69,10 +69,7 @@ TEST_F(CreateTest, PasswordsInEveryFormOpenWhatTheyProtect) {
 
 TEST_F(CreateTest, FilesOfOnePasswordShareTheirSalt) {
     const auto file = [&](const char* name) { return m_files + "/" + name; };
-    const auto elsewhere = [](auto body) {
-        return RunInChild([&] { return body() ? 0 : 1; }) == 0;
-    };
-    EXPECT_TRUE(elsewhere([&] {
+    EXPECT_TRUE(IsTrueInChild([&] {
         return Create(file("a"), "one") == 1 && Create(file("b"), ";PWD=one") == 1 &&
                Create(file("other"), "two") == 1;
     }));
@@ -80,14 +77,14 @@ TEST_F(CreateTest, FilesOfOnePasswordShareTheirSalt) {
     EXPECT_NE(SaltOf(file("a")), SaltOf(file("other"))) << "each password has its own";
     EXPECT_TRUE(OpensElsewhere(file("a"), "one") && OpensElsewhere(file("b"), "one"));
 
-    EXPECT_TRUE(elsewhere([&] { return Create(file("later"), "one") == 1; }));
+    EXPECT_TRUE(IsTrueInChild([&] { return Create(file("later"), "one") == 1; }));
     EXPECT_NE(SaltOf(file("later")), SaltOf(file("a"))) << "drawn at random";
-    EXPECT_TRUE(elsewhere([&] {
+    EXPECT_TRUE(IsTrueInChild([&] {
         DatabaseHandle db;
         return Open(db, file("a"), "one") == 1 && Create(file("added"), "one") == 1;
     }));
     EXPECT_EQ(SaltOf(file("added")), SaltOf(file("a"))) << "goes on with that of an opened file";
-    EXPECT_TRUE(elsewhere([&] {
+    EXPECT_TRUE(IsTrueInChild([&] {
         DatabaseHandle db;
         return Open(db, file("a"), "tried") == -1 && Create(file("own"), "tried") == 1;
     }));
@@ -98,17 +95,14 @@ TEST_F(CreateTest, JournalsOfAnEarlierFileAreNotPlayedIntoTheNewOne) {
     const std::string path = m_files + "/shapes.db3";
     for (const char* connect : {"", ";PWD=secret"}) {
         CreateCatalogue(path, 3, connect);
-        EXPECT_EQ(RunInChild([&] { // is ended in the midst of a transaction
-                      static CSectionWorkspace workspace;
-                      static DatabaseHandle db;
-                      openDatabase(db.Address(), path.c_str(), 1, 0, 0, connect, &workspace);
-                      workspace.BeginTrans();
-                      RecordsetHandle rows;
-                      return Query(db, rows, "Shape", 1) == 1 && deleteAllRecords(rows.Address())
-                                 ? 0
-                                 : 1;
-                  }),
-                  0);
+        EXPECT_TRUE(IsTrueInChild([&] { // is ended in the midst of a transaction
+            static CSectionWorkspace workspace;
+            static DatabaseHandle db;
+            openDatabase(db.Address(), path.c_str(), 1, 0, 0, connect, &workspace);
+            workspace.BeginTrans();
+            RecordsetHandle rows;
+            return Query(db, rows, "Shape", 1) == 1 && deleteAllRecords(rows.Address());
+        }));
         ASSERT_TRUE(fs::exists(path + "-journal"));
         WriteFile(path + "-wal", ReadFile(path + "-journal"));
         fs::remove(path);

@@ -176,15 +176,14 @@ TEST_F(EngineTest, EngineWithoutEncryptionIsToldAndNothingElseHappens) {
     const std::string path = m_folder.File("protected.db3");
     CreateCatalogue(path, 3, Secret);
     const std::string before = ReadFile(path);
-    EXPECT_EQ(RunInChild([&] {
-                  ::setenv("LD_PRELOAD", PlainEngine, 1);
-                  ::setenv("TEST_PROTECTED_FILE", path.c_str(), 1);
-                  ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
-                  ::execl("/proc/self/exe", "test", "--gtest_also_run_disabled_tests",
-                          "--gtest_filter=*DISABLED_OpenWithPlainEngine", nullptr);
-                  return 98;
-              }),
-              0);
+    EXPECT_TRUE(IsTrueInChild([&] {
+        ::setenv("LD_PRELOAD", PlainEngine, 1);
+        ::setenv("TEST_PROTECTED_FILE", path.c_str(), 1);
+        ::setenv("ASAN_OPTIONS", "verify_asan_link_order=0", 1);
+        ::execl("/proc/self/exe", "test", "--gtest_also_run_disabled_tests",
+                "--gtest_filter=*DISABLED_OpenWithPlainEngine", nullptr);
+        return false;
+    }));
     EXPECT_TRUE(ReadFile(path) == before);
 }
 

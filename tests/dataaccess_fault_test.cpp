@@ -100,16 +100,14 @@ TEST_F(FaultTest, CreatingLeavesNothingBehindWhereItFails) {
     EXPECT_EQ(createDatabase(db.Address(), m_folder.File("no/x").c_str(), "", 0, nullptr), -1);
     EXPECT_EQ(TakeQuietError(), 3043);
     EXPECT_EQ(db.Get(), nullptr);
-    EXPECT_EQ(RunInChild([&] {
-                  const rlimit none{0, 0};
-                  std::signal(SIGXFSZ, SIG_IGN);
-                  ::setrlimit(RLIMIT_FSIZE, &none);
-                  const std::string other = m_folder.File("other.db3");
-                  const int result =
-                      createDatabase(db.Address(), other.c_str(), Secret, 0, nullptr);
-                  return result == -1 && TakeQuietError() == 3043 && m_folder.Count() == 1 ? 0 : 1;
-              }),
-              0);
+    EXPECT_TRUE(IsTrueInChild([&] {
+        const rlimit none{0, 0};
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &none);
+        const std::string other = m_folder.File("other.db3");
+        const int result = createDatabase(db.Address(), other.c_str(), Secret, 0, nullptr);
+        return result == -1 && TakeQuietError() == 3043 && m_folder.Count() == 1;
+    }));
 }
 
 TEST_F(FaultTest, OtherProcessesKeepUsOut) {
@@ -168,7 +166,7 @@ TEST_F(FaultTest, ReadOnlyDatabasesFilesAndFoldersRefuseWriting) {
         ::chmod(folder.c_str(), static_cast<mode_t>(folderMode));
         if (fileMode == 0444 && ::geteuid() != 0)
             continue; // the owner of a file may lift its mark
-        EXPECT_EQ(RunInChild([&] { return BecomeOrdinaryUser() && write(0) == 3027 ? 0 : 1; }), 0)
+        EXPECT_TRUE(IsTrueInChild([&] { return BecomeOrdinaryUser() && write(0) == 3027; }))
             << std::oct << fileMode;
     }
     ::chmod(folder.c_str(), 0777);

@@ -33,15 +33,12 @@ TEST_F(OpenTest, FilesThatCannotBeReachedAreToldFromMissingOnes) {
     ::chmod(m_folder.Path().c_str(), 0755);
     for (const auto& c : cases) {
         ::chmod(folder.c_str(), c.folderMode);
-        EXPECT_EQ(RunInChild([&] {
-                      DatabaseHandle db;
-                      return BecomeOrdinaryUser() && Open(db, c.path, "", 1) == c.result &&
-                                     TakeQuietError() == c.number
-                                 ? 0
-                                 : 1;
-                  }),
-                  0)
-            << c.path << " in " << std::oct << c.folderMode;
+        EXPECT_TRUE(IsTrueInChild([&] {
+            DatabaseHandle db;
+            return BecomeOrdinaryUser() && Open(db, c.path, "", 1) == c.result &&
+                   TakeQuietError() == c.number;
+        })) << c.path
+            << " in " << std::oct << c.folderMode;
     }
     ::chmod(folder.c_str(), 0755);
 }

@@ -58,13 +58,12 @@ protected:
 
     /// Changes a file in another process.
     void Elsewhere(const std::string& path, const std::function<void(DatabaseHandle&)>& change) {
-        EXPECT_EQ(RunInChild([&] {
-                      DatabaseHandle db;
-                      const int opened = Open(db, path, Secret);
-                      change(db);
-                      return opened == 1 ? 0 : 1;
-                  }),
-                  0);
+        EXPECT_TRUE(IsTrueInChild([&] {
+            DatabaseHandle db;
+            const int opened = Open(db, path, Secret);
+            change(db);
+            return opened == 1;
+        }));
     }
 
     const std::string m_plain = m_folder.File("plain.db3");
@@ -130,9 +129,7 @@ TEST_F(PoolTest, WhateverHappenedToTheFileIsSeen) {
                 RecordsetHandle rows;
                 ASSERT_EQ(Open(db, other, connect) + Query(db, rows, "Shape", 1), 2);
                 rows->MoveNext();
-                rows->Edit();
-                rows->SetFieldValue(1, "X");
-                rows->Update();
+                SetValue(*rows, 1, "X");
             }
             if (path == m_plain) { // the engine's own mark of a change is alike
                 std::string content = ReadFile(other);
@@ -251,19 +248,17 @@ TEST_F(PoolTest, ChildLeavesItsParentsConnectionsAlone) {
     TableDefHandle table;
     ASSERT_EQ(Query(open, rows, "Shape"), 1);
     ASSERT_EQ(openTableDef(open.Get(), table.Address(), "Shape"), 1);
-    EXPECT_EQ(RunInChild([&] {
-                  const bool seen =
-                      Look(m_protected) == "Shape ABCDE" && OpenCount(m_protected) == 2;
-                  const bool refused = !open->IsOpen() && !rows->IsOpen() &&
-                                       ErrorOf([&] { open->GetTableDefCount(); }) == 3420 &&
-                                       ErrorOf([&] { rows->MoveNext(); }) == 3420 &&
-                                       ErrorOf([&] { table->DeleteField("AX"); }) == 3420;
-                  closeDatabase(open.Address(), 1); // the parent's: neither closed nor kept
-                  const bool left = OpenCount(m_plain) == 1 && Look(m_plain) == "Shape ABCDE";
-                  terminateDAOEngine();
-                  return seen && refused && left && OpenCount(m_protected) == 1 ? 0 : 1;
-              }),
-              0);
+    EXPECT_TRUE(IsTrueInChild([&] {
+        const bool seen = Look(m_protected) == "Shape ABCDE" && OpenCount(m_protected) == 2;
+        const bool refused = !open->IsOpen() && !rows->IsOpen() &&
+                             ErrorOf([&] { open->GetTableDefCount(); }) == 3420 &&
+                             ErrorOf([&] { rows->MoveNext(); }) == 3420 &&
+                             ErrorOf([&] { table->DeleteField("AX"); }) == 3420;
+        closeDatabase(open.Address(), 1); // the parent's: neither closed nor kept
+        const bool left = OpenCount(m_plain) == 1 && Look(m_plain) == "Shape ABCDE";
+        terminateDAOEngine();
+        return seen && refused && left && OpenCount(m_protected) == 1;
+    }));
     EXPECT_EQ(Look(m_protected), "Shape ABCDE");
     EXPECT_EQ(OpenCount(m_protected), 1);
     EXPECT_TRUE(rows->IsOpen());
@@ -279,16 +274,12 @@ TEST_F(PoolTest, ChildLeavesItsParentsTransactionAlone) {
     ASSERT_EQ(deleteRecord(&rows, "Name = 'B'"), 1);
     const std::string journal = m_plain + "-journal";
     ASSERT_TRUE(fs::exists(journal));
-    EXPECT_EQ(RunInChild([&] {
-                  workspace.Rollback();
-                  closeRecordset(&rows);
-                  closeDatabase(&db, 1);
-                  return fs::exists(journal) && Look(m_plain) == "3045" &&
-                                 Look(m_protected) == "Shape ABCDE"
-                             ? 0
-                             : 1;
-              }),
-              0);
+    EXPECT_TRUE(IsTrueInChild([&] {
+        workspace.Rollback();
+        closeRecordset(&rows);
+        closeDatabase(&db, 1);
+        return fs::exists(journal) && Look(m_plain) == "3045" && Look(m_protected) == "Shape ABCDE";
+    }));
     EXPECT_TRUE(fs::exists(journal)) << "what a killed parent would be undone by";
     workspace.CommitTrans();
     closeRecordset(&rows);

@@ -178,9 +178,7 @@ TEST_F(StatementTest, ChangedTablesAreReadAsTheyAreNow) {
     names->Requery();
     EXPECT_EQ(getFieldCount(all.Address()), 4);
     EXPECT_EQ(TextAt(names, 0), "A");
-    names->Edit();
-    names->SetFieldValue(0, "AA");
-    names->Update();
+    SetValue(*names, 0, "AA");
     EXPECT_EQ(TextAt(Rows(other, "Select Name From Shape WHERE AX = 1"), 0), "AA");
 }
 

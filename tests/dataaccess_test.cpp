@@ -201,9 +201,7 @@ TEST_F(RecordsetTest, EditsAreWrittenByUpdateAndDroppedByAMove) {
     EXPECT_EQ(TextAt(rows, 0), "lost");
     rows->MoveNext();
     EXPECT_EQ(ErrorOf([&] { rows->Update(); }), 3020);
-    rows->Edit();
-    rows->SetFieldValue(0, "O'Brien \"2\" [x]; --");
-    rows->Update();
+    SetValue(*rows, 0, "O'Brien \"2\" [x]; --");
     EXPECT_EQ(rows->GetAbsolutePosition(), 1);
     EXPECT_EQ(setRecordsetTo(rows.Address(), "Name = 'O''Brien \"2\" [x]; --'", First), 1);
     EXPECT_EQ(NamesInFile(), "AO'Brien \"2\" [x]; --CDE");
@@ -216,9 +214,7 @@ TEST_F(RecordsetTest, EditsAreWrittenByUpdateAndDroppedByAMove) {
     EXPECT_EQ(TextAt(rows, 0), "N");
     EXPECT_EQ(rows->GetFieldValue(1).vt, VT_NULL);
     EXPECT_EQ(rows->GetFieldValue(2).lVal, 6) << "numbered by the engine";
-    rows->Edit();
-    rows->SetFieldValue(2, "77"); // the identifier itself
-    rows->Update();
+    SetValue(*rows, 2, "77"); // the identifier itself
     EXPECT_EQ(rows->GetFieldValue(2).lVal, 77);
     rows->Delete();
     rows->MovePrev();
@@ -324,9 +320,7 @@ TEST_F(RecordsetTest, ChangesOfOthersAreSeenAfterRequery) {
     ours->SetAbsolutePosition(4);
     EXPECT_EQ(deleteRecord(theirs.Address(), "Name = 'E'"), 1);
     theirs->SetAbsolutePosition(0);
-    theirs->Edit();
-    theirs->SetFieldValue(1, "new");
-    theirs->Update();
+    SetValue(*theirs, 1, "new");
     EXPECT_EQ(TextAt(ours, 1), "E");
     EXPECT_EQ(ErrorOf([&] { ours->Delete(); }), 3021) << "it was deleted meanwhile";
     ours->Requery();

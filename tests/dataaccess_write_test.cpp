@@ -39,12 +39,6 @@ protected:
     DatabaseHandle m_db;
 };
 
-void SetText(CSectionRecordset& row, int column, const char* text) {
-    row.Edit();
-    row.SetFieldValue(column, text);
-    row.Update();
-}
-
 void DeleteNamed(DatabaseHandle& db, const char* name) {
     Rows rows(db, "Shape", 1);
     EXPECT_EQ(deleteRecord(rows.Address(), (std::string("Name = '") + name + "'").c_str()), 1);
@@ -54,7 +48,7 @@ TEST_F(WriteTest, ARowThatIsNoLongerWhatWasReadIsLeftAlone) {
     const auto change = [](int column, const char* text) {
         return [=](DatabaseHandle& db) {
             Rows rows(db, "Select * From Shape WHERE RECNO = 2");
-            SetText(*rows, column, text);
+            SetValue(*rows, column, text);
         };
     };
     const auto reuse = [](DatabaseHandle& db) {
@@ -80,9 +74,7 @@ TEST_F(WriteTest, ARowThatIsNoLongerWhatWasReadIsLeftAlone) {
         {"a value to null",
          [](DatabaseHandle& db) {
              Rows rows(db, "Select * From Shape WHERE RECNO = 2");
-             rows->Edit();
-             rows->SetFieldValue(3, COleVariant::Null());
-             rows->Update();
+             SetValue(*rows, 3, COleVariant::Null());
          },
          3197},
     };
@@ -102,11 +94,11 @@ TEST_F(WriteTest, ARowThatIsNoLongerWhatWasReadIsLeftAlone) {
                 const CString before = Content();
                 const int column = rows->GetFieldCount() == 1 ? 0 : 1;
                 EXPECT_EQ(
-                    ErrorOf([&] { isDeletion ? rows->Delete() : SetText(*rows, column, "new"); }),
+                    ErrorOf([&] { isDeletion ? rows->Delete() : SetValue(*rows, column, "new"); }),
                     c.number);
                 EXPECT_EQ(Content() != before, c.number == 0);
                 rows->Requery();
-                EXPECT_EQ(ErrorOf([&] { SetText(*rows, column, "queried again"); }), 0);
+                EXPECT_EQ(ErrorOf([&] { SetValue(*rows, column, "queried again"); }), 0);
             }
 }
 
@@ -161,13 +153,11 @@ TEST_F(WriteTest, ColumnsOfOtherProgramsDoNotMisleadIt) {
     one->Delete();
     EXPECT_EQ(Content("One"), "xAxC");
     Rows key(m_db, "Key", 1);
-    key->Edit();
-    key->SetFieldValue(1, COleVariant(9));
-    key->Update();
+    SetValue(*key, 1, COleVariant(9));
     EXPECT_EQ(TextAt(key, 0), "A");
     EXPECT_EQ(key->GetFieldValue(1).lVal, 9);
     Rows anyCase(m_db, "Select * From AnyCase WHERE Name = 'A'");
-    Elsewhere([](DatabaseHandle& db) { SetText(*Rows(db, "AnyCase", 1), 0, "A"); });
+    Elsewhere([](DatabaseHandle& db) { SetValue(*Rows(db, "AnyCase", 1), 0, "A"); });
     EXPECT_EQ(ErrorOf([&] { anyCase->Delete(); }), 3197) << "whatever the column takes for equal";
     for (const char* table : {"Every", "None"}) {
         Rows rows(m_db, table, 1);
@@ -205,7 +195,7 @@ TEST_F(WriteTest, AValueTooLongForTheFileIsRefused) {
     std::string text;
     text.resize(Length, 'x');
     const CString tooLong(text);
-    EXPECT_EQ(ErrorOf([&] { SetText(*rows, 2, tooLong); }), 3421);
+    EXPECT_EQ(ErrorOf([&] { SetValue(*rows, 2, tooLong); }), 3421);
     rows->AddNew();
     rows->SetFieldValue(1, "New");
     rows->SetFieldValue(2, tooLong);

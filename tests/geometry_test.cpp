@@ -212,52 +212,25 @@ TEST(GeometryModels, TakeTheRadiusFromTheAreaWhereItIsNotGiven) {
 }
 
 TEST(Rows, ThatNoStandardPublishesAreJudgedByTheirDimensions) {
-    const struct {
-        const char* row;
-        LayoutId layout;
-        Figures figures; ///< in mm
-        Figures parameters;
-        const char* model;
-        const char* refused; ///< the first figure that is not that of the shape
-    } cases[] = {
-        {"L 100x100x10, EN 10056-1",
-         LayoutId::Angle,
-         {{"D", 100}, {"B", 100}, {"T", 10}, {"AX", 1915}, {"IZ", 176.7e4}, {"RV", 19.5}},
-         {},
-         "rolled angle",
-         ""},
-        {"two square legs",
-         LayoutId::Angle,
-         {{"D", 100}, {"B", 100}, {"T", 10}, {"AX", 1900}, {"IZ", 180e4}},
-         {},
-         "rolled angle",
-         ""},
-        {"RHS 200 x 100 x 8, EN 10210-2",
-         LayoutId::RectangularTube,
-         {{"D", 200}, {"B", 100}, {"T", 8}, {"AX", 4480}, {"IZ", 2230e4}, {"IX", 1800e4}},
-         {},
-         "rectangular tube by area",
-         ""},
-        {"flange and web for each other",
-         LayoutId::IShape,
-         {{"D", 300}, {"BF", 150}, {"TF", 7.1}, {"TW", 10.7}, {"AX", 5380}, {"IZ", 8356e4}},
-         {},
-         "rolled I",
-         "IZ"},
-        {"plates",
-         LayoutId::IShape,
-         {{"D", 300}, {"BF", 300}, {"TF", 9.5}, {"TW", 8}},
-         {},
-         "welded I",
-         ""},
-        {"a cable", LayoutId::Cable, {{"D", 10}, {"AX", 9999}}, {}, nullptr, ""},
-    };
-    for (const auto& [row, layout, figures, parameters, model, refused] : cases) {
-        const RowJudgement judgement = JudgeRow(layout, figures, parameters);
+    // The figures are in mm; `refused` is the first that is not that of the shape.
+    const auto expect = [](const char* row, LayoutId layout, const char* model, const char* refused,
+                           const Figures& figures) {
+        const RowJudgement judgement = JudgeRow(layout, figures, {});
         EXPECT_EQ(judgement.model, model == nullptr ? nullptr : FindGeometryModel(model)) << row;
         EXPECT_EQ(judgement.refused.empty() ? "" : judgement.refused.front().judged.column, refused)
             << row;
-    }
+    };
+    expect("L 100x100x10, EN 10056-1", LayoutId::Angle, "rolled angle", "",
+           {{"D", 100}, {"B", 100}, {"T", 10}, {"AX", 1915}, {"IZ", 176.7e4}, {"RV", 19.5}});
+    expect("two square legs", LayoutId::Angle, "rolled angle", "",
+           {{"D", 100}, {"B", 100}, {"T", 10}, {"AX", 1900}, {"IZ", 180e4}});
+    expect("RHS 200 x 100 x 8, EN 10210-2", LayoutId::RectangularTube, "rectangular tube by area",
+           "", {{"D", 200}, {"B", 100}, {"T", 8}, {"AX", 4480}, {"IZ", 2230e4}, {"IX", 1800e4}});
+    expect("flange and web for each other", LayoutId::IShape, "rolled I", "IZ",
+           {{"D", 300}, {"BF", 150}, {"TF", 7.1}, {"TW", 10.7}, {"AX", 5380}, {"IZ", 8356e4}});
+    expect("plates", LayoutId::IShape, "welded I", "",
+           {{"D", 300}, {"BF", 300}, {"TF", 9.5}, {"TW", 8}});
+    expect("a cable", LayoutId::Cable, nullptr, "", {{"D", 10}, {"AX", 9999}});
     EXPECT_THROW(JudgeRow(LayoutId::RoundTube, {{"OD", 100}, {"T", 50}}, {}), GeometryError);
     using Lists = std::vector<std::vector<std::string>>;
     EXPECT_EQ(MissingFor(LayoutId::Channel, {{"D", 200}, {"BF", 75}}, {}),

@@ -227,13 +227,12 @@ TEST_F(KeptRowsTest, ChangesOfOthersAreSeenByTheNextCall) {
              {"UPDATE Shape SET AX = AX + 1", "INSERT INTO Shape (Name) VALUES ('Z')",
               "ALTER TABLE Shape ADD COLUMN [More] TEXT DEFAULT 'x'", "DELETE FROM Shape"}) {
             const auto before = AskUntilKept(db, sql);
-            EXPECT_EQ(RunInChild([&] {
-                          const Engine engine(m_path);
-                          engine.Run("DELETE FROM Shape WHERE Name = 'Z'");
-                          engine.Run(change);
-                          return 0;
-                      }),
-                      0);
+            EXPECT_TRUE(IsTrueInChild([&] {
+                const Engine engine(m_path);
+                engine.Run("DELETE FROM Shape WHERE Name = 'Z'");
+                engine.Run(change);
+                return true;
+            }));
             EXPECT_EQ(Ask(db, sql), Engine(m_path).Ask(sql)) << change;
         }
         db->Close();
@@ -262,9 +261,7 @@ TEST_F(KeptRowsTest, TransactionsSeeWhatTheyWroteAndOthersDoNot) {
     workspace.BeginTrans();
     {
         const Rows row(mine, Sql);
-        row->Edit();
-        row->SetFieldValue(1, "changed");
-        row->Update();
+        SetValue(*row, 1, "changed");
         EXPECT_EQ(ValueOf(row->GetFieldValue(1)), "text changed");
         EXPECT_EQ(ValueOf(row->GetFieldValue(3)), "number 2");
     }
@@ -295,9 +292,7 @@ TEST_F(KeptRowsTest, AChangedCopyLeavesTheKeptRowsAlone) {
     Rows kept(db, "Select * From [Shape] ORDER BY [AX] DESC", 2);
     Rows other(db, "Select * From [Shape] ORDER BY [AX] DESC", 2);
     kept->MoveNext();
-    kept->Edit();
-    kept->SetFieldValue(1, "changed");
-    kept->Update();
+    SetValue(*kept, 1, "changed");
     AddShape(*kept, "F", "F", 9);
     kept->Delete();
     kept->MoveNext();

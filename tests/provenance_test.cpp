@@ -173,9 +173,7 @@ TEST_F(ProvenanceTest, ShowsThatASectionWasChangedSinceTheBuild) {
         CSectionRecordset rows(&database);
         rows.Open(CSectionRecordset::Dynaset,
                   "Select * From [IPE Shape] WHERE [VessaName] = 'IPE300'");
-        rows.Edit();
-        rows.SetFieldValue(8, COleVariant(8361.0));
-        rows.Update();
+        SetValue(rows, 8, COleVariant(8361.0));
     }
     const sections::Section changed = read("IPE300");
     EXPECT_TRUE(changed.isChanged());

@@ -9,7 +9,7 @@ using namespace testsupport;
 
 namespace {
 
-constexpr const char* Values = " OD=100 T=5 AX=14.9 I=168 Z=45.1";
+const std::string Values = " OD=100 T=5 AX=14.9 I=168 Z=45.1";
 
 class UserFileTest : public FacadeTest {
 protected:
@@ -36,11 +36,8 @@ protected:
 TEST_F(UserFileTest, KeepsSectionsForTheFacade) {
     constexpr int Pipe = 2006;
     Create("--password secret");
-    EXPECT_EQ(User("add", std::string("--password secret Pipe 'My 100'") + Values).status, 0);
-    EXPECT_EQ(
-        User("add", std::string("--password secret pipe 'My 200' --vessa-name mine2") + Values)
-            .status,
-        0);
+    EXPECT_EQ(User("add", "--password secret Pipe 'My 100'" + Values).status, 0);
+    EXPECT_EQ(User("add", "--password secret pipe 'My 200' --vessa-name mine2" + Values).status, 0);
     const Outcome changed =
         User("update", "--password secret Pipe my100 t=6 AX=17.7 I=197 Z=53.1 --rename 'My 101'");
     EXPECT_EQ(changed.status, 0) << changed.output;
@@ -83,7 +80,7 @@ TEST_F(UserFileTest, KeepsGenericShapesInTheUnitsOfTheUser) {
 
 TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
     Create();
-    ASSERT_EQ(User("add", std::string("Pipe P1") + Values).status, 0);
+    ASSERT_EQ(User("add", "Pipe P1" + Values).status, 0);
     const std::string other = File("other.db3");
     MakeCatalogue(other, 1);
     const std::string before = ReadFile(m_file);
@@ -112,16 +109,16 @@ TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
         {"add", "Pipe P2 OD=0", "the outside diameter (OD) is 0 MM; it must be"},
         {"add", "Pipe P2 T=-1", "the wall thickness (T) is -1 MM; it must be"},
         {"add", "Pipe P2 OD=1 od=2", "\"od=2\": OD is given twice"},
-        {"add", std::string("Pipe \"6' pipe\"") + Values, "section's name: it holds a quote"},
-        {"add", std::string("Pipe ''") + Values, "section's name: it is empty"},
-        {"add", std::string("Pipe 'P2 '") + Values, "section's name: it begins or ends with"},
-        {"add", std::string("Pipe P2 --vessa-name A+B") + Values, R"(VessaName: it holds a "+")"},
-        {"add", std::string("Pipe 'P\n2'") + Values, "it holds a control character"},
-        {"add", std::string("Pipe R\u00F6hre") + Values, "--vessa-name"},
+        {"add", "Pipe \"6' pipe\"" + Values, "section's name: it holds a quote"},
+        {"add", "Pipe ''" + Values, "section's name: it is empty"},
+        {"add", "Pipe 'P2 '" + Values, "section's name: it begins or ends with"},
+        {"add", "Pipe P2 --vessa-name A+B" + Values, R"(VessaName: it holds a "+")"},
+        {"add", "Pipe 'P\n2'" + Values, "it holds a control character"},
+        {"add", "Pipe R\u00F6hre" + Values, "--vessa-name"},
         {"add", "Pipe " + std::string(65, 'P') + Values, "more than 64 characters"},
-        {"add", std::string("Pipe P1 --vessa-name p2") + Values,
+        {"add", "Pipe P1 --vessa-name p2" + Values,
          R"("P1": Duplicate section name!! Record not saved.)"},
-        {"add", std::string("Pipe P2 --vessa-name p1") + Values,
+        {"add", "Pipe P2 --vessa-name p1" + Values,
          R"(the section "P1" of table "Pipe" has the VessaName "P1" already)"},
         {"add", "Prismatic P1 D=10 B=10",
          R"(table "Prismatic": the section "P1" of table "Pipe" has the VessaName "P1" already)"},
@@ -164,27 +161,21 @@ TEST_F(UserFileTest, ReadsBackExactlyWhatItWrites) {
 
 TEST_F(UserFileTest, ImportsAllOrNothing) {
     Create();
-    ASSERT_EQ(User("add", std::string("Pipe P1") + Values).status, 0);
+    ASSERT_EQ(User("add", "Pipe P1" + Values).status, 0);
     const std::string before = ReadFile(m_file);
     const std::string list = File("list.csv");
     std::string wide = "Name";
     for (int i = 0; i < 100000; ++i)
         wide += ",C" + std::to_string(i);
-    constexpr const char* Beam = "Name,D,BF,TF,TW,AX,IZ\n,mm,mm,mm,mm,cm^2,cm^4\n";
-    constexpr const char* Pipe = "Name,OD,T\n,mm,mm\n";
-    const std::string beam = Beam;
-    const std::string pipe = Pipe;
+    const std::string beam = "Name,D,BF,TF,TW,AX,IZ\n,mm,mm,mm,mm,cm^2,cm^4\n";
+    const std::string pipe = "Name,OD,T\n,mm,mm\n";
     const struct {
         const char* family;
         std::string text;
         const char* message;
     } cases[] = {
         {"Pipe", "", "list.csv: the file is empty; its first line names the columns"},
-        {"Pipe",
-         std::string("\x7F"
-                     "ELF\0\0",
-                     6),
-         "list.csv:1: this is no text, but binary data"},
+        {"Pipe", std::string("\177ELF\0\0", 6), "list.csv:1: this is no text, but binary data"},
         {"Pipe", wide + "\n", "list.csv:2: the line of units is missing"},
         {"Pipe", wide + "\n" + wide + "\n", "list.csv:1: column C0: not a column of the table"},
         {"Pipe", "Name,OD,T,OD\n,,,\n", "list.csv:1: column OD: the column occurs twice"},
@@ -293,8 +284,8 @@ TEST_F(UserFileTest, TakesTheGivenPasswordBeforeThatOfTheEnvironment) {
 
 TEST_F(UserFileTest, UpdatesTheSectionOfThatPublicNameFirst) {
     Create();
-    EXPECT_EQ(User("add", std::string("Pipe First --vessa-name Second") + Values).status, 0);
-    EXPECT_EQ(User("add", std::string("Pipe Second --vessa-name Other") + Values).status, 0);
+    EXPECT_EQ(User("add", "Pipe First --vessa-name Second" + Values).status, 0);
+    EXPECT_EQ(User("add", "Pipe Second --vessa-name Other" + Values).status, 0);
     EXPECT_TRUE(Holds(User("update", "Pipe second Z=45.2"), "Other"));
 }
 
@@ -338,9 +329,7 @@ TEST_F(UserFileTest, KeepsTheGapOfDoubleAnglesWhereTheFileHasAColumnForIt) {
         ASSERT_EQ(deleteField(table.Get(), "GAP"), 1);
         CSectionRecordset info(db.Get());
         info.Open(CSectionRecordset::Table, "DBInfo");
-        info.Edit();
-        info.SetFieldValue(3, "1");
-        info.Update();
+        SetValue(info, 3, "1");
     }
     EXPECT_EQ(modulus(), 0); // not known
     EXPECT_EQ(User("update", "'Double Angle' 2L IX=14").status, 0);
@@ -360,12 +349,12 @@ TEST_F(UserFileTest, RefusesAFileOfAnotherLayout) {
     EXPECT_TRUE(Holds(User("list", "Pipe"),
                       "table \"Pipe\": its columns are RECNO, Name, VessaName, D, AX, I; "
                       "expected RECNO, Name, VessaName, OD, T, AX, I, Z."));
-    EXPECT_EQ(User("add", std::string("Pipe P1") + Values).status, 1);
+    EXPECT_EQ(User("add", "Pipe P1" + Values).status, 1);
 }
 
 TEST_F(UserFileTest, TellsOfSectionsThatAnalysisEnginesDoNotSee) {
     Create();
-    ASSERT_EQ(User("add", std::string("Pipe P1") + Values).status, 0);
+    ASSERT_EQ(User("add", "Pipe P1" + Values).status, 0);
     {
         CSectionDatabase database;
         database.Open(m_file.c_str());
@@ -390,7 +379,7 @@ TEST_F(UserFileTest, TellsOfSectionsThatAnalysisEnginesDoNotSee) {
 TEST_F(UserFileTest, LeavesAReadOnlyFileAlone) {
     Create();
     SetFileAttributesA(m_file.c_str(), FILE_ATTRIBUTE_READONLY);
-    EXPECT_TRUE(Holds(User("add", std::string("Pipe P1") + Values), "the file is read-only"));
+    EXPECT_TRUE(Holds(User("add", "Pipe P1" + Values), "the file is read-only"));
     EXPECT_EQ(User("list", "Pipe").status, 0);
     EXPECT_EQ(GetFileAttributesA(m_file.c_str()), FILE_ATTRIBUTE_READONLY);
 }
@@ -446,7 +435,7 @@ TEST_F(UserFileTest, AKilledAddLeavesAWholeFile) {
               " user add " + Quote(m_file) + " Pipe " + name + Values + " > /dev/null");
         EXPECT_EQ(User("list", "Pipe").status, 0);
     }
-    EXPECT_EQ(User("add", std::string("Pipe Last") + Values).status, 0);
+    EXPECT_EQ(User("add", "Pipe Last" + Values).status, 0);
     EXPECT_TRUE(Holds(User("list", "Pipe"), "LAST"));
 }
 
