@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 
 namespace testsupport {
 
@@ -17,6 +18,15 @@ inline void MakeCatalogue(const std::string& path, int count, const char* connec
     CatalogueFile file(path, connect);
     file.AddTable("W Shape", LayoutId::IShape,
                   std::vector<Section>(static_cast<std::size_t>(count), W12X26));
+}
+
+/// The summary of a section in units of the caller; null where there is none.
+inline std::unique_ptr<SECTIONINFO> SummaryOf(int index, const char* name, unsigned length,
+                                              unsigned force) {
+    int type = 0;
+    auto* record = static_cast<SectionRecord*>(
+        Facade::GetSectionStructProperty(index, name, type, length, force, ""));
+    return std::unique_ptr<SECTIONINFO>(dynamic_cast<SECTIONINFO*>(record));
 }
 
 inline std::string WithBackslashes(std::string path) {

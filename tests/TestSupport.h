@@ -1,6 +1,8 @@
 // Helpers shared by the tests: temporary folders, whole files, and children that may be killed.
 #pragma once
 
+#include "platform/Exceptions.h"
+
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
@@ -59,6 +61,18 @@ inline testing::AssertionResult Holds(std::string_view text, std::string_view pa
     return (text.find(part) != std::string_view::npos ? testing::AssertionSuccess()
                                                       : testing::AssertionFailure())
            << "\"" << part << "\" in \"" << text << "\"";
+}
+
+/// Whether a call refuses its arguments by the exception for that.
+template <class Body>
+bool IsRefused(Body body) {
+    try {
+        body();
+    } catch (CInvalidArgException* e) {
+        e->Delete();
+        return true;
+    }
+    return false;
 }
 
 /// Starts a child that runs `body` and exits with the int it returns (99 on an exception). It does

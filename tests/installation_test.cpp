@@ -96,10 +96,7 @@ TEST_F(InstallationTest, HollowSectionsHaveThePrintedFigures) {
         {34, "RHS150X100X6.3", 28.55, 848.27}, {34, "RHS300X200X10", 92.57, 11312.7},
     };
     for (const auto& [index, name, area, inertia] : sections) {
-        int type = 0;
-        auto* record = static_cast<SectionRecord*>(
-            Facade::GetSectionStructProperty(index, name, type, 1005, 2007, ""));
-        const std::unique_ptr<SECTIONINFO> info(dynamic_cast<SECTIONINFO*>(record));
+        const auto info = SummaryOf(index, name, 1005, 2007);
         ASSERT_TRUE(info) << name;
         EXPECT_NEAR(info->Area / area, 1, 1e-6) << name;
         EXPECT_NEAR(info->MajorInertia / inertia, 1, 1e-6) << name;

@@ -26,19 +26,12 @@ std::vector<COleVariant> CutFromW12X26() {
     const double major = 204 + 7.65 * wayOut * wayOut - web * std::pow(opening, 3) / 12;
     const double post = 3;
     const double spacing = 2 * (post + opening / 2 / std::tan(std::numbers::pi / 3));
-    return {COleVariant("W12X26"),
-            expanded,
-            area,
-            6.49,
-            flange,
-            web,
-            major,
-            17.3,
-            opening,
-            spacing,
-            post,
-            (expanded - opening) / 2,
-            60.0};
+    const double tee = (expanded - opening) / 2;
+    std::vector<COleVariant> row{COleVariant("W12X26")};
+    for (const double value :
+         {expanded, area, 6.49, flange, web, major, 17.3, opening, spacing, post, tee, 60.0})
+        row.emplace_back(value);
+    return row;
 }
 
 class MaterialQueryTest : public QueryTest {
@@ -64,22 +57,13 @@ protected:
         rows.Open(CSectionRecordset::Table, "Alloy");
         int number = 1000; // beyond those that are built
         const auto add = [&](const char* product, double lower, double upper, double welded) {
-            const std::vector<COleVariant> values{COleVariant(++number),
-                                                  COleVariant("6061"),
-                                                  COleVariant("6061"),
-                                                  COleVariant(product),
-                                                  lower,
-                                                  upper,
-                                                  welded,
-                                                  0.0,
-                                                  38.0,
-                                                  35.0,
-                                                  35.0,
-                                                  24.0,
-                                                  10000.0};
             rows.AddNew();
-            for (int i = 0; i < std::ssize(values); ++i)
-                rows.SetFieldValue(i, values[static_cast<std::size_t>(i)]);
+            rows.SetFieldValue(0, COleVariant(++number));
+            int column = 1;
+            for (const char* text : {"6061", "6061", product})
+                rows.SetFieldValue(column++, text);
+            for (const double value : {lower, upper, welded, 0.0, 38.0, 35.0, 35.0, 24.0, 10000.0})
+                rows.SetFieldValue(column++, COleVariant(value));
             rows.Update();
         };
         add("Extrusions", 0, 0.5, 0);

@@ -18,16 +18,6 @@ using namespace testsupport;
 
 namespace {
 
-bool IsRefused(const std::function<void()>& body) {
-    try {
-        body();
-    } catch (CInvalidArgException* e) {
-        e->Delete();
-        return true;
-    }
-    return false;
-}
-
 unsigned PermissionsOf(const std::string& path) {
     struct stat status {};
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 07777U : 0;

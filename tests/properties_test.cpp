@@ -74,13 +74,6 @@ bool IsException(const std::string& name, const char* column) {
     });
 }
 
-std::unique_ptr<SECTIONINFO> Summary(int index, const char* name, unsigned length, unsigned force) {
-    int type = 0;
-    auto* record = static_cast<SectionRecord*>(
-        Facade::GetSectionStructProperty(index, name, type, length, force, ""));
-    return std::unique_ptr<SECTIONINFO>(dynamic_cast<SECTIONINFO*>(record));
-}
-
 class PublishedSections : public OnBuiltCatalogues<FacadeTest> {
 protected:
     static void SetUpTestSuite() { Build({"AISCSections", "BritishSections", "EuropeanSections"}); }
@@ -114,7 +107,7 @@ TEST_F(PublishedSections, HaveThePrintedWeightsModuliAndRadii) {
         const std::string& name = csv.Text(row, "VessaName");
         const bool isAmerican = index == American;
         const auto info =
-            Summary(index, name.c_str(), isAmerican ? 1001 : 1005, isAmerican ? 2002 : 2003);
+            SummaryOf(index, name.c_str(), isAmerican ? 1001 : 1005, isAmerican ? 2002 : 2003);
         ASSERT_TRUE(info) << name;
         info->WeightPerLength *= isAmerican ? 12 : 100; // per foot, per metre
         for (const auto& [column, value] : columns) {
@@ -133,9 +126,9 @@ TEST_F(PublishedSections, AreTheSameInEverySystemOfUnits) {
     for (const CsvTable::Record& row : csv.Records()) {
         const int index = static_cast<int>(csv.Number(row, "Catalogue"));
         const std::string& name = csv.Text(row, "VessaName");
-        const auto metric = Summary(index, name.c_str(), 1004, 2005);
+        const auto metric = SummaryOf(index, name.c_str(), 1004, 2005);
         for (const System& system : Systems) {
-            const auto info = Summary(index, name.c_str(), system.length, system.force);
+            const auto info = SummaryOf(index, name.c_str(), system.length, system.force);
             const auto expect = [&](double value, double inMillimetres, double power) {
                 EXPECT_NEAR(value / (inMillimetres * std::pow(system.perMillimetre, power)), 1,
                             1e-5)

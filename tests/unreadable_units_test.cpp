@@ -107,13 +107,8 @@ float FromDisplayOfAll() {
 }
 
 float FromSummary() { // the modulus is 2 I / D
-    int type = 0;
-    const std::unique_ptr<SectionRecord> record(static_cast<SectionRecord*>(
-        Facade::GetSectionStructProperty(American, "W12X26", type, Millimetre, 2007, "")));
-    if (!record)
-        return NotGiven;
-    const auto& info = dynamic_cast<const SECTIONINFO&>(*record);
-    return static_cast<float>(2 * info.MajorInertia / info.MajorModulus);
+    const auto info = SummaryOf(American, "W12X26", Millimetre, 2007);
+    return info ? static_cast<float>(2 * info->MajorInertia / info->MajorModulus) : NotGiven;
 }
 
 struct {

@@ -70,12 +70,9 @@ TEST_F(UserFileTest, KeepsGenericShapesInTheUnitsOfTheUser) {
     EXPECT_EQ(User("add", "Rectangle 'Bar 4x1' D=4 B=1 AX=4 IZ=5.33 IY=0.333 IX=1.12").status, 0);
     Facade::SetGenericTableFileName(m_file.c_str());
     EXPECT_EQ(Names(GenericTableIndex, 7), "BAR4X1");
-    int type = 0;
-    auto* record = static_cast<SectionRecord*>(
-        Facade::GetSectionStructProperty(GenericTableIndex, "Bar4x1", type, 1004, 2007, ""));
-    ASSERT_NE(record, nullptr);
-    EXPECT_NEAR(dynamic_cast<const SECTIONINFO&>(*record).Area, 4 * 25.4 * 25.4, 1e-3);
-    Facade::FreeSectionData(record);
+    const auto bar = SummaryOf(GenericTableIndex, "Bar4x1", 1004, 2007);
+    ASSERT_TRUE(bar);
+    EXPECT_NEAR(bar->Area, 4 * 25.4 * 25.4, 1e-3);
 }
 
 TEST_F(UserFileTest, RefusesBadInputAndChangesNothing) {
@@ -309,11 +306,9 @@ TEST_F(UserFileTest, KeepsTheGapOfDoubleAnglesWhereTheFileHasAColumnForIt) {
         " D=100 B=100 T=10 AX=38.3 IZ=354 IY=659 IX=13.9 CY=28.2 CZ=28.2 RV=30.4 ALPHA=0";
     const auto modulus = [this] {
         Facade::m_szUserTableFileName = m_file.c_str();
-        int type = 0;
-        const std::unique_ptr<SectionRecord> record(static_cast<SectionRecord*>(
-            Facade::GetSectionStructProperty(UserTableIndex, "2L", type, 1005, 2007, "")));
+        const auto info = SummaryOf(UserTableIndex, "2L", 1005, 2007);
         Facade::ExitSectionDBInterface();
-        return dynamic_cast<const SECTIONINFO&>(*record).MinorModulus;
+        return info->MinorModulus;
     };
     Create();
     EXPECT_TRUE(Holds(User("add", std::string("'Double Angle' 2L") + Angles), "missing: GAP"));
