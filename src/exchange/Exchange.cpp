@@ -15,6 +15,9 @@ constexpr std::array Formats{
     ExchangeFormat{"openseespy", ".py", "the same in Python", WriteOpenSeesPython},
     ExchangeFormat{"aster", ".comm", "characteristics of beams for Code_Aster", WriteCodeAster},
     ExchangeFormat{"ifc", ".ifc", "profiles of IFC4", WriteIfc},
+#ifdef DBSECTION_XLSX
+    ExchangeFormat{"xlsx", ".xlsx", "a spreadsheet, with a sheet for each family", WriteXlsx},
+#endif
 };
 
 } // namespace

@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -24,7 +25,8 @@ namespace dbsection {
 enum class ExchangeLength : std::uint8_t { Millimetre, Inch };
 
 struct ExchangeOptions {
-    ExchangeLength length = ExchangeLength::Millimetre;
+    /// Without one mm, and in spreadsheets the units of the catalogue.
+    std::optional<ExchangeLength> length{};
     Symbols symbols = Symbols::Program; ///< in what a person reads
     std::function<void()> progress{};   ///< called behind each section
 
@@ -41,6 +43,7 @@ struct ExchangeFormat {
                   std::ostream& file);
 };
 
+/// Those that the library was built with.
 DBSECTION_API std::span<const ExchangeFormat> ExchangeFormats();
 
 /// The format of that name, or null.

@@ -16,5 +16,7 @@ void WriteCodeAster(std::span<const sections::Section> sections, const ExchangeO
 
 void WriteIfc(std::span<const sections::Section> sections, const ExchangeOptions& options,
               std::ostream& file);
+void WriteXlsx(std::span<const sections::Section> sections, const ExchangeOptions& options,
+               std::ostream& file);
 
 } // namespace dbsection

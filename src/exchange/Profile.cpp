@@ -17,10 +17,10 @@ constexpr sections::Unit<4> Millimetre4{1};
 
 } // namespace
 
-const ExchangeUnits& ExchangeUnits::Of(ExchangeLength length) {
+const ExchangeUnits& ExchangeUnits::Of(std::optional<ExchangeLength> length) {
     static constexpr std::array Units{ExchangeUnits{"mm", 1, "N", 210000},
                                       ExchangeUnits{"in", 25.4, "kip", 29000}};
-    return Units[static_cast<std::size_t>(length)];
+    return Units[static_cast<std::size_t>(length.value_or(ExchangeLength::Millimetre))];
 }
 
 Profile::Profile(sections::Section section, const ExchangeUnits& units)

@@ -16,7 +16,8 @@ struct ExchangeUnits {
     const char* force;
     double steelModulus; ///< of elasticity, as a placeholder, in force per length^2
 
-    static const ExchangeUnits& Of(ExchangeLength length);
+    /// Without a length those of mm.
+    static const ExchangeUnits& Of(std::optional<ExchangeLength> length);
 };
 
 /// Second moments of area about the principal axes.

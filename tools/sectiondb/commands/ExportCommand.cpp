@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <fmt/format.h>
 #include <iterator>
+#include <optional>
 
 namespace dbsection {
 namespace {
@@ -32,8 +33,10 @@ const ExchangeFormat& FormatNamed(const std::string& name) {
     return *format;
 }
 
-ExchangeLength LengthNamed(const std::string& name) {
-    if (name.empty() || EqualNoCase(name, "mm"))
+std::optional<ExchangeLength> LengthNamed(const std::string& name) {
+    if (name.empty())
+        return std::nullopt;
+    if (EqualNoCase(name, "mm"))
         return ExchangeLength::Millimetre;
     if (!EqualNoCase(name, "in"))
         throw UsageError(fmt::format("\"{}\" is no unit of exported files; use mm or in.", name));
@@ -50,15 +53,18 @@ struct Chosen {
     bool isByFamily = false; ///< so that single sections may be left out
 };
 
+Chosen ChooseAll(const std::vector<sections::Catalogue>& catalogues) {
+    Chosen chosen{.sections = {}, .isByFamily = true};
+    for (const sections::Catalogue& catalogue : catalogues)
+        for (const sections::Family& family : catalogue.families())
+            AddAll(chosen.sections, family);
+    return chosen;
+}
+
 /// Each name is a family's, or else a section's.
 Chosen Choose(const sections::Catalogue& catalogue, const std::vector<std::string>& names) {
     Chosen chosen;
     const std::vector<sections::Family> families = catalogue.families();
-    if (names.empty()) {
-        for (const sections::Family& family : families)
-            AddAll(chosen.sections, family);
-        chosen.isByFamily = true;
-    }
     for (const std::string& name : names) {
         const auto family = std::ranges::find_if(
             families, [&](const sections::Family& each) { return EqualNoCase(each.name(), name); });
@@ -74,13 +80,17 @@ Chosen Choose(const sections::Catalogue& catalogue, const std::vector<std::strin
 class Export : public Command {
     void Declare(CLI::App& app) override {
         app.add_option("format", m_format, KnownFormats())->required();
-        app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
+        app.add_option("catalogue", m_catalogue, "Number, file stem or name, or \"all\"")
+            ->required();
         app.add_option("names", m_names, "Families or sections (default: all)")
             ->option_text("FAMILY|NAME ...");
         app.add_option("-o,--output", m_output, "Name of the file")
             ->option_text("FILE")
             ->required();
-        app.add_option("--length", m_length, "mm (with N) or in (with kip)")->option_text("UNIT");
+        app.add_option("--length", m_length,
+                       "mm (with N) or in (with kip); without it mm, and in "
+                       "spreadsheets the units of the catalogue")
+            ->option_text("UNIT");
         m_symbols.Declare(app);
         m_catalogues.Declare(app);
     }
@@ -89,8 +99,7 @@ class Export : public Command {
         const ExchangeFormat& format = FormatNamed(m_format);
         RequireEnding(m_output, format.suffix, fmt::format("a file of format {}", format.name));
         ExchangeOptions options{LengthNamed(m_length), m_symbols.Choice()};
-        const sections::Catalogue catalogue = m_catalogues.Folder().Open(m_catalogue);
-        const Chosen chosen = Choose(catalogue, m_names);
+        const Chosen chosen = FindSections();
         std::vector<std::string> faults;
         if (chosen.isByFamily)
             options.leaveOut = [&](const sections::Error& fault) {
@@ -102,6 +111,22 @@ class Export : public Command {
         if (!faults.empty())
             Tell(fmt::format("{} left out; the first one: {}", Counted(faults.size(), "section"),
                              faults.front()));
+    }
+
+    Chosen FindSections() const {
+        const CatalogueFolder folder = m_catalogues.Folder();
+        const bool isAll = EqualNoCase(m_catalogue, "all");
+        if (!isAll && !m_names.empty())
+            return Choose(folder.Open(m_catalogue), m_names);
+        if (!isAll)
+            return ChooseAll({folder.Open(m_catalogue)});
+        if (!m_names.empty())
+            throw UsageError("Name the catalogue of the families and sections, in place of all.");
+        folder.RequireThere();
+        CatalogueFaults faults;
+        const std::vector<sections::Catalogue> catalogues = OpenAll(folder, faults);
+        faults.ThrowIfAny();
+        return ChooseAll(catalogues);
     }
 
     /// `faults` are those that are found while it is written.
