@@ -40,7 +40,8 @@ double Allowed(const PrintedFigure& printed) {
     const std::size_t point = printed.figure.find('.');
     const auto decimals = point == std::string::npos ? 0 : printed.figure.size() - point - 1;
     constexpr double Rounding = 0.01;
-    return std::pow(10, -static_cast<double>(decimals)) / 2 + Rounding * std::stod(printed.figure);
+    return std::pow(10, -static_cast<double>(decimals)) / 2 +
+           Rounding * std::abs(std::stod(printed.figure));
 }
 
 } // namespace

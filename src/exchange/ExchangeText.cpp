@@ -104,7 +104,8 @@ std::vector<std::string> HeadRemarks(const char* what, const ExchangeOptions& op
 }
 
 std::vector<std::string> Remarks(const Profile& profile, const ExchangeOptions& options) {
-    constexpr std::array Columns{"AX", "IZ", "IY", "IX", "CW", "SZ", "SY", "ZZ", "ZY"};
+    constexpr std::array Columns{"AX", "IZ", "IY", "IX", "CW", "SZ", "SY",
+                                 "ZZ", "ZY", "AY", "AZ", "EY", "EZ", "Perimeter"};
     const std::string standard = profile.Standard();
     std::vector<std::string> lines{OneLine(profile.Section().name() + ", " + profile.Catalogue() +
                                            ", " + profile.Section().family().name() +

@@ -271,6 +271,8 @@ constexpr std::array MechanicalProperties{
     Mechanical{"WarpingConstant", "IFCWARPINGCONSTANTMEASURE", "CW"},
     Mechanical{"MinimumSectionModulusY", "IFCSECTIONMODULUSMEASURE", "SZ"},
     Mechanical{"MinimumSectionModulusZ", "IFCSECTIONMODULUSMEASURE", "SY"},
+    Mechanical{"ShearCentreY", "IFCLENGTHMEASURE", "EZ"},
+    Mechanical{"ShearCentreZ", "IFCLENGTHMEASURE", "EY"},
 };
 
 std::string PropertiesOf(Instances& instances, const Profile& profile) {
@@ -289,8 +291,8 @@ std::string PropertiesOf(Instances& instances, const Profile& profile) {
     if (const auto weight = profile.Section().findDerived("Weight")) // of timber none is known
         add("MassPerLength", "IFCMASSPERLENGTHMEASURE", weight->in("kg/m"));
     if (const auto shear = profile.Shear()) {
-        add("ShearAreaZ", "IFCAREAMEASURE", shear->alongY, "'computed'");
-        add("ShearAreaY", "IFCAREAMEASURE", shear->alongZ, "'computed'");
+        add("ShearDeformationAreaZ", "IFCAREAMEASURE", shear->alongY, "'computed'");
+        add("ShearDeformationAreaY", "IFCAREAMEASURE", shear->alongZ, "'computed'");
         const Outline& outline = *profile.GetOutline();
         const Point centroid =
             Shift(profile)({outline.MinorAxis().centroid, outline.MajorAxis().centroid});

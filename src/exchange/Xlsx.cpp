@@ -177,8 +177,11 @@ public:
     void Add(const sections::Section& section) {
         Add(m_next, 0, section.name());
         Add(m_next, 1, section.programName());
+        const std::vector<std::optional<sections::Quantity>> derived = section.allDerived();
+        const std::size_t kept = m_columns.size() - derived.size();
         for (std::size_t i = 0; i < m_columns.size(); ++i)
-            AddCell(PlaceOf(i), section, m_columns[i]);
+            AddCell(PlaceOf(i), section, m_columns[i],
+                    i < kept ? section.find(m_columns[i].name) : derived[i - kept]);
         ++m_next;
     }
 
@@ -205,14 +208,13 @@ private:
             worksheet_write_string(m_sheet, row, column, line.c_str(), format));
     }
 
-    void AddCell(lxw_col_t place, const sections::Section& section, const SheetColumn& column) {
+    void AddCell(lxw_col_t place, const sections::Section& section, const SheetColumn& column,
+                 const std::optional<sections::Quantity>& quantity) {
         if (column.isText) {
             if (const auto text = section.findText(column.name))
                 Add(m_next, place, *text);
             return;
         }
-        const auto quantity =
-            column.isDerived ? section.findDerived(column.name) : section.find(column.name);
         if (!quantity || !std::isfinite(quantity->figure()))
             return;
         constexpr int Digits = 11; // beyond which rounding is seen, of what is computed

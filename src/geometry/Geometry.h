@@ -58,6 +58,7 @@ struct SectionGeometry {
     Outline outline;
     Figures figures;                       ///< the model's computed columns
     std::optional<double> assumedRadius{}; ///< of fillets, where the area told it
+    std::optional<Point> shearCenter{};    ///< where the model knows it
 };
 
 struct GeometryModel {

@@ -17,8 +17,10 @@ struct PropertySymbols {
 
 constexpr std::array Table{
     PropertySymbols{"AX", "A", "A"},
-    PropertySymbols{"AZ", "Ax", "Av,y"},
-    PropertySymbols{"AY", "Ay", "Av,z"},
+    PropertySymbols{"AY", "As,y", "As,z"}, // not Av, which resists shear forces
+    PropertySymbols{"AZ", "As,x", "As,y"},
+    PropertySymbols{"EY", "yo", "zo"},
+    PropertySymbols{"EZ", "xo", "yo"},
     PropertySymbols{"D", "d", "h"},
     PropertySymbols{"OD", "OD", "d"},
     PropertySymbols{"B", "b", "b"},
@@ -49,7 +51,7 @@ constexpr std::array Table{
     PropertySymbols{"Surface", "PB", "AL"},
     PropertySymbols{"SurfacePerMass", "SurfacePerMass", "AG"},
     PropertySymbols{"A/V", "A/V", "Am/V"},
-    PropertySymbols{"A/V box", "A/V box", "[Am/V]b"},
+    PropertySymbols{"A/V-box", "A/V box", "[Am/V]b"},
     PropertySymbols{"BF/2TF", "bf/2tf", "b/2tf"},
     PropertySymbols{"H/TW", "h/tw", "c/tw"},
     PropertySymbols{"D/T", "D/t", "d/t"},

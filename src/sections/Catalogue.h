@@ -54,7 +54,8 @@ struct Column {
 
 /// What follows from a section's columns and shape, under a name and in a unit like a column:
 /// "Weight", "SZ" and "SY" (elastic moduli), "RZ" and "RY" (radii of gyration), the centroid, the
-/// principal angle, surfaces, and what classifies plates in compression.
+/// principal angle, surfaces, areas that deform in shear, the shear center, and what classifies
+/// plates in compression.
 struct DerivedColumn : Column {
     bool isDetail; ///< asked less often
 };
@@ -79,6 +80,10 @@ public:
 
     /// The figure of one of the family's derived columns; nothing where it does not follow.
     std::optional<Quantity> findDerived(std::string_view name) const;
+
+    /// Those of all derived columns, in the order of Family::derivedColumns: quicker than one by
+    /// one.
+    std::vector<std::optional<Quantity>> allDerived() const;
 
     /// The text of a column, such as the product form of an alloy; nothing where it keeps none.
     std::optional<std::string_view> findText(std::string_view column) const;

@@ -1,4 +1,5 @@
 // What follows from a section besides the columns of its table.
+#include "geometry/Fibres.h"
 #include "platform/Text.h"
 #include "records/DerivedProperties.h"
 #include "sections/Catalogue.h"
@@ -9,24 +10,55 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace sections {
 namespace {
 
 using dbsection::DerivedProperties;
 using dbsection::Outline;
+using dbsection::SectionGeometry;
+
+/// What rules go by. The shape is made once, and when a rule asks for it.
+class Facts {
+public:
+    Facts(const Section& itsSection, const DerivedProperties& itsProperties)
+        : section(itsSection),
+          properties(itsProperties) {}
+
+    const Section& section;
+    const DerivedProperties properties;
+
+    /// Throws Error where the figures do not tell it.
+    const Outline& outline() {
+        if (!m_shape)
+            m_shape = section.shape();
+        return m_shape->outline;
+    }
+
+    /// The same where its area is the row's; otherwise throws Error.
+    const SectionGeometry& agreedShape() {
+        if (!m_agreedShape)
+            m_agreedShape = section.agreedShape();
+        return *m_agreedShape;
+    }
+
+private:
+    std::optional<SectionGeometry> m_shape;
+    std::optional<SectionGeometry> m_agreedShape;
+};
 
 /// A property in mm and N; 0, or an Error, where it does not follow.
-using Rule = double (*)(const Section& section, const DerivedProperties& properties);
+using Rule = double (*)(Facts& facts);
 
 template <double DerivedProperties::*Member>
-double property(const Section& /*section*/, const DerivedProperties& properties) {
-    return properties.*Member;
+double property(Facts& facts) {
+    return facts.properties.*Member;
 }
 
 template <double (*OfOutline)(const Outline& outline)>
-double ofOutline(const Section& section, const DerivedProperties& /*properties*/) {
-    return OfOutline(section.agreedShape().outline);
+double ofOutline(Facts& facts) {
+    return OfOutline(facts.agreedShape().outline);
 }
 
 double centroidHeight(const Outline& outline) {
@@ -37,9 +69,44 @@ double centroidOffset(const Outline& outline) {
     return outline.MinorAxis().centroid - outline.GetExtent().low.z;
 }
 
-double perimeter(const Outline& outline) { return outline.OuterPerimeter(); }
+/// Walls that are thinner than their area tells have the same outside.
+double perimeter(Facts& facts) { return facts.outline().OuterPerimeter(); }
 
-double sectionFactor(const Outline& outline) { return outline.OuterPerimeter() / outline.Area(); }
+double areaOf(Facts& facts) { return facts.section.area().in(units::mm * units::mm); }
+
+double weight(Facts& facts) { return facts.section.weight().in(units::N / units::mm); }
+
+double surfacePerMass(Facts& facts) { return perimeter(facts) / weight(facts); }
+
+double sectionFactor(Facts& facts) { return perimeter(facts) / areaOf(facts); }
+
+double boxSectionFactor(Facts& facts) {
+    const auto [low, high] = facts.outline().GetExtent();
+    return 2 * (high.z - low.z + high.y - low.y) / areaOf(facts);
+}
+
+/// Whether the axes are principal ones, without which bending goes with shear along both.
+bool hasPrincipalAxes(const Outline& outline) {
+    constexpr double Rounding = 1e-6;
+    return std::abs(outline.ProductOfInertia()) < Rounding * outline.MajorAxis().inertia;
+}
+
+template <double dbsection::ShearAreas::*Along>
+double shearArea(const Outline& outline) {
+    return hasPrincipalAxes(outline) ? dbsection::ShearAreasOf(outline).*Along : 0;
+}
+
+/// From the centroid; Nothing where the model does not know it.
+template <double dbsection::Point::*Along>
+double shearCenter(Facts& facts) {
+    constexpr double Rounding = 1e-9;
+    const auto& [outline, figures, radius, center] = facts.agreedShape();
+    if (!center)
+        return std::numeric_limits<double>::quiet_NaN();
+    const dbsection::Point centroid{outline.MinorAxis().centroid, outline.MajorAxis().centroid};
+    const double distance = (*center).*Along - centroid.*Along;
+    return std::abs(distance) < Rounding * outline.OuterPerimeter() ? 0 : distance;
+}
 
 /// The length of the web between its fillets: of the upright edges within the width the longest.
 double straightWeb(const Outline& outline) {
@@ -57,33 +124,30 @@ double straightWeb(const Outline& outline) {
     return longest;
 }
 
-double weight(const Section& section, const DerivedProperties& /*properties*/) {
-    return section.weight().in(units::N / units::mm);
+double principalAngle(Facts& facts) { return facts.section.principalAngle(); }
+
+double flangeSlenderness(Facts& facts) {
+    return facts.section.width().in(units::mm) /
+           (2 * facts.section.flangeThickness().in(units::mm));
 }
 
-double principalAngle(const Section& section, const DerivedProperties& /*properties*/) {
-    return section.principalAngle();
+double webSlenderness(Facts& facts) {
+    return ofOutline<straightWeb>(facts) / facts.section.webThickness().in(units::mm);
 }
 
-double flangeSlenderness(const Section& section, const DerivedProperties& /*properties*/) {
-    return section.width().in(units::mm) / (2 * section.flangeThickness().in(units::mm));
-}
-
-double webSlenderness(const Section& section, const DerivedProperties& properties) {
-    return ofOutline<straightWeb>(section, properties) / section.webThickness().in(units::mm);
-}
-
-double wallSlenderness(const Section& section, const DerivedProperties& /*properties*/) {
-    return section.depth().in(units::mm) / section.thickness().in(units::mm);
+double wallSlenderness(Facts& facts) {
+    return facts.section.depth().in(units::mm) / facts.section.thickness().in(units::mm);
 }
 
 /// In what a property is told.
 enum class Told : std::uint8_t {
     Length,
     PowerLength,
+    PowerArea,
     Modulus,
     Weight,
     Surface,
+    SurfacePerMass,
     Factor,
     Angle,
     Number
@@ -96,6 +160,7 @@ struct DerivedRule {
     Rule figure;
     bool (*isOf)(LayoutId layout);
     bool isDetail = false;
+    bool mayBeZero = false;
 };
 
 bool ofAny(LayoutId layout) {
@@ -121,13 +186,25 @@ constexpr std::array Rules{
                 ofAny},
     DerivedRule{"CZ", "centroid from the left face", Told::Length, ofOutline<centroidOffset>,
                 ofAny},
-    DerivedRule{"ALPHA", "angle of the principal axes", Told::Angle, principalAngle, ofAny},
-    DerivedRule{"Perimeter", "perimeter, without that of holes", Told::Length, ofOutline<perimeter>,
-                ofAny, true},
-    DerivedRule{"Surface", "outer surface per length", Told::Surface, ofOutline<perimeter>, ofAny,
+    DerivedRule{"ALPHA", "angle of the principal axes", Told::Angle, principalAngle, ofAny, false,
                 true},
-    DerivedRule{"A/V", "section factor: outer surface per volume", Told::Factor,
-                ofOutline<sectionFactor>, ofAny, true},
+    DerivedRule{"Perimeter", "perimeter, without that of holes", Told::Length, perimeter, ofAny,
+                true},
+    DerivedRule{"Surface", "outer surface per length", Told::Surface, perimeter, ofAny, true},
+    DerivedRule{"SurfacePerMass", "outer surface per mass", Told::SurfacePerMass, surfacePerMass,
+                ofAny, true},
+    DerivedRule{"A/V", "section factor: outer surface per volume", Told::Factor, sectionFactor,
+                ofAny, true},
+    DerivedRule{"A/V-box", "section factor of the box around the section", Told::Factor,
+                boxSectionFactor, ofAny, true},
+    DerivedRule{"AY", "area that deforms in shear along the minor axis, by strain energy",
+                Told::PowerArea, ofOutline<shearArea<&dbsection::ShearAreas::alongY>>, ofAny, true},
+    DerivedRule{"AZ", "area that deforms in shear along the major axis, by strain energy",
+                Told::PowerArea, ofOutline<shearArea<&dbsection::ShearAreas::alongZ>>, ofAny, true},
+    DerivedRule{"EY", "shear center from the centroid, upwards", Told::Length,
+                shearCenter<&dbsection::Point::y>, ofAny, true, true},
+    DerivedRule{"EZ", "shear center from the centroid, to the right", Told::Length,
+                shearCenter<&dbsection::Point::z>, ofAny, true, true},
     DerivedRule{"BF/2TF", "slenderness of the flanges", Told::Number, flangeSlenderness, ofFlanges,
                 true},
     DerivedRule{"H/TW", "slenderness of the web between its fillets", Told::Number, webSlenderness,
@@ -156,12 +233,16 @@ public:
             return m_length;
         case Told::PowerLength:
             return m_power;
+        case Told::PowerArea:
+            return m_power + "^2";
         case Told::Modulus:
             return m_power + "^3";
         case Told::Weight:
             return m_isMetric ? "KG/METER" : "POUND/FEET";
         case Told::Surface:
             return large + "^2/" + large;
+        case Told::SurfacePerMass:
+            return large + (m_isMetric ? "^2/TON" : "^2/KIP");
         case Told::Factor:
             return large + "^2/" + large + "^3";
         case Told::Angle:
@@ -195,6 +276,8 @@ private:
     case Told::PowerLength:
     case Told::Surface:
         return ::Quantity::Length;
+    case Told::PowerArea:
+        return ::Quantity::Area;
     case Told::Modulus:
         return ::Quantity::Modulus;
     case Told::Weight:
@@ -218,6 +301,20 @@ const DerivedRule* findRule(std::string_view name, const FamilyData& family) {
     return rule == Rules.end() || !adds(*rule, family) ? nullptr : &*rule;
 }
 
+/// Nothing where it does not follow.
+std::optional<Quantity> figureBy(const DerivedRule& rule, Facts& facts, const FamilyUnits& units) {
+    try {
+        const double figure = rule.figure(facts);
+        if (!std::isfinite(figure) || (figure == 0 && !rule.mayBeZero))
+            return std::nullopt;
+        const std::string unit = units.of(rule.told);
+        const bool isPlain = rule.told == Told::Angle || rule.told == Told::Number;
+        return Quantity(isPlain ? figure : figure / dbsection::SizeOf(unit), unit);
+    } catch (const Error&) { // its columns do not tell it
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 std::vector<DerivedColumn> Family::derivedColumns() const {
@@ -236,17 +333,18 @@ std::optional<Quantity> Section::findDerived(std::string_view name) const {
     const FamilyUnits units(*m_family);
     if (rule == nullptr || !units.areKnown())
         return std::nullopt;
-    try {
-        const double figure = rule->figure(*this, deriveProperties());
-        const bool isAngle = rule->told == Told::Angle;
-        if (!std::isfinite(figure) || (figure == 0 && !isAngle))
-            return std::nullopt;
-        const std::string unit = units.of(rule->told);
-        const bool isPlain = isAngle || rule->told == Told::Number;
-        return Quantity(isPlain ? figure : figure / dbsection::SizeOf(unit), unit);
-    } catch (const Error&) { // its columns do not tell it
-        return std::nullopt;
-    }
+    Facts facts(*this, deriveProperties());
+    return figureBy(*rule, facts, units);
+}
+
+std::vector<std::optional<Quantity>> Section::allDerived() const {
+    std::vector<std::optional<Quantity>> figures;
+    const FamilyUnits units(*m_family);
+    Facts facts(*this, deriveProperties());
+    for (const DerivedRule& rule : Rules)
+        if (units.areKnown() && adds(rule, *m_family))
+            figures.push_back(figureBy(rule, facts, units));
+    return figures;
 }
 
 FigureSource Section::derivedSource(std::string_view name) const {

@@ -49,6 +49,9 @@ struct AngleShape {
     /// Legs without fillet and toes.
     Corners Square() const { return At(0, 0); }
 
+    /// Of their middle lines, through which the shear stresses of both pass.
+    Point MeetingOfLegs() const { return {thickness / 2, thickness / 2}; }
+
     double TorsionConstant() const {
         return AngleTorsion(depth + width, thickness, radius.value,
                             ValueOr(m_parameters, "ends", 2));
@@ -92,7 +95,8 @@ SectionGeometry Angle(const Figures& section, const Figures& parameters) {
              {"CZ", minor.centroid},
              {"RV", std::sqrt(least / outline.Area())},
              {"ALPHA", PrincipalAngle(major.inertia, minor.inertia, product)}},
-            angle.radius.Assumed()};
+            angle.radius.Assumed(),
+            angle.MeetingOfLegs()};
 }
 
 /// Two angles whose legs D face each other across the gap, the outstanding legs below. The axes of
@@ -120,7 +124,7 @@ SectionGeometry DoubleAngle(const Figures& section, const Figures& parameters) {
         figures["IY"] = minor;
         figures["RV"] = std::sqrt(std::min(major.inertia, minor) / outline.Area());
     }
-    return {outline, figures, angle.radius.Assumed()};
+    return {outline, figures, angle.radius.Assumed(), Point{0, angle.thickness / 2}};
 }
 
 constexpr std::array RolledInputs{"AX", "D", "B", "T"};

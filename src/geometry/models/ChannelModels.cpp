@@ -47,10 +47,11 @@ double PlateWarping(const FlangedShape& channel, const Figures& /*figures*/) {
     return walls.WarpingConstant();
 }
 
-/// Warping constant along the middle lines, those of the tapered flanges inclined.
-double TaperedWarping(const FlangedShape& channel, const Figures& /*figures*/) {
-    const double atTip = channel.flange - channel.taper;
-    const double atWeb = channel.flange + channel.taper + channel.slope * channel.web / 2;
+/// The middle lines, those of flanges that slope inclined.
+ThinWalls MiddleLines(const FlangedShape& channel, double slope) {
+    const double taper = slope * channel.outstand / 2;
+    const double atTip = channel.flange - taper;
+    const double atWeb = channel.flange + taper + slope * channel.web / 2;
     const double tipLevel = (channel.depth - atTip) / 2;
     const double webLevel = (channel.depth - atWeb) / 2;
     ThinWalls walls({{channel.width, tipLevel},
@@ -60,7 +61,11 @@ double TaperedWarping(const FlangedShape& channel, const Figures& /*figures*/) {
     walls.Join(0, 1, atTip, atWeb);
     walls.Join(1, 2, channel.web);
     walls.Join(2, 3, atWeb, atTip);
-    return walls.WarpingConstant();
+    return walls;
+}
+
+double TaperedWarping(const FlangedShape& channel, const Figures& /*figures*/) {
+    return MiddleLines(channel, channel.slope).WarpingConstant();
 }
 
 using ChannelWarping = double (*)(const FlangedShape& channel, const Figures& figures);
@@ -81,7 +86,8 @@ SectionGeometry Channel(const Figures& section, const Figures& parameters) {
     figures["IX"] = (flanged.*Torsion)(radius.value);
     figures["CZ"] = outline.MinorAxis().centroid;
     figures["CW"] = Warping(flanged, figures);
-    return {outline, figures, radius.Assumed()};
+    const double slope = Warping == ParallelWarping ? 0 : flanged.slope; // as they are published
+    return {outline, figures, radius.Assumed(), MiddleLines(flanged, slope).ShearCenter()};
 }
 
 constexpr ComputedColumn PlateWarpingColumn = Warping(0.02, "thin plates of even thickness");

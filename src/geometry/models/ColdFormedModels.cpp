@@ -139,6 +139,7 @@ SectionGeometry OfMiddleLine(const MiddleLine& line, const Strip& strip,
                              const Figures& parameters) {
     RequireRoomForBends(line, strip.BendRadius());
     const Outline outline(BentStrip(line, strip.thickness, strip.radius));
+    const ThinWalls walls = ThinWalls::Strip(line, strip.thickness, strip.BendRadius());
     const double warpingRadius = strip.BendRadius() * ValueOr(parameters, "warpingCorners", 1);
     const AxisProperties major = outline.MajorAxis();
     const AxisProperties minor = outline.MinorAxis();
@@ -146,10 +147,12 @@ SectionGeometry OfMiddleLine(const MiddleLine& line, const Strip& strip,
             {{"AX", outline.Area()},
              {"IZ", major.inertia},
              {"IY", minor.inertia},
-             {"IX", ThinWalls::Strip(line, strip.thickness, strip.BendRadius()).TorsionConstant()},
+             {"IX", walls.TorsionConstant()},
              {"CW", ThinWalls::Strip(line, strip.thickness, warpingRadius).WarpingConstant()},
              {"CZ", minor.centroid},
-             {"CY", major.centroid}}};
+             {"CY", major.centroid}},
+            std::nullopt,
+            walls.ShearCenter()};
 }
 
 template <MiddleLine (*Line)(const Strip&)>

@@ -51,7 +51,7 @@ SectionGeometry RectangularTube(const Figures& section, const Figures& parameter
     RequireMass(outline, parameters);
     Figures figures = PlaneFigures(outline);
     figures["IX"] = 4 * std::pow(tube.Enclosed(), 2) * tube.wall / tube.Length();
-    return {outline, figures};
+    return {outline, figures, std::nullopt, Point{}};
 }
 
 /// The same with the torsion constant of EN 10210-2 and EN 10219-2, which count the wall itself,
@@ -93,7 +93,9 @@ SectionGeometry RoundTube(const Figures& section, const Figures& parameters) {
     return {outline,
             {{"AX", pi / 4 * (std::pow(outside, 2) - std::pow(inside, 2))},
              {"I", pi / 64 * (std::pow(outside, 4) - std::pow(inside, 4))},
-             {"Z", (std::pow(outside, 3) - std::pow(inside, 3)) / 6}}};
+             {"Z", (std::pow(outside, 3) - std::pow(inside, 3)) / 6}},
+            std::nullopt,
+            Point{}};
 }
 
 constexpr std::array RectangularInputs{"D", "B", "T"};

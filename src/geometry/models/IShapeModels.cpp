@@ -27,7 +27,7 @@ SectionGeometry IShape(const Figures& section, const Figures& parameters) {
     const double flanges = flanged.flange * std::pow(flanged.width, 3) / 6;
     const double inertia = flanges + ValueOr(parameters, "rest", 1) * (figures["IY"] - flanges);
     figures["CW"] = inertia * between * between / 4;
-    return {outline, figures, radius.Assumed()};
+    return {outline, figures, radius.Assumed(), Point{}};
 }
 
 /// The tee over an opening, and its image below. The corners of the openings are sharp: they are
@@ -55,7 +55,9 @@ SectionGeometry Castellated(const Figures& section, const Figures& parameters) {
              {"IZ", outline.MajorAxis().inertia},
              {"IY", outline.MinorAxis().inertia},
              {"DT", tee},
-             {"S", 2 * post + opening / std::tan(cut)}}};
+             {"S", 2 * post + opening / std::tan(cut)}},
+            std::nullopt,
+            Point{}};
 }
 
 constexpr GeometryParameter Rest{"rest", Quantity::Number,

@@ -29,7 +29,9 @@ SectionGeometry Rectangle(const Figures& section, const Figures&) {
             {{"AX", width * depth},
              {"IZ", width * std::pow(depth, 3) / 12},
              {"IY", depth * std::pow(width, 3) / 12},
-             {"IX", RectangleTorsion(width, depth)}}};
+             {"IX", RectangleTorsion(width, depth)}},
+            std::nullopt,
+            Point{}};
 }
 
 /// A piece of lumber, whose nominal depth and width in inches tell the dressed ones: half an inch
@@ -50,7 +52,9 @@ SectionGeometry RoundBar(const Figures& section, const Figures&) {
     const double diameter = Dimension(section, "D");
     const Outline outline(RectangleCorners(diameter, diameter, diameter / 2));
     return {outline,
-            {{"AX", pi / 4 * diameter * diameter}, {"I", pi / 64 * std::pow(diameter, 4)}}};
+            {{"AX", pi / 4 * diameter * diameter}, {"I", pi / 64 * std::pow(diameter, 4)}},
+            std::nullopt,
+            Point{}};
 }
 
 /// A flat with a bulb on one side of its upper edge (EN 10067). The bulb's lower side rises from

@@ -23,7 +23,7 @@ SectionGeometry Tee(const Figures& section, const Figures& parameters) {
     figures["CW"] = std::pow(flanged.width * flanged.flange, 3) / 144 +
                     std::pow((flanged.depth - flanged.flange / 2) * flanged.web, 3) / 36;
     figures["CY"] = flanged.depth - outline.MajorAxis().centroid;
-    return {outline, figures, radius.Assumed()};
+    return {outline, figures, radius.Assumed(), Point{0, flanged.depth - flanged.flange / 2}};
 }
 
 constexpr ComputedColumn TeeTorsion = Torsion(0.05, JunctionFit);

@@ -67,13 +67,23 @@ struct ThreePlates {
                3;
     }
 
-    /// From the flanges' moments of inertia and their distance.
+    // From the flanges' moments of inertia and their distance.
+
     double WarpingConstant() const {
-        const double between = depth - (upper.thickness + lower.thickness) / 2;
-        const double a = std::pow(upper.width, 3) * upper.thickness / 12;
-        const double b = std::pow(lower.width, 3) * lower.thickness / 12;
-        return a * b / (a + b) * between * between;
+        const double a = InertiaOf(upper);
+        const double b = InertiaOf(lower);
+        return a * b / (a + b) * BetweenFlanges() * BetweenFlanges();
     }
+    Point ShearCenter() const {
+        const double share = InertiaOf(upper) / (InertiaOf(upper) + InertiaOf(lower));
+        return {0, (lower.thickness - depth) / 2 + BetweenFlanges() * share};
+    }
+
+private:
+    static double InertiaOf(const Plate& flange) {
+        return std::pow(flange.width, 3) * flange.thickness / 12;
+    }
+    double BetweenFlanges() const { return depth - (upper.thickness + lower.thickness) / 2; }
 };
 
 SectionGeometry WeldedI(const Figures& section, const Figures& parameters) {
@@ -83,7 +93,7 @@ SectionGeometry WeldedI(const Figures& section, const Figures& parameters) {
     Figures figures = PlaneFigures(outline);
     figures["IX"] = plates.TorsionConstant();
     figures["CW"] = plates.WarpingConstant();
-    return {outline, figures};
+    return {outline, figures, std::nullopt, plates.ShearCenter()};
 }
 
 constexpr std::array Inputs{"D", "BF", "TF", "TW"};
