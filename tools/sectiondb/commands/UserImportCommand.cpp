@@ -1,4 +1,5 @@
 #include "commands/Command.h"
+#include "commands/ListFaults.h"
 #include "commands/UserSection.h"
 #include "files/CatalogueFolder.h"
 #include "output/Escapes.h"
@@ -21,31 +22,6 @@ struct ListColumn {
     std::string name;
     Quantity quantity;
     std::string unit;
-};
-
-/// The faults of a list, of which a person is told the first ones.
-class Faults {
-public:
-    void Add(std::string fault) {
-        if (++m_count <= Told)
-            m_text += "\n" + fault;
-    }
-
-    /// Throws a CommandError where there are some.
-    void ThrowIfAny(const std::string& list) const {
-        if (m_count == 0)
-            return;
-        const std::string more =
-            m_count > Told ? fmt::format("\n... and {} more.", m_count - Told) : "";
-        throw CommandError(fmt::format(
-            "{}: nothing is imported, since {} at fault:{}{}", list,
-            m_count == 1 ? "a line is" : fmt::format("{} lines are", m_count), m_text, more));
-    }
-
-private:
-    static constexpr std::size_t Told = 20;
-    std::string m_text;
-    std::size_t m_count = 0;
 };
 
 /// Reads the sections of a list: a line of columns, one of units, and a line for each section.
@@ -129,7 +105,7 @@ class UserImport : public Command {
         const sections::Family family = FindFamily(change.read(), m_family);
         const SectionList list(csv, family);
         std::int64_t last = 0;
-        Faults faults;
+        ListFaults faults;
         {
             Progress progress("import", list.Records().size());
             for (const CsvTable::Record& record : list.Records()) {
@@ -146,7 +122,7 @@ class UserImport : public Command {
                 progress.Advance();
             }
         }
-        faults.ThrowIfAny(m_list);
+        faults.ThrowIfAny(m_list, "nothing is imported");
         change.commit();
         fmt::print("{}: {} added to the table \"{}\"\n", PlainText(m_file.path.string()),
                    Counted(list.Records().size(), "section"), family.name());
