@@ -182,6 +182,19 @@ TEST_F(ExchangeTest, CallsPropertiesAsAStandardDoes) {
         Holds(remarks("--symbols Eurocode"), "Iy = 83600000., Iz = 6040000., IT = 199000."));
 }
 
+TEST_F(ExchangeTest, ShowsPropertiesWithTheSymbolsOfAStandard) {
+    const auto shown = [](const std::string& options) {
+        return Program("show European 'IPE 300' --folder " + folder->Path() + " " + options).output;
+    };
+    EXPECT_EQ(shown("--json").find("symbol"), std::string::npos);
+    const std::string json = shown("--json --symbols aisc");
+    EXPECT_NE(json.find(R"({"column": "IZ", "symbol": "Ix", "value": 8360,)"), std::string::npos);
+    EXPECT_NE(json.find(R"("axes": "z along the member, x the major axis)"), std::string::npos);
+    const std::string text = shown("--symbols eurocode");
+    EXPECT_NE(text.find("IZ              Iy"), std::string::npos) << text;
+    EXPECT_NE(text.find("y the major axis, z the minor axis."), std::string::npos);
+}
+
 TEST_F(ExchangeTest, RefusesWhatItCannotExportAndWritesNothing) {
     struct Refused {
         const char* arguments;

@@ -48,7 +48,7 @@ constexpr std::array Table{
     PropertySymbols{"W", "W", "G"},
     PropertySymbols{"Weight", "W", "G"},
     PropertySymbols{"Perimeter", "PB", "u"},
-    PropertySymbols{"Surface", "PB", "AL"},
+    PropertySymbols{"Surface", "Surface", "AL"},
     PropertySymbols{"SurfacePerMass", "SurfacePerMass", "AG"},
     PropertySymbols{"A/V", "A/V", "Am/V"},
     PropertySymbols{"A/V-box", "A/V box", "[Am/V]b"},

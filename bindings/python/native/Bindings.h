@@ -11,6 +11,7 @@ void translateErrors();
 void defineUnits(pybind11::module_& module);
 void defineSections(pybind11::module_& module); ///< sections, families, catalogues, libraries
 void defineNames(pybind11::module_& module);    ///< names as people type them
+void defineExports(pybind11::module_& module);  ///< sections for other programs
 void defineUserFiles(pybind11::module_& module);
 
 } // namespace bindings

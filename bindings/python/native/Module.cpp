@@ -54,5 +54,6 @@ PYBIND11_MODULE(_native, module) {
     bindings::defineUnits(module);
     bindings::defineSections(module);
     bindings::defineNames(module);
+    bindings::defineExports(module);
     bindings::defineUserFiles(module);
 }

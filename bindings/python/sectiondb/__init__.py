@@ -22,6 +22,7 @@ may read it. Failures raise Error, whose text says what to do.
 from . import _native
 from ._catalogue import Catalogue, Family, Sections
 from ._errors import Error, NoFigure, NotFound
+from ._export import axes
 from ._library import Change, Hit, UserFile, catalogues, find, open
 from ._section import Alias, Column, Origin, Section
 from ._units import METRIC, SI, US, Quantity, System
@@ -47,6 +48,7 @@ __all__ = [
     "Sections",
     "System",
     "UserFile",
+    "axes",
     "catalogues",
     "find",
     "open",

@@ -6,7 +6,7 @@ import operator
 from collections.abc import Callable, Iterable, Iterator, Sequence
 from typing import Any, Generic, TypeVar, Union, overload
 
-from . import _conditions, _display, _native
+from . import _conditions, _display, _export, _native
 from ._errors import NotFound
 from ._section import PROPERTIES, Column, Section
 from ._units import Presentation
@@ -82,6 +82,14 @@ class Sections(Sequence[Section[V]]):
         Figures are plain numbers; ``frame.attrs["units"]`` tells the unit of each column.
         """
         return _display.frame(self)
+
+    def export(self, format: str, *, length: str | None = None, symbols: str = "program") -> bytes:
+        """The file for another program; see Section.export.
+
+        Sections that lack what the format needs are left out, which a warning tells. Raises Error
+        where none is left.
+        """
+        return _export.export(self, format, length, symbols, may_leave_out=True)
 
     def __repr__(self) -> str:
         return f"<{len(self)} sections>"

@@ -4,7 +4,7 @@ from __future__ import annotations
 
 from typing import TYPE_CHECKING, Any, Generic, NamedTuple, TypeVar
 
-from . import _display, _native
+from . import _display, _export, _native
 from ._errors import Error, NoFigure, NotFound
 from ._units import Quantity
 
@@ -261,6 +261,30 @@ class Section(Generic[V]):
         if isinstance(kept, str):
             raise NotFound(f"{column.name} of {self!r} is a text.")
         return None if kept is None else Quantity(kept, _native.label(column.kept_unit))
+
+    def figures(self, symbols: str = "program") -> dict[str, Quantity]:
+        """All that is kept of it and follows from that, by symbol, with units.
+
+        >>> beam.figures("aisc")["J"], beam.figures("eurocode")["IT"]
+
+        ``symbols`` are ``"program"``, ``"aisc"`` or ``"eurocode"``: the same letters stand for
+        different axes there (see axes()).
+        """
+        return {
+            symbol: Quantity(figure, _native.label(unit))
+            for symbol, figure, unit in _native.figures(self.native, symbols)
+        }
+
+    def export(self, format: str, *, length: str | None = None, symbols: str = "program") -> bytes:
+        """The file for another program: IFC, a solver's deck, a spreadsheet.
+
+        >>> Path("beam.ifc").write_bytes(beam.export("ifc"))
+
+        ``length`` is ``"mm"`` or ``"in"``; without it mm, and in spreadsheets the units of the
+        catalogue. Raises Error where the section lacks what the format needs, and ValueError for an
+        unknown format, naming all.
+        """
+        return _export.export([self], format, length, symbols, may_leave_out=False)
 
     def _given(self, column: Column) -> V | Any:
         kept = self.native.kept(column.name)

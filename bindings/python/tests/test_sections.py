@@ -127,6 +127,43 @@ def test_sections_tell_where_they_come_from(american):
     assert sectiondb.open("Japanese")["H-300x150x6.5x9"].source("CW") == "computed"
 
 
+def test_figures_are_called_as_standards_do(american, european):
+    beam = european["IPE 300"]
+    for symbols, major, torsion in [("program", "IZ", "IX"), ("aisc", "Ix", "J"), ("eurocode", "Iy", "IT")]:
+        figures = beam.figures(symbols)
+        assert (figures[major], figures[torsion]) == ("8360 cm^4", "19.9 cm^4")
+    assert beam.figures("eurocode")["AG"].in_("m^2/t") == pytest.approx(27.46, abs=0.01)
+    assert sectiondb.axes("eurocode").endswith("y the major axis, z the minor axis")
+    for family in filter(len, (*american.families, *european.families)):
+        sizes = {len(family[0].figures(symbols)) for symbols in ("program", "aisc", "eurocode")}
+        assert len(sizes) == 1, family
+    with pytest.raises(ValueError, match="din"):
+        beam.figures("din")
+
+
+def test_sections_are_exported(american, european):
+    beam = sectiondb.open("German")["IPE 300"]
+    ifc = beam.export("ifc").decode()
+    assert ifc.startswith("ISO-10303-21;") and "IFCISHAPEPROFILEDEF(.AREA.,'IPE 300',$,150.,300.," in ifc
+    assert b"Iy = 83600000." in beam.export("aster", symbols="eurocode")
+    assert b"IZ = 204." in american["W12X26"].export("calculix", length="in")
+    family = european.family("Bulb Flat")
+    with pytest.warns(UserWarning, match="sections left out; the first one: .*no moment of inertia"):
+        assert european.where("D < 70 mm").export("calculix")
+    with pytest.raises(sectiondb.Error, match="no moment of inertia"):
+        family.export("calculix")
+    assert american.sections[:3].export("opensees").count(b"section Elastic") == 3
+    for attempt, kind, text in [
+        (lambda: beam.export("dwg"), ValueError, "calculix, opensees"),
+        (lambda: beam.export("ifc", length="m"), ValueError, "mm or in"),
+        (lambda: beam.export("ifc", symbols="din"), ValueError, "eurocode"),
+        (lambda: family[0].export("calculix"), sectiondb.Error, "no moment of inertia"),
+        (lambda: european.where("D < 0 mm").export("ifc"), sectiondb.Error, "no sections"),
+    ]:
+        with pytest.raises(kind, match=text):
+            attempt()
+
+
 def test_notebooks_show_tables_and_drawings(american):
     beam = american["W12X26"]
     assert {"IZ", "weight"} <= set(dir(beam))

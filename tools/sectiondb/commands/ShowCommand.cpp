@@ -59,28 +59,44 @@ Table TableOf(const char* catalogue, const sections::Section& section, const Uni
     return table;
 }
 
+/// How a standard calls the properties.
+void AddSymbols(Table& table, Symbols symbols) {
+    table.columns.insert(table.columns.begin() + 1, {"symbol"});
+    for (Table::Row& row : table.rows)
+        row.insert(row.begin() + 1,
+                   std::string(SymbolOf(std::get<std::string>(row.front()), symbols)));
+    table.subject.facts.emplace_back("axes", AxesOf(symbols));
+    table.subject.notes.push_back(fmt::format("Axes: {}.", AxesOf(symbols)));
+}
+
 class Show : public Command {
     void Declare(CLI::App& app) override {
         app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
         app.add_option("name", m_name, "Section name, e.g. W12X26")->required();
         m_units.Declare(app);
+        m_symbols.Declare(app);
         m_form.Declare(app);
         m_catalogues.Declare(app);
     }
 
     void Run() const override {
         const UnitChoice units = m_units.Choice();
+        const Symbols symbols = m_symbols.Choice();
         const sections::Catalogue file = m_catalogues.Folder().Open(m_catalogue);
         const char* catalogue = FindCatalogue(file.number())->name;
         std::vector<Table> found; // a name may stand in several families
-        for (const sections::Section& section : SectionsNamed(file, m_name))
+        for (const sections::Section& section : SectionsNamed(file, m_name)) {
             found.push_back(TableOf(catalogue, section, units));
+            if (symbols != Symbols::Program)
+                AddSymbols(found.back(), symbols);
+        }
         Print(found, m_form.Form());
     }
 
     std::string m_catalogue;
     std::string m_name;
     UnitOptions m_units;
+    SymbolOptions m_symbols;
     FormOptions m_form;
     CatalogueOptions m_catalogues;
 };
