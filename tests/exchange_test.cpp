@@ -1,6 +1,10 @@
 // Sections handed on to other programs.
 #include "BuiltCatalogues.h"
+#include "dataaccess/CSectionDatabase.h"
+#include "dataaccess/CSectionRecordset.h"
+#include "exchange/Exchange.h"
 #include "geometry/Fibres.h"
+#include "output/Escapes.h"
 
 #include <cmath>
 #include <fstream>
@@ -14,12 +18,56 @@ namespace {
 
 class ExchangeTest : public OnBuiltCatalogues<> {
 protected:
-    static void SetUpTestSuite() { BuildAll(); }
+    static void SetUpTestSuite() {
+        BuildAll();
+        AddSquareCorneredSections();
+        AddHostileNames();
+    }
+
+    /// `values` are those of the table's columns, in their order.
+    static void AddRow(const std::string& stem, const char* table, const std::string& name,
+                       const std::vector<double>& values) {
+        CSectionDatabase database;
+        database.Open(File(stem + ".db3").c_str());
+        CSectionRecordset rows(&database);
+        rows.Open(CSectionRecordset::Table, table);
+        rows.AddNew();
+        rows.SetFieldValue(1, name.c_str());
+        rows.SetFieldValue(2, name.c_str());
+        for (std::size_t i = 0; i < values.size(); ++i)
+            rows.SetFieldValue(static_cast<int>(i) + 3, COleVariant(values[i]));
+        rows.Update();
+    }
+
+    /// Of layouts without published figures, in inches; their figures are those of rectangles, and
+    /// of thin walls along middle lines the torsion constants.
+    static void AddSquareCorneredSections() {
+        AddRow("USColdFormedSections", "Zee without Lips", "ZEE",
+               {692, 200, 75, 2, 0, 4195322.7, 922.67, 540430.7, 1, 1});
+        AddRow("USColdFormedSections", "Hat", "HAT",
+               {392, 50, 60, 2, 0, 150818, 522.67, 328202.7, 1, 30, 20, 23.04});
+        AddRow("ButlerColdFormedSections", "Eave Struts", "EAVE",
+               {764, 200, 75, 20, 2, 0, 4767578.7, 1024, 580380.3, 1, 22.21, 100});
+        ASSERT_EQ(Program("user create " + File("own.db3")).status, 0);
+        const Outcome added = Program("user add " + File("own.db3") +
+                                      " 'Double Angle' 'PAIR' D=100 B=75 T=10 GAP=10 radius=0");
+        ASSERT_EQ(added.status, 0) << added.output;
+    }
+
+    static void AddHostileNames() {
+        for (const char* name : HostileNames)
+            AddRow("USColdFormedSections", "Pipe", name, {4, 0.25, 2.945, 5.2, 3.52});
+    }
+
+    static constexpr const char* HostileNames[] = {
+        R"(P "1" 'q' <&> \)", "\u00D860\u00D75\u2028\U0001F600", "=HYPERLINK(\"x\",\"y\")",
+        "P\x01\x1B[31m\n*STEP\r)", "P\xFF\xFE 2"};
 
     static std::string File(const std::string& name) { return folder->Path() + "/" + name; }
 
     static Outcome Export(const std::string& arguments, const std::string& file) {
-        return On("export " + arguments + " -o " + Quote(File(file)));
+        return On("export " + arguments + " -o " + Quote(File(file)) + " --user " +
+                  File("own.db3"));
     }
 };
 
@@ -47,6 +95,11 @@ constexpr Beam Beams[] = {
     {"22 'Aspen Select Structural 2x5'", "ASPEN_SS_2X5", 4354.8, 4741300, 526780, 0, 1664600,
      210000},
     {"American HSS34X10X3/4 --length in", "HSS34X10X3_4", 58.2, 7550, 1070, 0, 3190, 29000},
+    {"18 ZEE --length in", "ZEE", 692, 4195322.7, 540430.7, 1084050, 922.67, 29000},
+    {"18 HAT --length in", "HAT", 392, 150818, 328202.7, 0, 522.67, 29000},
+    {"Butler EAVE --length in", "EAVE", 764, 4767578.7, 580380.3, 0, 1024, 29000},
+    // by El Darwish and Johnston's fit: twice 55000 of the legs, 1447 of the heel less 2100 of ends
+    {"own PAIR", "PAIR", 3300, 3272954.5, 3607500, 0, 108694, 210000},
 };
 
 /// The displacements and rotations of a node, one line a step.
@@ -215,6 +268,26 @@ TEST_F(ExchangeTest, RefusesWhatItCannotExportAndWritesNothing) {
         EXPECT_TRUE(Ended(Export(arguments, file), status, told)) << arguments;
         EXPECT_NE(Shell("ls -A " + folder->Path() + " | grep bad").status, 0) << arguments;
     }
+}
+
+TEST_F(ExchangeTest, KeepsHostileNamesInTheirPlaces) {
+    for (const dbsection::ExchangeFormat& format : dbsection::ExchangeFormats()) {
+        const std::string name = "hostile" + std::string(format.suffix);
+        const Outcome made = Export(format.name + std::string(" 18 Pipe"), name);
+        EXPECT_NE(made.output.find(": 5 sections\n"), std::string::npos) << made.output;
+        const std::string text = ReadFile(File(name));
+        if (text.starts_with("PK"))
+            continue; // zipped
+        EXPECT_TRUE(dbsection::IsUtf8(text)) << format.name;
+        for (const char c : text)
+            ASSERT_TRUE(c == '\n' || (c != '\x7F' && (c < 0 || c >= ' '))) << format.name;
+        EXPECT_EQ(text.find("\n*STEP"), std::string::npos) << format.name;
+        EXPECT_EQ(text.find("\\\n"), std::string::npos) << format.name;
+    }
+    const std::string parse = "python3 -c 'import ast, sys; ast.parse(open(sys.argv[1]).read())' ";
+    for (const char* file : {"hostile.py", "hostile.comm"})
+        EXPECT_EQ(Shell(parse + File(file)).output, "") << file;
+    EXPECT_NE(ReadFile(File("hostile.ifc")).find(R"('P "1" ''q'' <&> \\')"), std::string::npos);
 }
 
 TEST_F(ExchangeTest, WritesAWholeCatalogueWithoutTheSectionsThatItCannot) {

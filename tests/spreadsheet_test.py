@@ -7,6 +7,7 @@ import math
 import os
 import pathlib
 import shutil
+import sqlite3
 import subprocess
 import sys
 import tempfile
@@ -102,6 +103,20 @@ class Spreadsheet(unittest.TestCase):
         beam = self.row_of(sheet, "IPE 300")
         self.assertEqual((beam["Iy"].value, beam["Wpl,y"].value), (8360, 628))
         self.assertIn("y the major axis", sheet["A2"].value)
+
+    def test_takes_any_name(self):
+        own = self.folder / "own.db3"
+        self.run_program("user", "create", own)
+        names = ["=1+1", 'P "1" <&>', "Ø60×5 \u2028\U0001F600", "P\x01\x1b[31m", "L" * 40000]
+        for number, name in enumerate(names):
+            self.run_program("user", "add", own, "Pipe", f"P{number}", f"OD={100 + number}", "T=5")
+            with sqlite3.connect(own) as database:
+                database.execute("UPDATE Pipe SET Name = ? WHERE Name = ?", (name, f"P{number}"))
+        sheet = self.export("own", "Pipe", "--user", own)["Pipe"]
+        cells = [row[0] for row in sheet.iter_rows(min_row=FIRST)]
+        self.assertEqual([cell.value for cell in cells],
+                         [*names[:2], "Ø60×5  \U0001F600", "P  [31m", "L" * 32767])
+        self.assertEqual({cell.data_type for cell in cells}, {"s"})
 
     def test_of_all_catalogues_has_sheets_of_their_own(self):
         names = self.export("all").sheetnames

@@ -129,7 +129,8 @@ std::vector<std::string> Remarks(const Profile& profile, const ExchangeOptions& 
 std::string Commented(const char* sign, const std::vector<std::string>& lines) {
     std::string text;
     for (const std::string& line : lines)
-        text.append(sign).append(" ").append(line).append("\n");
+        // a backslash would have Tcl take the next line for a remark, too
+        text.append(sign).append(" ").append(line).append(line.ends_with('\\') ? " \n" : "\n");
     return text;
 }
 

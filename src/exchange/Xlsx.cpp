@@ -203,7 +203,8 @@ private:
     }
 
     void Add(lxw_row_t row, lxw_col_t column, std::string_view text, lxw_format* format = nullptr) {
-        const std::string line = OneLine(text);
+        constexpr std::size_t Longest = 32767;
+        const std::string line = Cut(OneLine(text), Longest);
         m_workbook.folder.Require(
             worksheet_write_string(m_sheet, row, column, line.c_str(), format));
     }
