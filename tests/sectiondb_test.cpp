@@ -122,7 +122,7 @@ TEST_F(CatalogueTest, ShowPrintsPublishedAndConvertedFigures) {
         {"--json --length mm", R"({"column": "D", "value": 309.88, "unit": "mm")"},
         {"--csv --length mm",
          "American,W Shape,W12X26,W12X26,\"AISC Steel Construction Manual, 16th Edition\","
-         "W310X38.7; IR 305 x 38.7,D,309.88,mm,depth,published\n"},
+         "rolled,W310X38.7; IR 305 x 38.7,D,309.88,mm,depth,published\n"},
     };
     for (const auto& [options, text] : exact) {
         EXPECT_TRUE(Holds(On(std::string("show 1 W12X26 ") + options), text));

@@ -56,7 +56,7 @@ class Spreadsheet(unittest.TestCase):
         book = self.export("European", "IPE Shape", "Bulb Flat")
         self.assertEqual(book.sheetnames, ["IPE Shape", "Bulb Flat"])
         sheet = book["IPE Shape"]
-        self.assertEqual(sheet["A1"].value, "European, IPE Shape: EN 10365:2017")
+        self.assertEqual(sheet["A1"].value, "European, IPE Shape: EN 10365:2017 (rolled)")
         self.assertEqual(sheet.freeze_panes, "B5")
         last = f"{sheet.cell(UNITS, sheet.max_column).column_letter}{sheet.max_row}"
         self.assertEqual(sheet.auto_filter.ref, f"A4:{last}")

@@ -139,9 +139,15 @@ std::vector<SheetColumn> ColumnsOf(const sections::Family& family, const Exchang
 
 std::string TitleOf(const sections::Family& family) {
     std::string title = family.catalogue().name() + ", " + family.name();
-    const std::vector<std::string> standards = family.standards();
-    for (std::size_t i = 0; i < standards.size(); ++i)
-        title += (i == 0 ? ": " : "; ") + standards[i];
+    std::vector<std::string> told;
+    for (const sections::Origin* origin : family.origins()) {
+        const std::string standard =
+            origin->standard + (origin->production.empty() ? "" : " (" + origin->production + ")");
+        if (std::ranges::find(told, standard) != told.end())
+            continue;
+        title += (told.empty() ? ": " : "; ") + standard;
+        told.push_back(standard);
+    }
     return title;
 }
 

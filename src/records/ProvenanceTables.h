@@ -8,7 +8,8 @@
 namespace dbsection::provenance {
 
 /// Family, Standard (with its edition), Remark, LeftOut (rows of the standard, and why), Geometry
-/// (the model), Parameters (of the model), NameSizes (columns that the name ends in).
+/// (the model), Parameters (of the model), NameSizes (columns that the name ends in), Production
+/// (e.g. "rolled"; older files lack it).
 inline constexpr const char* Families = "~Families";
 
 /// Family, Column, Unit (in which the family prints it), Steps (by PrintingSteps::Text), Percent

@@ -18,10 +18,11 @@ namespace sections {
 
 /// A set of sections of one standard and edition that are printed and computed alike.
 struct Origin {
-    std::string name;     ///< of their source, e.g. "en10365-ipe"
-    std::string standard; ///< with the edition of the figures
-    std::string remark;   ///< what is printed, what is computed, and how
-    std::string leftOut;  ///< sections of the standard that are not here, and why
+    std::string name;       ///< of their source, e.g. "en10365-ipe"
+    std::string standard;   ///< with the edition of the figures
+    std::string remark;     ///< what is printed, what is computed, and how
+    std::string leftOut;    ///< sections of the standard that are not here, and why
+    std::string production; ///< e.g. "rolled", "welded", "cold-formed"; empty where it is not told
     const dbsection::GeometryModel* model = nullptr; ///< of their shape; null where there is none
     dbsection::Figures parameters;      ///< of the model, for sections without their own
     std::vector<std::string> nameSizes; ///< columns whose figures are the name's last numbers

@@ -85,6 +85,9 @@ private:
         const std::string sizes = textAt(row, 6);
         for (std::string_view list = sizes; !list.empty();)
             origin.nameSizes.emplace_back(takeItem(list));
+        constexpr int Production = 7;
+        if (row.GetFieldCount() > Production)
+            origin.production = textAt(row, Production);
     }
 
     void readRule(const Row& row) {

@@ -90,12 +90,12 @@ const char* kindOf(::Quantity quantity) {
     }
 }
 
-/// Standard, remark and what was left out.
-std::optional<std::array<std::string, 3>> originOf(const Section& section) {
+/// Standard, remark, what was left out, and production.
+std::optional<std::array<std::string, 4>> originOf(const Section& section) {
     const sections::Origin* const origin = section.origin();
     if (origin == nullptr)
         return std::nullopt;
-    return std::array{origin->standard, origin->remark, origin->leftOut};
+    return std::array{origin->standard, origin->remark, origin->leftOut, origin->production};
 }
 
 std::vector<std::pair<std::string, bool>> aliasesOf(const Section& section) {

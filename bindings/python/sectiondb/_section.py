@@ -30,6 +30,7 @@ class Origin(NamedTuple):
     standard: str  #: with its edition
     remark: str  #: what is printed, what is computed, and how
     left_out: str  #: sections of the standard that are not here, and why
+    production: str  #: ``"rolled"``, ``"welded"``, ``"cold-formed"`` ...; empty where it is not told
 
 
 class Alias(NamedTuple):

@@ -123,6 +123,7 @@ def test_sections_tell_where_they_come_from(american):
     beam = american["W12X26"]
     assert beam.origin.standard == "AISC Steel Construction Manual, 16th Edition"
     assert beam.source("IZ") == "published" and not beam.is_changed
+    assert (beam.origin.production, american["HSS8X4X1/4"].origin.production) == ("rolled", "cold-formed")
     assert sectiondb.Alias("W310X38.7", False) in beam.aliases
     assert sectiondb.open("Japanese")["H-300x150x6.5x9"].source("CW") == "computed"
 

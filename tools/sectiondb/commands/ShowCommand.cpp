@@ -28,6 +28,8 @@ std::vector<std::string> NotesOn(const sections::Section& section) {
     std::vector<std::string> notes;
     if (const sections::Origin* origin = section.origin())
         notes.push_back(origin->standard + ": " + origin->remark);
+    if (const auto* origin = section.origin(); origin != nullptr && !origin->production.empty())
+        notes.push_back("Production: " + origin->production + ".");
     if (section.isChanged())
         notes.emplace_back("Changed since the catalogue was built.");
     if (const std::string aliases = AliasesOf(section); !aliases.empty())
@@ -45,6 +47,7 @@ Table TableOf(const char* catalogue, const sections::Section& section, const Uni
                       {"name", section.name()},
                       {"programName", section.programName()},
                       {"standard", origin == nullptr ? "" : origin->standard},
+                      {"production", origin == nullptr ? "" : origin->production},
                       {"aliases", AliasesOf(section)}},
                      "properties",
                      NotesOn(section)};

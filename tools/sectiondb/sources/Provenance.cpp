@@ -67,7 +67,7 @@ double MarkOf(const SourceRow& values) {
 Provenance::Provenance()
     : m_families{provenance::Families,
                  {Text("Family"), LongText("Standard"), LongText("Remark"), LongText("LeftOut"),
-                  Text("Geometry"), Text("Parameters"), Text("NameSizes")},
+                  Text("Geometry"), Text("Parameters"), Text("NameSizes"), Text("Production")},
                  {},
                  {}},
       m_columns{provenance::Columns,
@@ -97,7 +97,8 @@ void Provenance::AddFamily(const SourceFamily& family) {
                                TextOrNothing(LeftOutInShort(family.corrections)),
                                TextOrNothing(family.model == nullptr ? "" : family.model->name),
                                TextOrNothing(ParameterText(family.parameters)),
-                               TextOrNothing(Joined(family.nameSizes))});
+                               TextOrNothing(Joined(family.nameSizes)),
+                               TextOrNothing(family.production)});
     for (std::size_t i = 0; i < family.units.size(); ++i) {
         const std::string column = family.layout->columns[i].name;
         if (const auto rule = family.rules.columns.find(column); rule != family.rules.columns.end())

@@ -4,6 +4,7 @@
 #include "sources/FamilyReader.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <set>
 #include <sstream>
@@ -34,6 +35,17 @@ Figures ReadParameters(const CsvTable& csv, const CsvTable::Record& record,
         parameters[name] = *value;
     }
     return parameters;
+}
+
+/// Lists of families may do without the column.
+std::string ReadProduction(const CsvTable& csv, const CsvTable::Record& record) {
+    constexpr const char* Column = "Production";
+    constexpr std::array Known{"",         "rolled", "hot-finished", "cold-formed",
+                               "seamless", "welded", "sawn",         "glued laminated"};
+    std::string production = csv.Has(Column) ? csv.Text(record, Column) : "";
+    if (std::ranges::find(Known, production) == Known.end())
+        throw csv.Error(record, Column, "no kind of production");
+    return production;
 }
 
 std::vector<std::string> ReadNameSizes(const CsvTable& csv, const CsvTable::Record& record,
@@ -123,6 +135,7 @@ SourceFamily SourceFamilies::Plan(const CsvTable::Record& record,
         family.layout = &GetSectionLayout(family.model->layout);
     }
     family.parameters = ReadParameters(m_list, record, family.model);
+    family.production = ReadProduction(m_list, record);
     family.nameSizes = ReadNameSizes(m_list, record, *family.layout);
     family.corrections = m_corrections.Of(family.name);
     return family;

@@ -4,7 +4,9 @@
 //     all
 //                       sections that have none of their own: "slope=0.14 toe=0.6", lengths in mm),
 //                       Standard (with its edition), Remark, NameSizes (columns whose figures are
-//                       the last numbers of the names)
+//                       the last numbers of the names), Production (rolled, hot-finished,
+//                       cold-formed, seamless, welded, sawn or glued laminated; empty: the standard
+//                       does not say)
 //     _tolerances.csv, _exceptions.csv   (SourceRules.h)
 //     _corrections.csv                   (SourceCorrections.h)
 //     <family>.csv                       (FamilyReader.h)

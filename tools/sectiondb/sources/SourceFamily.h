@@ -36,6 +36,7 @@ struct SourceFamily {
     const SectionLayout* layout = nullptr;
     const GeometryModel* model = nullptr; ///< or null: no figure follows from another
     Figures parameters;                   ///< of the model, for rows without their own
+    std::string production;               ///< e.g. "rolled"; empty where it is not told
     std::vector<std::string> nameSizes;   ///< columns whose figures are the name's last numbers
     const UnitSystem* system = nullptr;   ///< in which it is printed
     std::vector<std::string> units;       ///< by layout column
