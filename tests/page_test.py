@@ -182,8 +182,34 @@ class PageTest(unittest.TestCase):
         self.search("UPN 200")
         self.assertEqual(self.names()[0], "UPN 200")
         self.type("#query", Keys.ENTER)
-        self.assertEqual([cell.text for cell in self.all("#details .computed")], ["20.163"])
+        computed = [cell.text for cell in self.all("#details .computed")]
+        self.assertEqual(computed[0], "20.163")
+        self.assertNotIn("8.5", computed)  # the published thickness of the web
         self.assertEqual(self.figures()["CZ"], "20.163 mm")
+
+    def test_tells_what_follows_from_the_figures(self):
+        self.search("W12X26")
+        self.type("#query", Keys.ENTER)
+        for system, values in {
+            "Published": {"Weight": "26.04 lb/ft", "SZ": "33.443 in³", "RZ": "5.164 in",
+                          "CY": "6.1 in", "ALPHA": "0 deg", "BF/2TF": "8.5395"},
+            "Metric": {"Weight": "38.751 kg/m", "SZ": "548.03 cm³", "RZ": "131.17 mm"},
+            "SI": {"SZ": "548030 mm³", "Surface": "1254.4 mm²/mm"},
+        }.items():
+            self.click("#systems span", system)
+            figures = self.figures()
+            self.assertEqual({name: figures[name] for name in values}, values)
+        self.assertEqual(self.text("#details .standard"),
+                         "AISC Steel Construction Manual, 16th Edition")
+        self.choose(catalogue="American", family="W Shape")
+        self.search("W12")
+        self.click("#addRange")
+        Select(self.all(".range select")[0]).select_by_visible_text("Weight")
+        self.type("[aria-label=from]", "350")
+        self.type("[aria-label=to]", "450")  # N/m
+        self.click("#details .close")
+        self.assertIn("SZ\nmm³", [button.text for button in self.all("#head button")])
+        self.assertEqual(self.names(), ["W12X30", "W12X26"])
 
     def test_draws_the_section(self):
         for name, label in [

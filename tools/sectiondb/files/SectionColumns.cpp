@@ -17,7 +17,12 @@ std::vector<SectionColumn> ColumnsOf(const sections::Family& family, const UnitC
     for (const sections::Column& column : family.columns()) {
         const bool isText = column.quantity == Quantity::Text;
         const auto& [label, factor] = InChosenUnits(isText ? "" : column.unit, units);
-        columns.push_back({column.name, label, factor, isText, column.meaning});
+        columns.push_back({.name = column.name,
+                           .unit = label,
+                           .storedUnit = column.unit,
+                           .factor = factor,
+                           .isText = isText,
+                           .meaning = column.meaning});
     }
     return columns;
 }
@@ -28,6 +33,7 @@ std::vector<SectionColumn> AllColumnsOf(const sections::Family& family, const Un
         const auto& [label, factor] = InChosenUnits(column.unit, units);
         columns.push_back({.name = column.name,
                            .unit = label,
+                           .storedUnit = column.unit,
                            .factor = factor,
                            .meaning = column.meaning,
                            .isDerived = true,

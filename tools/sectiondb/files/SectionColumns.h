@@ -23,7 +23,8 @@ PrintedUnit InChosenUnits(const std::string& stored, const UnitChoice& choice);
 struct SectionColumn {
     std::string name;
     std::string unit = {}; ///< in which its figures are printed; empty for texts and plain numbers
-    double factor = 1;     ///< of the stored unit in that one
+    std::string storedUnit = {};
+    double factor = 1; ///< of the stored unit in that one
     bool isText = false;
     std::string meaning = {};
     bool isDerived = false; ///< it is not in the table, but follows from it

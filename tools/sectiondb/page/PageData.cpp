@@ -4,6 +4,7 @@
 #include "files/SectionColumns.h"
 #include "output/Figure.h"
 #include "page/UnitSystems.h"
+#include "platform/Numbers.h"
 #include "records/SectionLayout.h"
 #include "sections/Error.h"
 
@@ -18,6 +19,14 @@ std::string CellJson(const Table::Cell& cell) {
         return JsonText(*text);
     const auto* figure = std::get_if<Figure>(&cell);
     return figure == nullptr ? "null" : ExactText(*figure, "null");
+}
+
+/// The figure with the digits that a person is told in any unit, and two more: all of them would
+/// double the size of the page.
+Table::Cell Shortened(const Table::Cell& cell) {
+    constexpr int Digits = 7;
+    const auto* figure = std::get_if<Figure>(&cell);
+    return figure == nullptr ? cell : Figure{RoundedTo(figure->stored, Digits)};
 }
 
 /// Its path and centroid in mm, and the angle of its principal axis; null where the figures do not
@@ -55,6 +64,17 @@ std::string AliasesJson(const sections::Sections& rows) {
     return members.Object();
 }
 
+/// The standard of each row, by its place in the family's list; null where the file does not tell.
+std::string StandardsJson(const sections::Sections& rows,
+                          const std::vector<std::string>& standards) {
+    return ArrayOf(rows, [&](const sections::Section& section) {
+        const sections::Origin* const origin = section.origin();
+        return origin == nullptr ? std::string("null")
+                                 : std::to_string(std::ranges::find(standards, origin->standard) -
+                                                  standards.begin());
+    });
+}
+
 /// Whether the figures of a column are computed rather than published: all of them, or the places
 /// of those that are.
 std::string ComputedJson(const sections::Sections& rows, const std::string& column) {
@@ -80,7 +100,6 @@ std::string UnitJson(const std::string& stored) {
 void PageData::Add(const sections::Catalogue& catalogue, bool isProtected) {
     JsonList members;
     members.AddMember("name", JsonText(catalogue.name()));
-    members.AddMember("standard", JsonText(catalogue.standard()));
     members.AddMember("isProtected", isProtected ? "true" : "false");
     JsonList families;
     for (const sections::Family& family : catalogue.families())
@@ -92,9 +111,10 @@ void PageData::Add(const sections::Catalogue& catalogue, bool isProtected) {
 
 std::string PageData::FamilyJson(const sections::Family& family) {
     const auto rows = family.sections();
+    const std::vector<SectionColumn> all = AllColumnsOf(family);
     JsonList columns;
-    for (std::size_t i = 0; i < family.columns().size(); ++i)
-        columns.Add(ColumnJson(family, i));
+    for (std::size_t i = BookkeepingColumns; i < all.size(); ++i)
+        columns.Add(ColumnJson(family, all, i));
     JsonList members;
     members.AddMember("name", JsonText(family.name()));
     members.AddMember("shape", JsonText(GetSectionLayout(family.layout()).name));
@@ -105,6 +125,9 @@ std::string PageData::FamilyJson(const sections::Family& family) {
                           return JsonText(section.programName());
                       }));
     members.AddMember("aliases", AliasesJson(rows));
+    const std::vector<std::string> standards = family.standards();
+    members.AddMember("standards", ArrayOf(standards, JsonText));
+    members.AddMember("standardOf", StandardsJson(rows, standards));
     members.AddMember("outlines", ArrayOf(rows, [this](const auto& section) {
                           m_advance();
                           return OutlineJson(section);
@@ -112,16 +135,18 @@ std::string PageData::FamilyJson(const sections::Family& family) {
     return members.Object();
 }
 
-std::string PageData::ColumnJson(const sections::Family& family, std::size_t place) {
-    const sections::Column& column = family.columns()[place];
-    const std::vector<SectionColumn> columns = ColumnsOf(family);
+std::string PageData::ColumnJson(const sections::Family& family,
+                                 std::span<const SectionColumn> columns, std::size_t place) {
+    const SectionColumn& column = columns[place];
     JsonList members;
     members.AddMember("name", JsonText(column.name));
     members.AddMember("meaning", JsonText(column.meaning));
-    if (column.quantity != Quantity::Text)
-        members.AddMember("unit", fmt::format("{}", UnitPlace(column.unit)));
+    members.AddMember("isDetail", column.isDetail ? "true" : "false");
+    if (!column.isText)
+        members.AddMember("unit", fmt::format("{}", UnitPlace(column.storedUnit)));
     members.AddMember("values", ArrayOf(family.sections(), [&](const sections::Section& section) {
-                          return CellJson(CellAt(section, columns, BookkeepingColumns + place));
+                          const Table::Cell cell = CellAt(section, columns, place);
+                          return CellJson(column.isDerived ? Shortened(cell) : cell);
                       }));
     members.AddMember("computed", ComputedJson(family.sections(), column.name));
     return members.Object();

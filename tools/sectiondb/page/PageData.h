@@ -1,10 +1,12 @@
 // What the page knows of catalogues: the JSON that its script reads (page/data.js).
 #pragma once
 
+#include "files/SectionColumns.h"
 #include "output/JsonList.h"
 #include "sections/Catalogue.h"
 
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -21,7 +23,8 @@ public:
 
 private:
     std::string FamilyJson(const sections::Family& family);
-    std::string ColumnJson(const sections::Family& family, std::size_t place);
+    std::string ColumnJson(const sections::Family& family, std::span<const SectionColumn> columns,
+                           std::size_t place);
     std::size_t UnitPlace(const std::string& stored);
 
     JsonList m_catalogues;

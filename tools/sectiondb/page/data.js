@@ -82,7 +82,7 @@ function comparable(row, name) {
 function valueText(row, name, system, write) {
     const value = valueOf(row, name);
     const unit = unitOf(row, name, system);
-    return value === null ? "" : unit ? write(value, unit.factor) : value;
+    return value === null ? "" : unit ? write(value, unit.factor, isComputed(row, name)) : value;
 }
 
 /** The one unit that a column has in all families; null where they differ. */

@@ -20,7 +20,7 @@ function showDetails(panel, row, system, actions) {
             element("h2", {}, row.name),
             element("button", { type: "button", class: "close", "aria-label": "Close", onclick: actions.close }, "×")),
         element("p", {}, `${catalogue.name} · ${family}`),
-        element("p", { class: "standard" }, catalogue.standard),
+        element("p", { class: "standard" }, row.family.standards[row.family.standardOf[row.index]] ?? ""),
         row.aliases.length > 0
             ? element("p", { class: "standard" }, `Also called ${row.aliases.join("; ")}`) : "",
         row.outline ? drawingOf(row, system)

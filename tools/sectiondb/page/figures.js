@@ -24,8 +24,11 @@ function written(value) {
     return value.toExponential().replace("e+", "e");
 }
 
-/** For a person: a converted figure has a digit more than the stored one, and at least four. */
-function readable(stored, factor) {
+/** For a person: a converted figure has a digit more than the stored one, and at least four; a
+ *  computed one has five. */
+function readable(stored, factor, isComputed) {
+    const computedDigits = 5;
+    if (isComputed) return written(roundedTo(stored * factor, computedDigits));
     if (factor === 1) return written(stored);
     const digits = Math.min(Math.max(countDigits(stored) + 1, 4), MostDigits);
     return written(roundedTo(stored * factor, digits));

@@ -55,9 +55,10 @@ function comparableColumns(families) {
     return all.filter((name, i) => !all.slice(0, i).some((other) => standIns.get(other) === name));
 }
 
-/** The columns that at least half of the families' rows have. */
+/** The columns that at least half of the families' rows have, but for details. */
 function usualColumns(families) {
     const count = (some) => some.reduce((sum, { names }) => sum + names.length, 0);
-    return comparableColumns(families).filter((name) =>
+    const isDetail = (name) => families.some((family) => family.columns.get(name)?.isDetail);
+    return comparableColumns(families).filter((name) => !isDetail(name) &&
         2 * count(families.filter((family) => columnOf(family, name))) >= count(families));
 }
