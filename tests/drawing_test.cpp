@@ -101,6 +101,22 @@ TEST(DrawingTest, WritesTextsThatFilesCanHold) {
     EXPECT_TRUE(Holds(Dxf(drawing), "\nU 10\" <&> \\U+0411 \n"));
 }
 
+TEST(DrawingTest, NamesAxesAndKeepsDimensionsReadable) {
+    const auto texts = [](const Outline& outline) {
+        std::vector<std::string> found;
+        for (const DrawnText& text : DrawSection(outline, {.title = "S"}).texts)
+            found.push_back(text.text);
+        return found;
+    };
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(texts(Angle()), (Texts{"u", "v", "150", "100", "S"}));
+    EXPECT_EQ(texts(Tube()), (Texts{"Z", "Y", "50", "100", "S"})); // though it lies on its side
+    const Drawing strip = DrawSection(Outline(RectangleCorners(2, 100)), {.title = "S"});
+    EXPECT_GT(strip.texts[3].at.z - 0.35 * strip.texts[3].height, 1); // beside its line
+    for (const DrawnText& text : strip.texts)
+        EXPECT_GT(strip.extent.high.y, text.at.y + text.height) << text.text;
+}
+
 TEST(DrawingTest, FillsCharacters) {
     EXPECT_EQ(Picture(Outline(RectangleCorners(40, 40)), 4), "████\n████\n");
     EXPECT_EQ(Picture(Tube(), 20), "█▛▀▀▀▀▀▀▀▀▀▀▀▀▀▀▀▀▜█\n"

@@ -22,13 +22,11 @@ public:
 
     void DrawAxes(const Outline& outline) {
         const Point centroid{outline.MinorAxis().centroid, outline.MajorAxis().centroid};
-        const double turned = PrincipalAngleOf(outline) * Degree;
-        for (const double angle : {turned, turned + std::numbers::pi / 2}) {
-            const Point along{std::cos(angle), std::sin(angle)};
-            const auto [low, high] = Reach(outline, centroid, along);
-            Line(Layer::Axes, {centroid.z + low * along.z, centroid.y + low * along.y},
-                 {centroid.z + high * along.z, centroid.y + high * along.y});
-        }
+        const double angle = PrincipalAngleOf(outline);
+        const bool isTurned = std::fmod(angle, 90) != 0;
+        const double turned = isTurned ? angle * Degree : 0;
+        DrawAxis(outline, centroid, turned, isTurned ? "u" : "Z");
+        DrawAxis(outline, centroid, turned + std::numbers::pi / 2, isTurned ? "v" : "Y");
     }
 
     void DrawDimensions(const Legend& legend) {
@@ -40,9 +38,16 @@ public:
         const double left = low.z - 0.28 * m_size;
         const double below = low.y - 0.28 * m_size;
         Dimension({left, low.y}, {left, high.y}, {0.22 * m_size, 0});
-        Text({left - 0.5 * m_letter, (low.y + high.y) / 2}, length(high.y - low.y), 90);
+        Text(Layer::Dimensions, {left - 0.5 * m_letter, (low.y + high.y) / 2},
+             length(high.y - low.y), 90);
         Dimension({low.z, below}, {high.z, below}, {0, 0.22 * m_size});
-        Text({(low.z + high.z) / 2, below + 0.5 * m_letter}, length(high.z - low.z), 0);
+        const std::string width = length(high.z - low.z);
+        const double room = high.z - low.z - m_letter; // between the strokes
+        const bool fits = LengthOf(width) < room;
+        Text(Layer::Dimensions,
+             {fits ? (low.z + high.z) / 2 : high.z + m_letter + LengthOf(width) / 2,
+              below + 0.5 * m_letter},
+             width, 0);
     }
 
     void Write(const Legend& legend) {
@@ -62,7 +67,7 @@ public:
             writeLine(legend.subtitle);
         y -= 0.5 * m_letter;
         for (const auto& [symbol, figure] : legend.values) {
-            write(5 * m_letter, figure, m_letter);
+            write(6 * m_letter, figure, m_letter);
             writeLine(symbol);
         }
         std::ranges::for_each(legend.remarks, writeLine);
@@ -70,6 +75,18 @@ public:
 
 private:
     void Line(Layer layer, Point from, Point to) { m_drawing.lines.push_back({layer, from, to}); }
+
+    /// The axis through the centroid at an angle in radians, named at its end.
+    void DrawAxis(const Outline& outline, Point centroid, double angle, const char* name) {
+        const Point along{std::cos(angle), std::sin(angle)};
+        const auto [low, high] = Reach(outline, centroid, along);
+        const auto at = [&](double distance) {
+            return Point{centroid.z + distance * along.z, centroid.y + distance * along.y};
+        };
+        Line(Layer::Axes, at(low), at(high));
+        const Point middle = at(high + m_letter);
+        Text(Layer::Axes, {middle.z, middle.y - 0.35 * m_letter}, name, 0); // on its base line
+    }
 
     /// How far an axis goes both ways from the centroid: a little beyond the section.
     std::pair<double, double> Reach(const Outline& outline, Point centroid, Point along) const {
@@ -84,9 +101,13 @@ private:
         return {reach.first - beyond, reach.second + beyond};
     }
 
-    void Text(Point at, const std::string& text, double angle) {
-        m_drawing.texts.push_back(
-            {Layer::Dimensions, at, m_letter, text, DrawnText::Anchor::Middle, angle});
+    /// How long a text is, nearly.
+    double LengthOf(const std::string& text) const {
+        return 0.7 * m_letter * static_cast<double>(LettersIn(text));
+    }
+
+    void Text(Layer layer, Point at, const std::string& text, double angle) {
+        m_drawing.texts.push_back({layer, at, m_letter, text, DrawnText::Anchor::Middle, angle});
     }
 
     /// A line between two ends, each with a stroke and a line towards the section.
@@ -120,6 +141,7 @@ Extent ExtentOf(const Drawing& drawing) {
     for (const DrawnText& text : drawing.texts) {
         const double length = 0.8 * text.height * static_cast<double>(LettersIn(text.text));
         add({text.at.z - 1.5 * text.height, text.at.y - text.height});
+        add({text.at.z, text.at.y + 1.5 * text.height});
         if (text.anchor == DrawnText::Anchor::Left)
             add({text.at.z + length, text.at.y + text.height});
     }
