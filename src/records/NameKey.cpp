@@ -79,10 +79,10 @@ char32_t Capital(char32_t letter) {
     return letter;
 }
 
-/// One letter for all signs of a diameter.
+/// One letter for all signs of a diameter, circles among them.
 char32_t Unified(char32_t letter) {
     constexpr char32_t Diameter = 0x3A6; // capital phi
-    constexpr std::u32string_view Diameters = U"\u00D8\u2205\u2300\u03D5";
+    constexpr std::u32string_view Diameters = U"\u00D8\u2205\u2300\u03D5\u25CB\u25EF\u3007";
     return Diameters.find(letter) != std::u32string_view::npos ? Diameter : letter;
 }
 

@@ -3,7 +3,7 @@
 
 const timesSigns = "X*\u00D7\u0425\u2715\u2A2F\u22C5\u00B7";
 const separators = " \t\r\n-.,()\"/&+#_:;\u00A0\u00AB\u00BB\u2032\u2033\u2212";
-const diameterSigns = "\u00D8\u2205\u2300\u03D5";
+const diameterSigns = "\u00D8\u2205\u2300\u03D5\u25CB\u25EF\u3007";
 
 const isNumeral = (letter) => letter >= "0" && letter <= "9";
 const isPoint = (letter) => letter === "." || letter === ",";
