@@ -13,16 +13,21 @@
 namespace dbsection {
 namespace {
 
-/// What a person names: "W12X26", or "American:W12X26".
+/// What a person names: "W12X26", "American:W12X26", or "American:W Shape:W12X26".
 struct TypedSection {
     std::string catalogue; ///< empty: of any
+    std::string family;    ///< empty: of any
     std::string name;
 
     explicit TypedSection(const std::string& typed) {
-        const std::size_t colon = typed.find(':');
-        name = typed.substr(colon + 1); // npos + 1 is 0
-        if (colon != std::string::npos)
-            catalogue = typed.substr(0, colon);
+        const std::size_t first = typed.find(':');
+        const std::size_t last = typed.rfind(':');
+        name = typed.substr(last + 1); // npos + 1 is 0
+        if (first == std::string::npos)
+            return;
+        catalogue = typed.substr(0, first);
+        if (first != last)
+            family = typed.substr(first + 1, last - first - 1);
     }
 };
 
@@ -42,26 +47,39 @@ std::string LabelOf(const sections::Section& section) {
     return CatalogueOf(section) + ":" + section.name();
 }
 
-/// The section of a name in any catalogue: the first one where several have it with the same
-/// figures.
+std::string FullLabelOf(const sections::Section& section) {
+    return CatalogueOf(section) + ":" + section.family().name() + ":" + section.name();
+}
+
+/// The first of the sections that have a name, where all have the same figures; of several
+/// catalogues it is told which one is taken.
+sections::Section TheOneOf(const std::vector<sections::Section>& named, const std::string& typed) {
+    const sections::Section& first = named.front();
+    std::string known;
+    for (const sections::Section& section : named)
+        known += (known.empty() ? "\"" : ", \"") + FullLabelOf(section) + '"';
+    if (!std::ranges::all_of(named, [&](const sections::Section& section) {
+            return HaveSameFigures(section, first);
+        }))
+        throw CommandError(
+            fmt::format("Several sections are called \"{}\"; name one of {}.", typed, known));
+    if (named.size() > 1)
+        Tell(fmt::format("\"{}\" has the same figures in {}; the first one is taken.", typed,
+                         known));
+    return first;
+}
+
+/// The section of a name in any catalogue.
 sections::Section FindAnywhere(const sections::NameIndex& names, const std::string& typed) {
     const std::vector<sections::Hit> hits = names.find(typed);
     if (hits.empty())
         throw CommandError(
             fmt::format("There is no section \"{}\"; {}", typed, Suggestion(names.nearest(typed))));
-    const sections::Hit& first = hits.front();
-    std::string known;
-    bool isOne = true;
-    for (const sections::Hit& hit : hits) {
-        if (hit.match != first.match)
-            break;
-        isOne = isOne && HaveSameFigures(hit.section, first.section);
-        known += (known.empty() ? "" : ", ") + LabelOf(hit.section);
-    }
-    if (!isOne)
-        throw CommandError(
-            fmt::format("Several sections are called \"{}\"; name one of {}.", typed, known));
-    return first.section;
+    std::vector<sections::Section> named;
+    for (const sections::Hit& hit : hits)
+        if (hit.match == hits.front().match)
+            named.push_back(hit.section);
+    return TheOneOf(named, typed);
 }
 
 /// A property in the unit of the first section that has it.
@@ -75,7 +93,7 @@ struct ComparedRow {
 class Compare : public Command {
     void Declare(CLI::App& app) override {
         app.add_option("sections", m_typed, "Names of two or more sections")
-            ->option_text("[CATALOGUE:]NAME ...")
+            ->option_text("[CATALOGUE:[FAMILY:]]NAME ...")
             ->required();
         m_units.Declare(app);
         m_form.Declare(app);
@@ -96,7 +114,8 @@ class Compare : public Command {
         for (const std::string& typed : m_typed) {
             const TypedSection wanted(typed);
             if (!wanted.catalogue.empty()) {
-                found.push_back(SectionsNamed(folder.Open(wanted.catalogue), wanted.name).front());
+                found.push_back(SectionNamed(folder.Open(wanted.catalogue), wanted.name,
+                                             wanted.family, "CATALOGUE:FAMILY:NAME"));
                 continue;
             }
             if (!everywhere) {

@@ -2,9 +2,6 @@
 #include "commands/DrawingOptions.h"
 #include "commands/Options.h"
 #include "commands/TypedNames.h"
-#include "output/Messages.h"
-
-#include <fmt/format.h>
 
 namespace dbsection {
 namespace {
@@ -18,22 +15,8 @@ class Draw : public Command {
         m_catalogues.Declare(app);
     }
 
-    void Run() const override { m_drawing.Draw(FindSection()); }
-
-    sections::Section FindSection() const {
-        const sections::Catalogue catalogue = m_catalogues.Folder().Open(m_catalogue);
-        const std::vector<sections::Section> named = SectionsNamed(catalogue, m_name);
-        std::string families;
-        for (const sections::Section& section : named) {
-            const std::string family = section.family().name();
-            if (named.size() == 1 ||
-                (!m_family.empty() && family == FindFamily(catalogue, m_family).name()))
-                return section;
-            families += (families.empty() ? "" : ", ") + family;
-        }
-        throw CommandError(fmt::format("\"{}\" stands in several families: {}; name one of them "
-                                       "with --family.",
-                                       m_name, families));
+    void Run() const override {
+        m_drawing.Draw(SectionNamed(m_catalogues.Folder().Open(m_catalogue), m_name, m_family));
     }
 
     std::string m_catalogue;

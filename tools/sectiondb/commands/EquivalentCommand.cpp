@@ -90,6 +90,7 @@ class FindEquivalent : public Command {
     void Declare(CLI::App& app) override {
         app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
         app.add_option("name", m_name, "Section name, e.g. W12X26")->required();
+        app.add_option("--family", m_family, "Shape family, where several have the name");
         app.add_option("--in", m_in, "The catalogue to look in (default: all of the folder)")
             ->option_text("CATALOGUE");
         m_limit.Declare(app, "How many (default: 10)");
@@ -99,7 +100,7 @@ class FindEquivalent : public Command {
 
     void Run() const override {
         const CatalogueFolder folder = m_catalogues.Folder();
-        const sections::Section wanted = SectionsNamed(folder.Open(m_catalogue), m_name).front();
+        const sections::Section wanted = SectionNamed(folder.Open(m_catalogue), m_name, m_family);
         const auto measures = Measures::Of(wanted);
         if (!measures)
             throw CommandError(fmt::format("{} of the catalogue {} has no area, moments of inertia "
@@ -134,6 +135,7 @@ class FindEquivalent : public Command {
 
     std::string m_catalogue;
     std::string m_name;
+    std::string m_family;
     std::string m_in; // empty: all
     LimitOption m_limit;
     FormOptions m_form;

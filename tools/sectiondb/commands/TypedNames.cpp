@@ -1,9 +1,12 @@
 #include "commands/TypedNames.h"
 
+#include "files/CatalogueFolder.h"
 #include "output/Messages.h"
 #include "records/CatalogueList.h"
 
 #include <fmt/format.h>
+#include <fmt/ranges.h>
+#include <set>
 
 namespace dbsection {
 
@@ -26,6 +29,22 @@ std::vector<sections::Section> SectionsNamed(const sections::Catalogue& catalogu
                                        FindCatalogue(catalogue.number())->name,
                                        Suggestion(names.nearest(typed))));
     return found;
+}
+
+sections::Section SectionNamed(const sections::Catalogue& catalogue, const std::string& typed,
+                               const std::string& family, const char* familyArgument) {
+    const std::vector<sections::Section> named = SectionsNamed(catalogue, typed);
+    const std::string wanted = family.empty() ? "" : FindFamily(catalogue, family).name();
+    std::set<std::string> families;
+    for (const sections::Section& section : named)
+        if (*families.insert(section.family().name()).first == wanted)
+            return section;
+    if (families.size() == 1 && family.empty())
+        return named.front();
+    throw CommandError(fmt::format("\"{}\" stands in the families {} of the catalogue {}; name one "
+                                   "of them with {}.",
+                                   typed, fmt::join(families, ", "), catalogue.name(),
+                                   familyArgument));
 }
 
 std::string Suggestion(const std::vector<sections::Hit>& near) {

@@ -17,6 +17,11 @@ std::string CatalogueOf(const sections::Section& section);
 std::vector<sections::Section> SectionsNamed(const sections::Catalogue& catalogue,
                                              const std::string& typed);
 
+/// The one section of that name, of a family where it is named; `familyArgument` is how a person
+/// names the family. Throws CommandError where there is none, or families to choose from.
+sections::Section SectionNamed(const sections::Catalogue& catalogue, const std::string& typed,
+                               const std::string& family, const char* familyArgument = "--family");
+
 /// The end of a message that a name was not found: the names that are most like it, or how to list
 /// names.
 std::string Suggestion(const std::vector<sections::Hit>& near);
