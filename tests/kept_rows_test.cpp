@@ -412,6 +412,47 @@ TEST_F(KeptRowsTest, CountingALongTableReadsNone) {
     EXPECT_TRUE(before->IsEOF());
 }
 
+TEST_F(KeptRowsTest, TheCountOfALongTableIsThatOfItsFileAsItIs) {
+    CreateCatalogue(m_path, 0);
+    Engine(m_path).Run("WITH RECURSIVE N(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM N LIMIT 3000) "
+                       "INSERT INTO Shape SELECT i, 'N' || i, 'n' || i, i FROM N");
+    CSectionWorkspace workspace;
+    CSectionDatabase writer(&workspace);
+    writer.Open(m_path.c_str());
+    DatabaseHandle mine;
+    DatabaseHandle others;
+    ASSERT_EQ(Open(others, m_path), 1);
+    ASSERT_EQ(Open(mine, m_path), 1);
+    mine->ReferTo(writer);
+    const auto rowsAndColumns = [](DatabaseHandle& db) {
+        Rows rows(db, "Select * From [Shape]", 4);
+        return std::pair(getRecordCount(rows.Address()), rows->GetFieldCount());
+    };
+    const auto askUntilKept = [&](DatabaseHandle& db) {
+        LetSettle();
+        rowsAndColumns(db);
+        return rowsAndColumns(db);
+    };
+    EXPECT_EQ(askUntilKept(others), std::pair(3000, 4));
+    for (const auto& [change, rows, columns] :
+         {std::tuple{"DELETE FROM Shape WHERE RECNO > 2000", 2000, 4},
+          {"ALTER TABLE Shape ADD COLUMN [More] TEXT", 2000, 5}}) {
+        EXPECT_EQ(RunInChild([&, sql = change] {
+                      Engine(m_path).Run(sql);
+                      return 0;
+                  }),
+                  0);
+        EXPECT_EQ(rowsAndColumns(others), std::pair(rows, columns)) << change;
+        EXPECT_EQ(askUntilKept(others), std::pair(rows, columns)) << change;
+    }
+    workspace.BeginTrans();
+    Rows(mine, "Select * From [Shape] WHERE [RECNO] =2")->Delete();
+    EXPECT_EQ(rowsAndColumns(mine), std::pair(1999, 5));
+    EXPECT_EQ(rowsAndColumns(others), std::pair(2000, 5));
+    workspace.Rollback();
+    EXPECT_EQ(rowsAndColumns(mine), std::pair(2000, 5));
+}
+
 TEST_F(KeptRowsTest, NothingIsKeptWhereALookAtTheFileDoesNotTell) {
     CreateCatalogue(m_path);
     const auto isKept = [&](DatabaseHandle& db, const char* sql) {

@@ -18,7 +18,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 using dbsection::PublicCall;
 
@@ -68,18 +67,20 @@ CString SelectionQuery(const CString& table, const CDWordArray& selection) {
     return "Select * From [" + table + "]" + restriction + " ORDER BY [RECNO] ASC";
 }
 
-/// The numbers of a stored selection. What is no record number, or too large for one, is 0.
-std::vector<DWORD> ParseSelection(std::string_view text) {
-    if (text.starts_with('0'))
-        return {EverySection};
-    std::vector<DWORD> numbers;
-    for (;;) {
+/// Writes the numbers of a stored selection into the first elements of an array. What is no record
+/// number, or too large for one, is 0.
+void ParseSelection(std::string_view text, CDWordArray& selection) {
+    if (text.starts_with('0')) {
+        selection.SetAtGrow(0, EverySection);
+        return;
+    }
+    for (int element = 0;; ++element) {
         const std::size_t comma = text.find(',');
         const std::int64_t number = dbsection::LeadingInteger(text.substr(0, comma));
         const bool fits = std::in_range<std::int32_t>(number);
-        numbers.push_back(static_cast<DWORD>(fits ? number : 0));
+        selection.SetAtGrow(element, static_cast<DWORD>(fits ? number : 0));
         if (comma == std::string_view::npos)
-            return numbers;
+            return;
         text.remove_prefix(comma + 1);
     }
 }
@@ -111,12 +112,10 @@ bool dbsection::ReadSelection(int index, const CString& table, CDWordArray& sele
                                                   "0", buffer.data(), buffer.size(), file);
     const bool isRead = SettingsWereRead(
         file, {"GetUserSelectedSections()", "Failed to read the selected sections."});
-    const std::vector<DWORD> numbers =
-        isRead ? ParseSelection({buffer.data(), length}) : std::vector<DWORD>{NoSection};
-    selection.SetSize(std::max(selection.GetSize(), static_cast<int>(numbers.size())));
-    int element = 0;
-    for (const DWORD number : numbers)
-        selection.SetAt(element++, number);
+    if (isRead)
+        ParseSelection({buffer.data(), length}, selection);
+    else
+        selection.SetAtGrow(0, NoSection);
     return isRead;
 }
 

@@ -75,9 +75,10 @@ Customisation ReadCustomisation(const CString& fileStem, CString& customName) {
 
 /// Where the settings put the file of a catalogue.
 struct Placement {
-    CString settings; ///< the file, and its revision
-    std::uint64_t revision = 0;
+    CString iniFile; ///< as the host has set it, maybe empty
     CString folder;
+    CString settings{}; ///< the file that follows from them, and its revision
+    std::uint64_t revision = 0;
     CString path{};
     Customisation customisation = Customisation::None;
 };
@@ -86,12 +87,13 @@ struct Placement {
 const Placement& PlaceOf(int index) {
     static std::array<Placement, LastCatalogueIndex + 1> known;
     Placement& place = known[static_cast<std::size_t>(index)];
-    Placement now{.settings = CustomisationFile(),
+    Placement now{.iniFile = SectionDBInterface::GetINIFileName(),
                   .folder = SectionDBInterface::GetDatabaseDirectoryName()};
-    now.revision = dbsection::ProfileRevision(now.settings);
-    if (now.revision != 0 && now.revision == place.revision && now.settings == place.settings &&
-        now.folder == place.folder)
+    if (place.revision != 0 && now.iniFile == place.iniFile && now.folder == place.folder &&
+        dbsection::ProfileRevision(place.settings) == place.revision)
         return place;
+    now.settings = CustomisationFile();
+    now.revision = dbsection::ProfileRevision(now.settings);
     CString stem = SectionDBInterface::m_saSectionFile[index];
     CString replacement;
     now.customisation = ReadCustomisation(stem, replacement);

@@ -52,12 +52,12 @@ const FileLook& LookAt(std::string_view path) {
     const bool isInCall = callState.depth > 0;
     if (isInCall)
         for (const KeptLook& known : kept.all)
-            if (known.number == callState.looks &&
-                (known.path == path || IsSamePath(known.path, path)))
+            if (known.number == callState.looks && IsSamePath(known.path, path))
                 return known.look;
     KeptLook& place = kept.all[kept.next++ % Capacity];
     place.number = 0; // while it is not whole
-    place.path = NativePath(path);
+    place.path = path;
+    MakeNative(place.path);
     Look(place.path, place.look);
     if (isInCall)
         place.number = callState.looks;

@@ -4,7 +4,6 @@
 #include "platform/FileDescriptor.h"
 #include "platform/FileLook.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
@@ -61,8 +60,14 @@ namespace dbsection {
 
 std::string NativePath(std::string_view path) {
     std::string native(path);
-    std::ranges::replace(native, '\\', char{std::filesystem::path::preferred_separator});
+    MakeNative(native);
     return native;
+}
+
+void MakeNative(std::string& path) {
+    constexpr char Preferred = std::filesystem::path::preferred_separator;
+    for (std::size_t at = path.find('\\'); at != std::string::npos; at = path.find('\\', at + 1))
+        path[at] = Preferred;
 }
 
 int LookForFile(const char* path) {

@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,18 @@ inline std::string UpperCase(std::string_view text) {
     std::string upper(text);
     std::ranges::transform(upper, upper.begin(), ToUpper);
     return upper;
+}
+
+/// The parts as one text.
+inline std::string Joined(std::initializer_list<std::string_view> parts) {
+    std::size_t size = 0;
+    for (const std::string_view part : parts)
+        size += part.size();
+    std::string text;
+    text.reserve(size);
+    for (const std::string_view part : parts)
+        text += part;
+    return text;
 }
 
 inline bool EqualNoCase(std::string_view left, std::string_view right) {

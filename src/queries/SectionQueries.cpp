@@ -12,6 +12,7 @@
 #include "queries/QueryText.h"
 
 #include <optional>
+#include <string_view>
 
 using dbsection::Fixed;
 using dbsection::QueryCall;
@@ -103,8 +104,20 @@ std::optional<double> Average(const Target& target, const CString& column, CSect
     return average;
 }
 
-CString ByName(const Target& target, const char* name) {
-    return target.Rows() + " WHERE UPPER([VessaName]) = UPPER('" + name + "')";
+/// How a column is compared with a name: what stands before and behind it.
+struct Comparison {
+    std::string_view before;
+    std::string_view behind;
+};
+constexpr Comparison WithVessaName{"UPPER([VessaName]) = UPPER('", "')"};
+constexpr Comparison WithDesignation{"[Designation] = '", "'"};
+
+/// The statement for the selected rows of a name.
+CString ByName(const Target& target, const CString& name, const Comparison& compared) {
+    const CString selected = target.Selected(SelectionForm::And);
+    return CString(
+        dbsection::Joined({"Select * From [", target.table.View(), "] WHERE ", compared.before,
+                           name.View(), compared.behind, selected.View()}));
 }
 
 } // namespace
@@ -151,11 +164,10 @@ void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* n
         const Target target(catalogue, type, db, rs);
         if (!target)
             return;
-        const CString byName = catalogue == SteelJoistIndex
-                                   ? target.Rows() + " WHERE [Designation] = '" + name + "'"
-                                   : ByName(target, name);
-        dbsection::OpenByName(db, rs, name, byName + target.Selected(SelectionForm::And),
-                              CSectionRecordset::Snapshot);
+        const CString wanted(name);
+        const CString sql =
+            ByName(target, wanted, catalogue == SteelJoistIndex ? WithDesignation : WithVessaName);
+        dbsection::OpenByName(db, rs, wanted, sql, CSectionRecordset::Snapshot);
     });
 }
 
@@ -167,8 +179,7 @@ void SectionDBInterface::GetAssignSectionRecords(int catalogue, int type, const 
             return;
         const CString selected = target.Selected(SelectionForm::Bare);
         if (name != nullptr &&
-            dbsection::OpenByName(db, rs, name,
-                                  ByName(target, name) + target.Selected(SelectionForm::And),
+            dbsection::OpenByName(db, rs, name, ByName(target, name, WithVessaName),
                                   CSectionRecordset::Dynaset) == 1 &&
             getRecordCount(rs) == 1)
             return;

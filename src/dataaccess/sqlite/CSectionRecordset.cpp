@@ -17,11 +17,13 @@ using dbsection::WithMemoryErrors;
 namespace {
 
 /// The statement, or the one that reads the table of that name.
-std::string StatementOf(Connection& connection, const std::string& text) {
+std::string StatementOf(Connection& connection, std::string text) {
     if (dbsection::IsReading(text))
         return text;
     const auto table = connection.FindTable(text);
-    return table ? "SELECT * FROM " + dbsection::Quoted(*table) : text;
+    if (table)
+        text = "SELECT * FROM " + dbsection::Quoted(*table);
+    return text;
 }
 
 [[noreturn]] void FailClosed() {
@@ -146,11 +148,7 @@ COleVariant CSectionRecordset::GetFieldValue(int index) const {
 }
 
 void CSectionRecordset::GetFieldNumbers(int first, std::span<double> numbers) const {
-    WithMemoryErrors([&] {
-        RecordsetState& state = OpenState(m_state);
-        for (double& number : numbers)
-            number = state.Number(first++);
-    });
+    WithMemoryErrors([&] { OpenState(m_state).ReadNumbers(first, numbers); });
 }
 
 void CSectionRecordset::SetFieldValue(int index, const COleVariant& value) {

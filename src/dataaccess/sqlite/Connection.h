@@ -55,6 +55,12 @@ struct KeptAnswer {
     CSectionDataStamp stamp;
 };
 
+/// The same of rows that are too many to be kept.
+struct LongAnswer {
+    std::shared_ptr<const QueryShape> shape;
+    CSectionDataStamp stamp;
+};
+
 /// What is opened, how, and by whom.
 struct Origin {
     std::string path;
@@ -140,11 +146,15 @@ public:
 
     /// The answer to a statement of a caller from what is kept of the file, which takes one look at
     /// it; nothing where the engine must be asked. Rows that were asked for again are kept.
-    std::optional<KeptAnswer> Answer(const std::string& sql, Editing editing, Amount amount);
+    /// `question` is what the statement asks, where it asks one table.
+    std::optional<KeptAnswer> Answer(const std::string& sql,
+                                     const std::optional<TableQuestion>& question, Editing editing,
+                                     Amount amount);
 
-    /// Whether a statement was noted, in this version of the file, to have more than few rows.
-    bool IsLong(const std::string& sql);
-    void NoteLong(const std::string& sql);
+    /// What a statement delivers that was noted, in this version of the file, to have more than few
+    /// rows. It is noted while it is at one of them.
+    std::optional<LongAnswer> FindLong(const std::string& sql, Editing editing);
+    void NoteLong(const std::string& sql, Editing editing, const ReadyQuery& query);
 
     /// The tables that have rows of a name, in table order, from what is kept of the file; nothing
     /// where that does not tell. `keeping` says whether all tables may be read to be kept.
@@ -184,6 +194,7 @@ public:
     /// The columns of a table of the list.
     FieldList Fields(const std::string& table);
 
+    /// Read once in a version of the file.
     std::int32_t CountRows(const std::string& table);
 
     std::int64_t LastRowId() const { return sqlite3_last_insert_rowid(m_database); }
@@ -240,6 +251,7 @@ private:
     std::optional<bool> FirstRow(const ReadyQuery& query);
 
     KeptFile* Kept();
+    KeptFile* KeptWhileReading();
     std::optional<KeptAnswer> AnswerFromTable(KeptFile& file, const TableQuestion& question,
                                               Editing editing, Amount amount);
     std::shared_ptr<const KeptTable> KeepTable(KeptFile& file, const std::string& name,

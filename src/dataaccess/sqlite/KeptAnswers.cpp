@@ -11,7 +11,6 @@ namespace dbsection {
 namespace {
 
 constexpr const char* AllRows = "SELECT * FROM ";
-constexpr const char* LongKey = "long ";
 
 /// What is read in a version of a file has the same stamp, whatever connection reads it.
 CSectionDataStamp StampOf(const KeptFile& file) { return {-file.Number(), 0, 0}; }
@@ -26,6 +25,10 @@ TableQuestion InTermsOfTables(const NameQuestion& question) {
                       : question.match == NameMatch::InCapitals ? Rows::OfTextInCapitals
                                                                 : Rows::OfTextInAnyCase;
     return {.rows = rows, .column = question.column, .text = question.name};
+}
+
+std::string KeyOf(const std::string& sql, Editing editing) {
+    return (editing == Editing::No ? "read " : "edit ") + sql;
 }
 
 /// Whether the same rows come at any time: these functions know the hour.
@@ -51,6 +54,10 @@ KeptFile* Connection::Kept() {
     return m_keptFile.get();
 }
 
+/// The same at a row of a statement: while it is under way nobody writes, and what it reads is of
+/// that version.
+KeptFile* Connection::KeptWhileReading() { return HasWriteAheadLog() ? nullptr : Kept(); }
+
 bool Connection::IsCurrent(const CSectionDataStamp& stamp) {
     if (stamp.connection > 0)
         return stamp == Stamp();
@@ -58,14 +65,15 @@ bool Connection::IsCurrent(const CSectionDataStamp& stamp) {
     return file != nullptr && stamp == StampOf(*file);
 }
 
-std::optional<KeptAnswer> Connection::Answer(const std::string& sql, Editing editing,
-                                             Amount amount) {
+std::optional<KeptAnswer> Connection::Answer(const std::string& sql,
+                                             const std::optional<TableQuestion>& question,
+                                             Editing editing, Amount amount) {
     KeptFile* file = Kept();
     if (file == nullptr)
         return std::nullopt;
-    if (const auto question = TableQuestion::Parse(sql))
+    if (question)
         return AnswerFromTable(*file, *question, editing, amount);
-    const std::string key = (editing == Editing::No ? "read " : "edit ") + sql;
+    const std::string key = KeyOf(sql, editing);
     if (const auto kept = file->FindResult(key))
         return AllOf(*file, *kept);
     if (!file->HasBeenAsked(key) || file->IsRefused(key) || !IsTimeless(sql))
@@ -80,15 +88,29 @@ std::optional<KeptAnswer> Connection::Answer(const std::string& sql, Editing edi
     return AllOf(*file, *read);
 }
 
-bool Connection::IsLong(const std::string& sql) {
+std::optional<LongAnswer> Connection::FindLong(const std::string& sql, Editing editing) {
     const KeptFile* file = Kept();
-    return file != nullptr && file->IsRefused(LongKey + sql);
+    if (file == nullptr)
+        return std::nullopt;
+    auto shape = file->FindLong(KeyOf(sql, editing));
+    return shape ? std::optional(LongAnswer{std::move(shape), StampOf(*file)}) : std::nullopt;
 }
 
-/// While the statement runs nobody writes: the file is of the version that is read.
-void Connection::NoteLong(const std::string& sql) {
-    if (KeptFile* file = Kept(); file != nullptr)
-        file->Refuse(LongKey + sql);
+void Connection::NoteLong(const std::string& sql, Editing editing, const ReadyQuery& query) {
+    if (KeptFile* file = KeptWhileReading())
+        file->KeepLong(KeyOf(sql, editing), query.lease.Shape());
+}
+
+std::int32_t Connection::CountRows(const std::string& table) {
+    if (const KeptFile* file = Kept())
+        if (const auto known = file->FindCount(table))
+            return *known;
+    const StatementLease lease = Own("SELECT count(*) FROM " + Quoted(table));
+    Step(lease.Get(), table, Activity::Reading);
+    const std::int32_t count = sqlite3_column_int(lease.Get(), 0);
+    if (KeptFile* file = KeptWhileReading())
+        file->KeepCount(table, count);
+    return count;
 }
 
 /// Rows of a whole table that may be written to are left to be read when they are asked for.

@@ -123,6 +123,28 @@ void KeptFile::Keep(const std::string& key, const KeptResult& result) {
         Count(result.Size() + key.size());
 }
 
+std::shared_ptr<const QueryShape> KeptFile::FindLong(const std::string& key) const {
+    const std::lock_guard lock(m_guard);
+    const auto place = m_long.find(key);
+    return place == m_long.end() ? nullptr : place->second;
+}
+
+void KeptFile::KeepLong(const std::string& key, std::shared_ptr<const QueryShape> shape) {
+    const std::lock_guard lock(m_guard);
+    m_long.insert_or_assign(key, std::move(shape));
+}
+
+std::optional<std::int32_t> KeptFile::FindCount(const std::string& table) const {
+    const std::lock_guard lock(m_guard);
+    const auto place = m_counts.find(table);
+    return place == m_counts.end() ? std::nullopt : std::optional(place->second);
+}
+
+void KeptFile::KeepCount(const std::string& table, std::int32_t count) {
+    const std::lock_guard lock(m_guard);
+    m_counts.insert_or_assign(table, count);
+}
+
 void KeptFile::Refuse(const std::string& key) {
     const std::lock_guard lock(m_guard);
     m_refused.insert(key);
@@ -154,6 +176,8 @@ void KeptFile::Clear() noexcept {
     m_allTables.reset();
     m_names.clear();
     m_results.clear();
+    m_long.clear();
+    m_counts.clear();
     total -= std::exchange(m_size, 0);
 }
 

@@ -54,6 +54,14 @@ public:
     std::optional<KeptResult> FindResult(const std::string& key) const;
     void Keep(const std::string& key, const KeptResult& result);
 
+    /// What a statement for more than few rows of a table delivers; null where none was noted.
+    std::shared_ptr<const QueryShape> FindLong(const std::string& key) const;
+    void KeepLong(const std::string& key, std::shared_ptr<const QueryShape> shape);
+
+    /// The number of rows in a table.
+    std::optional<std::int32_t> FindCount(const std::string& table) const;
+    void KeepCount(const std::string& table, std::int32_t count);
+
     /// Notes a statement, or a table, that could not be kept; it is not tried again.
     void Refuse(const std::string& key);
     bool IsRefused(const std::string& key) const;
@@ -98,6 +106,8 @@ private:
     /// By column; none where a table holds others than texts.
     std::map<std::string, std::optional<NameIndex>, std::less<>> m_names;
     std::unordered_map<std::string, KeptResult> m_results;
+    std::unordered_map<std::string, std::shared_ptr<const QueryShape>> m_long;
+    std::unordered_map<std::string, std::int32_t> m_counts; ///< by table
     std::unordered_set<std::string> m_refused;
     std::unordered_set<std::size_t> m_asked; ///< hashes of statements
     std::int64_t m_questions = 0;

@@ -208,7 +208,7 @@ void RecordsetState::Delete() {
     DeleteRow(m_position, isCurrent);
     transaction.Commit();
     // Of a table the rest is what would be read now; a condition may ask for other rows by then.
-    if (isCurrent && m_isWholeTable)
+    if (isCurrent && IsOfWholeTable())
         m_stamp = Engine().WithOwnChanges(*m_stamp);
     m_edit = Edit::None;
     m_onGap = true;

@@ -2,7 +2,6 @@
 
 #include "dataaccess/sqlite/FieldTypes.h"
 #include "dataaccess/sqlite/RowCondition.h"
-#include "dataaccess/sqlite/TableQuestion.h"
 #include "dataaccess/sqlite/Values.h"
 #include "platform/Text.h"
 
@@ -24,18 +23,13 @@ std::string ConditionStatement(const QueryShape& shape, std::string_view conditi
     return "SELECT 1 FROM (SELECT " + columns + ") WHERE (" + std::string(condition) + "\n)";
 }
 
-bool IsWholeTable(std::string_view sql) {
-    const auto question = TableQuestion::Parse(sql);
-    return question && question->rows == TableQuestion::Rows::All;
-}
-
 } // namespace
 
 RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing)
     : m_session(std::move(session)),
       m_sql(std::move(sql)),
-      m_editing(editing),
-      m_isWholeTable(IsWholeTable(m_sql)) {
+      m_question(TableQuestion::Parse(m_sql)),
+      m_editing(editing) {
     OpenRows();
     Visit(0);
 }
@@ -45,23 +39,24 @@ RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql
 void RecordsetState::OpenRows() {
     if (TakeKeptRows(Amount::Few))
         return;
-    const bool isLong = m_isWholeTable && Engine().IsLong(m_sql);
+    if (const auto rows = IsOfWholeTable() ? Engine().FindLong(m_sql, m_editing) : std::nullopt) {
+        LeaveRows(rows->shape, rows->stamp);
+        return;
+    }
     Engine().WithFirstRow(m_sql, m_editing, [&](const ReadyQuery& query, bool atRow) {
         const auto& shape = query.lease.Shape();
         if (atRow && shape->isWholeTable) {
             LeaveRows(shape, std::nullopt);
             m_firstId = sqlite3_column_int64(query.lease.Get(), shape->Width());
-        } else if (atRow && isLong) {
-            LeaveRows(shape, Engine().Stamp());
         } else {
-            ReadRows(query, atRow, m_isWholeTable ? Amount::Few : Amount::Any);
+            ReadRows(query, atRow, IsOfWholeTable() ? Amount::Few : Amount::Any);
         }
     });
 }
 
 /// Takes the rows that are kept of the file; false where there are none.
 bool RecordsetState::TakeKeptRows(Amount amount) {
-    auto kept = Engine().Answer(m_sql, m_editing, amount);
+    auto kept = Engine().Answer(m_sql, m_question, m_editing, amount);
     if (!kept)
         return false;
     TakeRows(std::move(kept->shape), std::move(kept->rows), kept->stamp);
@@ -107,7 +102,7 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow, Amount amount
     for (; atRow; atRow = Engine().NextRow(query)) {
         if (amount == Amount::Few && rows.Count() == FewRows) {
             LeaveRows(shape, stamp);
-            Engine().NoteLong(m_sql);
+            Engine().NoteLong(m_sql, m_editing, query);
             return;
         }
         const std::size_t before = rows.TextSize();
@@ -285,16 +280,18 @@ COleVariant RecordsetState::Value(int column) {
     return ToVariant(m_rows.At(m_position, column), m_rows.Store(), m_shape->columns[index]);
 }
 
-double RecordsetState::Number(int column) {
-    RequireColumn(column);
+void RecordsetState::ReadNumbers(int first, std::span<double> numbers) {
     RequireRows();
-    if (m_edit == Edit::None && IsAtRow()) { // most are reals, and need no variant
-        const Cell& cell = m_rows.At(m_position, column);
-        if (cell.storage == Cell::Storage::Real &&
-            m_shape->columns[static_cast<std::size_t>(column)].type == SectionField::Double)
-            return cell.real;
+    const bool isStored = m_edit == Edit::None && IsAtRow();
+    const Cell* cells = isStored ? &m_rows.At(m_position, 0) : nullptr;
+    for (double& number : numbers) {
+        const int column = first++;
+        RequireColumn(column);
+        const auto index = static_cast<std::size_t>(column);
+        const bool isReal = isStored && cells[index].storage == Cell::Storage::Real &&
+                            m_shape->columns[index].type == SectionField::Double;
+        number = isReal ? cells[index].real : AsNumber(Value(column)); // most need no variant
     }
-    return AsNumber(Value(column));
 }
 
 void RecordsetState::FailWithoutColumn(int column) {

@@ -3,11 +3,13 @@
 
 #include "dataaccess/sqlite/RowsInUse.h"
 #include "dataaccess/sqlite/Session.h"
+#include "dataaccess/sqlite/TableQuestion.h"
 #include "platform/COleVariant.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +23,8 @@ class Transaction;
 class RecordsetState {
 public:
     RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing);
+    RecordsetState(const RecordsetState&) = delete;
+    RecordsetState& operator=(const RecordsetState&) = delete;
 
     bool IsOpen() const { return m_session->IsOpen(); }
     const QueryShape& Shape() const { return *m_shape; }
@@ -43,7 +47,8 @@ public:
     bool Find(bool relative, int step, std::string_view condition);
 
     COleVariant Value(int column);
-    double Number(int column);
+    /// The values of consecutive columns as numbers.
+    void ReadNumbers(int first, std::span<double> numbers);
 
     void BeginNew();
     void BeginEdit();
@@ -60,6 +65,11 @@ private:
 
     Connection& Engine() const { return m_session->Get(); }
     const std::string& Table() const { return m_shape->editableTable; }
+
+    /// Whether the statement asks for all rows and columns of one table, in no order.
+    bool IsOfWholeTable() const {
+        return m_question && m_question->rows == TableQuestion::Rows::All;
+    }
 
     void OpenRows();
     bool TakeKeptRows(Amount amount);
@@ -115,12 +125,12 @@ private:
     void ReadBackAndCommit(std::int64_t id, Transaction& transaction);
 
     std::shared_ptr<Session> m_session;
-    std::string m_sql;
-    Editing m_editing;
+    const std::string m_sql;
+    const std::optional<TableQuestion> m_question; ///< that the statement asks
+    const Editing m_editing;
     std::shared_ptr<const QueryShape> m_shape;
     RowsInUse m_rows;
     std::optional<CSectionDataStamp> m_stamp;
-    bool m_isWholeTable; ///< all rows and columns of one, in no order that was asked for
     bool m_isRead = false;
     std::optional<int> m_counted;          ///< rows that were left to be read later
     std::optional<std::int64_t> m_firstId; ///< of the row that was the first when they were left

@@ -11,7 +11,8 @@ namespace dbsection {
 /// Consecutive rows of a store. Who changes them gets rows of its own.
 class RowsInUse {
 public:
-    explicit RowsInUse(RowStore&& rows = RowStore())
+    RowsInUse() = default;
+    explicit RowsInUse(RowStore&& rows)
         : m_own(std::make_shared<RowStore>(std::move(rows))),
           m_store(m_own),
           m_count(m_own->Count()) {}
@@ -38,7 +39,7 @@ public:
     /// Makes the rows the user's own, so that changing them takes no more memory.
     void MakeOwn() {
         if (m_own == nullptr)
-            *this = RowsInUse(m_store->Extract(m_first, m_count));
+            *this = RowsInUse(m_store == nullptr ? RowStore() : m_store->Extract(m_first, m_count));
     }
 
     /// Runs `change` on a store of these rows alone. Where that throws they are what they were.
@@ -50,10 +51,10 @@ public:
     }
 
 private:
-    std::shared_ptr<RowStore> m_own; ///< null where the rows are kept ones
-    std::shared_ptr<const RowStore> m_store;
+    std::shared_ptr<RowStore> m_own;         ///< null where the rows are kept ones, or none
+    std::shared_ptr<const RowStore> m_store; ///< null where there are none
     int m_first = 0;
-    int m_count;
+    int m_count = 0;
 };
 
 } // namespace dbsection

@@ -1,14 +1,21 @@
 #include "dataaccess/sqlite/SqlTokens.h"
 
 #include <algorithm>
+#include <array>
 
 namespace dbsection {
 namespace {
 
-constexpr bool IsWordCharacter(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           c == '$' || static_cast<unsigned char>(c) >= 0x80;
-}
+/// By character: whether words are made of it.
+constexpr auto WordCharacters = [] {
+    std::array<bool, 256> isOne{};
+    for (unsigned c = 0; c < isOne.size(); ++c)
+        isOne[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                   c == '_' || c == '$' || c >= 0x80;
+    return isOne;
+}();
+
+bool IsWordCharacter(char c) { return WordCharacters[static_cast<unsigned char>(c)]; }
 
 /// Position behind blanks and comments. A comment that is not closed is left where it is.
 std::size_t SkipBlanks(std::string_view sql, std::size_t at) {
@@ -29,18 +36,25 @@ std::size_t SkipBlanks(std::string_view sql, std::size_t at) {
     }
 }
 
-/// Position behind a quotation, in which a doubled quote stands for itself; nothing where it is not
-/// closed.
-std::optional<std::size_t> SkipQuotation(std::string_view sql, std::size_t at) {
+constexpr std::size_t NotClosed = std::string_view::npos;
+
+/// Position behind a quotation, in which a doubled quote stands for itself, or NotClosed.
+std::size_t SkipQuotation(std::string_view sql, std::size_t at) {
     const char close = sql[at] == '[' ? ']' : sql[at];
-    for (++at; at < sql.size(); ++at) {
-        if (sql[at] != close)
-            continue;
+    for (at = sql.find(close, at + 1); at < sql.size(); at = sql.find(close, at + 2))
         if (close == ']' || at + 1 >= sql.size() || sql[at + 1] != close)
             return at + 1;
+    return NotClosed;
+}
+
+/// Position behind a word, or bytes such as x'00'.
+std::size_t SkipWord(std::string_view sql, std::size_t at) {
+    const std::size_t begin = at;
+    while (at < sql.size() && IsWordCharacter(sql[at]))
         ++at;
-    }
-    return std::nullopt;
+    const bool isBytes =
+        at == begin + 1 && ToUpper(sql[begin]) == 'X' && at < sql.size() && sql[at] == '\'';
+    return isBytes ? SkipQuotation(sql, at) : at;
 }
 
 } // namespace
@@ -61,24 +75,20 @@ std::optional<Token> NextToken(std::string_view sql, std::size_t at) {
     at = SkipBlanks(sql, at);
     if (at >= sql.size())
         return std::nullopt;
-    const auto token = [&](TokenKind kind, std::optional<std::size_t> end) {
-        return end ? Token{kind, sql.substr(at, *end - at), at}
-                   : Token{TokenKind::Unclosed, sql.substr(at), at};
-    };
     const char c = sql[at];
-    if (c == '\'')
-        return token(TokenKind::Literal, SkipQuotation(sql, at));
-    if (c == '[' || c == '"' || c == '`')
-        return token(TokenKind::QuotedName, SkipQuotation(sql, at));
-    if (c == '/' && sql.substr(at, 2) == "/*")
-        return token(TokenKind::Unclosed, std::nullopt);
-    if (!IsWordCharacter(c))
-        return token(TokenKind::Symbol, at + 1);
-    std::size_t end = at;
-    while (end < sql.size() && IsWordCharacter(sql[end]))
-        ++end;
-    const bool isBytes = end == at + 1 && ToUpper(c) == 'X' && end < sql.size() && sql[end] == '\'';
-    return token(TokenKind::Word, isBytes ? SkipQuotation(sql, end) : end);
+    TokenKind kind = TokenKind::Symbol;
+    std::size_t end = at + 1;
+    if (IsWordCharacter(c)) {
+        kind = TokenKind::Word;
+        end = SkipWord(sql, at);
+    } else if (c == '\'' || c == '[' || c == '"' || c == '`') {
+        kind = c == '\'' ? TokenKind::Literal : TokenKind::QuotedName;
+        end = SkipQuotation(sql, at);
+    } else if (sql.substr(at, 2) == "/*") {
+        end = NotClosed;
+    }
+    return end == NotClosed ? Token{TokenKind::Unclosed, sql.substr(at), at}
+                            : Token{kind, sql.substr(at, end - at), at};
 }
 
 } // namespace dbsection

@@ -3,6 +3,7 @@
 
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,8 +25,9 @@ struct Token {
     std::size_t begin; ///< its place in the statement
 
     std::size_t End() const { return begin + text.size(); }
+    /// Whether it is a word; that one is given in capitals.
     bool Is(std::string_view word) const {
-        return kind == TokenKind::Word && EqualNoCase(text, word);
+        return kind == TokenKind::Word && std::ranges::equal(text, word, {}, ToUpper);
     }
     bool IsSymbol(char symbol) const { return kind == TokenKind::Symbol && text[0] == symbol; }
     bool IsName() const { return kind == TokenKind::Word || kind == TokenKind::QuotedName; }

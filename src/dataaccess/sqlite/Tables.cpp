@@ -61,12 +61,6 @@ std::string Connection::RequireTable(std::string_view name) {
     return *table;
 }
 
-std::int32_t Connection::CountRows(const std::string& table) {
-    const StatementLease lease = Own("SELECT count(*) FROM " + Quoted(table));
-    Step(lease.Get(), table, Activity::Reading);
-    return sqlite3_column_int(lease.Get(), 0);
-}
-
 FieldList Connection::Fields(const std::string& table) {
     if (const auto place = m_fields.find(table); place != m_fields.end())
         return place->second;
