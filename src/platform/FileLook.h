@@ -19,4 +19,13 @@ struct FileLook {
 /// Valid until the thread's next look.
 const FileLook& LookAt(std::string_view path);
 
+/// Who the process is to files.
+struct FileUser {
+    uid_t user;
+    gid_t group;
+    bool operator==(const FileUser&) const = default;
+};
+
+FileUser LookAtUser();
+
 } // namespace dbsection

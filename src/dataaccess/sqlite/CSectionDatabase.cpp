@@ -233,10 +233,10 @@ std::vector<CString> CSectionDatabase::FindDamage() const {
 namespace dbsection {
 namespace {
 
-/// Asks a connection for the tables with rows of a name.
-std::optional<std::vector<NameRows>> FindUserRows(Connection& connection,
-                                                  const QuestionFor& questionFor, Keeping keeping) {
-    auto found = connection.FindRows(questionFor, keeping);
+using FoundRows = std::optional<std::vector<NameRows>>;
+
+/// Of what was found only the user tables.
+FoundRows InUserTables(FoundRows found) {
     if (found)
         std::erase_if(*found,
                       [](const NameRows& rows) { return AttributesOf(rows.table.View()) != 0; });
@@ -250,7 +250,7 @@ std::optional<std::vector<NameRows>> KeptNames::Find(const CSectionDatabase& dat
     if (IsObserved())
         return std::nullopt;
     return WithMemoryErrors(
-        [&] { return FindUserRows(database.OpenConnection(), questionFor, Keeping::IfWorth); });
+        [&] { return InUserTables(database.OpenConnection().FindRows(questionFor)); });
 }
 
 std::optional<std::vector<NameRows>> KeptNames::Find(const CString& fileName, const char* connect,
@@ -263,8 +263,7 @@ std::optional<std::vector<NameRows>> KeptNames::Find(const CString& fileName, co
         if (!origin)
             return;
         const auto ask = [&](Connection& connection) {
-            found = FindUserRows(
-                connection, [&](std::string_view) { return question; }, Keeping::No);
+            found = InUserTables(connection.FindKeptRows(question));
         };
         ConnectionPool::Peek(*origin, PasswordIn(connect), ask);
     });

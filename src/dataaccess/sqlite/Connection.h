@@ -45,9 +45,6 @@ struct ReadyQuery {
 enum class Amount { Few, Any };
 inline constexpr int FewRows = 1024;
 
-/// Whether tables may be read to be kept.
-enum class Keeping { IfWorth, No };
-
 /// Rows that were read before, and are what a statement would read now.
 struct KeptAnswer {
     std::shared_ptr<const QueryShape> shape;
@@ -66,8 +63,7 @@ struct Origin {
     std::string path;
     bool readOnly;
     FileVersion version;
-    uid_t user;
-    gid_t group;
+    FileUser user;
     bool operator==(const Origin&) const = default;
 
     /// Asks the system; nothing where the file cannot be reached, and errno then says why.
@@ -157,8 +153,11 @@ public:
     void NoteLong(const std::string& sql, Editing editing, const ReadyQuery& query);
 
     /// The tables that have rows of a name, in table order, from what is kept of the file; nothing
-    /// where that does not tell. `keeping` says whether all tables may be read to be kept.
-    std::optional<std::vector<NameRows>> FindRows(const QuestionFor& questionFor, Keeping keeping);
+    /// where that does not tell. All tables are read to be kept where that is worth it.
+    std::optional<std::vector<NameRows>> FindRows(const QuestionFor& questionFor);
+
+    /// The same of one question for all tables; none is read.
+    std::optional<std::vector<NameRows>> FindKeptRows(const NameQuestion& question);
 
     /// Whether what was read in that state is what would be read now.
     bool IsCurrent(const CSectionDataStamp& stamp);

@@ -85,7 +85,7 @@ std::optional<Origin> Origin::Find(const std::string& path, bool readOnly) {
     const auto version = FileVersion::Look(path);
     if (!version)
         return std::nullopt;
-    return Origin{path, readOnly, *version, ::geteuid(), ::getegid()};
+    return Origin{path, readOnly, *version, LookAtUser()};
 }
 
 ConnectionPtr Connection::Open(const std::string& path, std::string_view password, Access access) {

@@ -31,6 +31,15 @@ std::string KeyOf(const std::string& sql, Editing editing) {
     return (editing == Editing::No ? "read " : "edit ") + sql;
 }
 
+/// Appends a table where it has rows of a name; false where that is not told.
+bool AppendRows(const KeptTable& table, const NameQuestion& question,
+                std::vector<NameRows>& found) {
+    const auto count = table.Count(InTermsOfTables(question));
+    if (count.value_or(0) > 0)
+        found.push_back({CString(table.Name()), *count});
+    return count.has_value();
+}
+
 /// Whether the same rows come at any time: these functions know the hour.
 bool IsTimeless(const std::string& sql) {
     return !Mentions(sql, "date") && !Mentions(sql, "strftime");
@@ -183,31 +192,35 @@ std::shared_ptr<const KeptFile::Tables> Connection::KeepAllTables(KeptFile& file
     return all;
 }
 
-std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& questionFor,
-                                                          Keeping keeping) {
+std::optional<std::vector<NameRows>> Connection::FindRows(const QuestionFor& questionFor) {
     KeptFile* file = Kept();
-    if (file == nullptr)
-        return std::nullopt;
-    const auto tables = keeping == Keeping::IfWorth ? KeepAllTables(*file) : file->AllTables();
+    const auto tables = file == nullptr ? nullptr : KeepAllTables(*file);
     if (!tables)
         return std::nullopt;
     std::vector<NameRows> found;
     const char* column = nullptr;
     std::vector<std::uint32_t> mayHold;
     for (std::uint32_t number = 0; number < tables->size(); ++number) {
-        const auto& table = (*tables)[number];
-        const NameQuestion question = questionFor(table->Name());
+        const KeptTable& table = *(*tables)[number];
+        const NameQuestion question = questionFor(table.Name());
         if (question.column != column)
             mayHold = file->TablesThatMayHold(question.column, question.name);
         column = question.column;
-        if (!std::ranges::binary_search(mayHold, number))
-            continue;
-        const auto count = table->Count(InTermsOfTables(question));
-        if (!count)
+        if (std::ranges::binary_search(mayHold, number) && !AppendRows(table, question, found))
             return std::nullopt;
-        if (*count > 0)
-            found.push_back({CString(table->Name()), *count});
     }
+    return found;
+}
+
+std::optional<std::vector<NameRows>> Connection::FindKeptRows(const NameQuestion& question) {
+    KeptFile* file = Kept();
+    const auto tables = file == nullptr ? nullptr : file->AllTables();
+    if (!tables)
+        return std::nullopt;
+    std::vector<NameRows> found;
+    for (const std::uint32_t number : file->TablesThatMayHold(question.column, question.name))
+        if (!AppendRows(*(*tables)[number], question, found))
+            return std::nullopt;
     return found;
 }
 
