@@ -2,9 +2,11 @@
 // all of them.
 #pragma once
 
+#include "BuiltCatalogues.h"
 #include "EveryCatalogue.h"
 #include "TestSupport.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,9 +35,13 @@ public:
 
     const EveryCatalogue& Every() const { return m_every; }
 
+    /// They are built when they are first asked for.
+    const BuiltCatalogues& Built() const { return m_built ? *m_built : m_built.emplace(Password); }
+
 private:
     testsupport::TempFolder m_folder;
     EveryCatalogue m_every{Password};
+    mutable std::optional<BuiltCatalogues> m_built;
     std::string m_keyStatement;
     std::vector<std::string> m_names;
     std::vector<double> m_areas;

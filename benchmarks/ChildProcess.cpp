@@ -19,7 +19,8 @@ pid_t Start(const std::vector<std::string>& command) {
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+        posix_spawn_file_actions_addopen(&actions, stream, "/dev/null", O_WRONLY, 0);
     pid_t child = 0;
     const int error =
         posix_spawn(&child, arguments.front(), &actions, nullptr, arguments.data(), environ);

@@ -6,7 +6,7 @@
 
 namespace sectionbench {
 
-/// Runs a program with its standard output dropped, and returns the most memory that it held, in
+/// Runs a program with all that it prints dropped, and returns the most memory that it held, in
 /// mebibytes. Throws where it does not end with success.
 ///
 /// The system counts from the start of the child, when it still is a copy of this process: the

@@ -31,6 +31,14 @@ struct Measure {
     Limits limits;
 };
 
+/// What is told by one number, taken once.
+struct Amount {
+    const char* name;
+    const char* unit;
+    double most;
+    double (*take)(const Catalogues&);
+};
+
 /// The same of a table that grows.
 struct GrowthMeasure {
     const char* name;
@@ -47,8 +55,11 @@ std::vector<Measure> EngineMeasures();
 std::vector<Measure> ValueMeasures();
 std::vector<Measure> ProgramMeasures();
 
-/// Most memory that the program holds while it shows a section.
-double ShowPeakMebibytes(const Catalogues& catalogues);
+/// To be taken first: see RunProgram.
+std::vector<Amount> ProgramAmounts();
+
+/// The most memory, in MiB, that the first count of a long table takes.
+double CountPeakMebibytes(const LongTable& table);
 
 /// Throws where a measure did not come to what it is to come to.
 inline void Require(bool success, const char* what) {

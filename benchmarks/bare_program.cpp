@@ -1,5 +1,5 @@
-// Prints one row of a protected catalogue with nothing but the engine: sectiondb_bare FILE
-// PASSWORD NAME
+// Prints one row of a catalogue with nothing but the engine: sectiondb_bare FILE PASSWORD NAME. The
+// password of a plain one is empty.
 #include <cstdio>
 #include <sqlcipher/sqlite3.h>
 #include <string>
@@ -8,7 +8,8 @@ namespace {
 
 int PrintRow(sqlite3* database, const char* password, const char* name) {
     const std::string key = "PRAGMA key = '" + std::string(password) + "'";
-    if (sqlite3_exec(database, key.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    if (*password != '\0' &&
+        sqlite3_exec(database, key.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
         return 1;
     const std::string sql =
         "Select * From [W Shape] WHERE UPPER([VessaName]) = UPPER('" + std::string(name) + "')";

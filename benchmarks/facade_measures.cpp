@@ -12,6 +12,7 @@
 #include <list>
 #include <memory>
 #include <stdexcept>
+#include <sys/stat.h>
 
 namespace sectionbench {
 namespace {
@@ -125,6 +126,16 @@ Action ResolveRaw(const Catalogues& catalogues, const char* name) {
     };
 }
 
+/// A look at each of the files.
+Action LookAtAll(const Catalogues& catalogues) {
+    return [&files = catalogues.Every().Files()] {
+        for (const auto& file : files) {
+            struct stat status {};
+            Keep(::stat(file.path.c_str(), &status));
+        }
+    };
+}
+
 /// Fifty openings of a catalogue, and a file of the size of the table index written safely.
 Action OpenFiftyTimes(const Catalogues& catalogues) {
     constexpr int Openings = 50;
@@ -169,6 +180,14 @@ std::vector<Measure> FacadeMeasures() {
          [](Files files) { return Resolve(files, NoName); },
          [](Files files) { return ResolveRaw(files, NoName); },
          {.ratio = 1.5}},
+        {"resolve a name: found; beyond 37 looks",
+         [](Files files) { return Resolve(files, EveryCatalogue::LastName); },
+         LookAtAll,
+         {.beyond = 60}},
+        {"resolve a name: none; beyond 37 looks",
+         [](Files files) { return Resolve(files, NoName); },
+         LookAtAll,
+         {.beyond = 60}},
         {"make the table index; 50 openings, 1 write",
          MakeTableIndex,
          OpenFiftyTimes,

@@ -4,7 +4,10 @@
 #include "LongTable.h"
 #include "Measure.h"
 
+#include <fstream>
+#include <malloc.h>
 #include <memory>
+#include <stdexcept>
 
 namespace sectionbench {
 namespace {
@@ -97,7 +100,26 @@ Action AddRaw(const LongTable& table) {
     };
 }
 
+/// A line of what the system tells of this process, in MiB.
+double MemoryOf(const std::string& line) {
+    std::ifstream status("/proc/self/status");
+    constexpr double KibibytesPerMebibyte = 1024;
+    for (std::string word; status >> word;)
+        if (double kibibytes = 0; word == line && status >> kibibytes)
+            return kibibytes / KibibytesPerMebibyte;
+    throw std::runtime_error("the system does not tell of memory");
+}
+
 } // namespace
+
+double CountPeakMebibytes(const LongTable& table) {
+    const Action count = Count(table);
+    ::malloc_trim(0);
+    std::ofstream("/proc/self/clear_refs") << "5"; // the most so far is what there is now
+    const double before = MemoryOf("VmRSS:");
+    count();
+    return MemoryOf("VmHWM:") - before;
+}
 
 std::vector<GrowthMeasure> GrowthMeasures() {
     return {
