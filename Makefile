@@ -1,6 +1,6 @@
 # The ways into this project. Every target sets up what it needs first.
 .PHONY: setup build demo install uninstall package test validate lint lint-all sanitize matrix docs \
-  bench faults fuzz clean
+  bench performance faults fuzz clean
 
 SECTIONDB := build-demo/bin/sectiondb
 demo: export SECTIONDB_FOLDER := build-demo/catalogues
@@ -74,6 +74,11 @@ docs:
 bench: build
 	@build/bin/sectiondb_bench --report build/bench; status=$$?; \
 	  echo && cat build/bench/measures.md; exit $$status
+
+# The same, written to docs/performance.md.
+performance:
+	-@$(MAKE) bench
+	@scripts/performance build/bench
 
 # Failures injected one by one, kills, damage, processes in each other's way: twenty minutes at most.
 faults: build
