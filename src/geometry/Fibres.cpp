@@ -117,7 +117,7 @@ std::vector<Strip> StripsOf(const Loops& loops, double height) {
 
 double ShearArea(const Loops& loops, const AxisProperties& axis, double extent) {
     constexpr int Strips = 200;
-    double first = 0;           // moment, about the centroid, of what lies below
+    double first = 0; // moment, about the centroid, of what lies below
     double energy = 0;
     for (const Strip& strip : StripsOf(loops, extent / Strips)) {
         const double width = strip.Width();
