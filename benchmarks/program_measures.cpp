@@ -61,7 +61,10 @@ constexpr int ImportedRows = 100'000;
 constexpr int Depths = 400;
 
 double DepthOf(int row) { return 100 + row % Depths; }
-double WidthOf(int row) { return 50 + row / Depths; }
+double WidthOf(int row) {
+    const int step = row / Depths;
+    return 50 + step;
+}
 
 Action Import(const Catalogues& /*catalogues*/) {
     const auto folder = std::make_shared<testsupport::TempFolder>();

@@ -1,5 +1,6 @@
 // What is made sure of when a database file is opened.
 #include "DataAccessSupport.h"
+#include "dataaccess/CCrack.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -156,7 +157,7 @@ std::string ReadForm(const std::string& path) {
         rows.MoveFirst();
         return std::string(CCrack::strVARIANT(rows.GetFieldValue(0)).View());
     } catch (CSectionException* e) {
-        const std::string message(e->GetMessage().View());
+        std::string message(e->GetMessage().View());
         EXPECT_EQ(e->GetErrorNumber(), SectionError::WrongPassword) << message;
         e->Delete();
         return message;

@@ -60,7 +60,7 @@ protected:
     }
 
     static constexpr const char* HostileNames[] = {
-        R"(P "1" 'q' <&> \)", "\u00D860\u00D75\u2028\U0001F600", "=HYPERLINK(\"x\",\"y\")",
+        R"(P "1" 'q' <&> \)", "\u00D860\u00D75\u2028\U0001F600", R"(=HYPERLINK("x","y"))",
         "P\x01\x1B[31m\n*STEP\r)", "P\xFF\xFE 2"};
 
     static std::string File(const std::string& name) { return folder->Path() + "/" + name; }

@@ -157,7 +157,7 @@ TEST_F(FindTest, ComparesSectionsInTheUnitsOfTheFirst) {
         {"compare W12X26", 2, "two sections or more"},
         {"compare W12X26 'L 100x100x10'", 1, "Several sections are called \"L 100x100x10\""},
         {"compare W12X26 W12X27", 1, "did you mean"},
-        {"compare W12X26 'IPE 300'", 0, "\"IPE 300\" has the same figures in \"Dutch:IPE Shape:"},
+        {"compare W12X26 'IPE 300'", 0, R"("IPE 300" has the same figures in "Dutch:IPE Shape:)"},
         {"compare W12X26 'JP:□-300x300x16'", 1, "stands in the families SHS, Tube of"},
         {"compare W12X26 JP:Pipe:□-300x300x16", 1, "name one of them with CATALOGUE:FAMILY:NAME"},
         {"compare W12X26 JP:SHS:□-300x300x16", 0, "\nAX,in^2,7.65,27.156"},

@@ -334,7 +334,7 @@ TEST_F(KeptRowsTest, TheirRoomIsBoundedAndGivenBack) {
     ASSERT_EQ(Open(db, m_path) + Open(other, second), 2);
     AskUntilKept(db, Sql);
     const std::size_t one = GetKeptRowsSize();
-    EXPECT_GT(one, Count * 4 * sizeof(double));
+    EXPECT_GT(one, std::size_t{Count} * 4 * sizeof(double));
     AskUntilKept(other, Sql);
     EXPECT_EQ(GetKeptRowsSize(), 2 * one);
 

@@ -76,7 +76,7 @@ protected:
 
     Result Strengths(unsigned product, unsigned welded, float thickness) {
         Facade::GetDatabasePtr(Aluminium);
-        return Run(Facade::GetAluminiumMaterialProperty, Aluminium, Alloy, "6061", product, 0,
+        return Run(Facade::GetAluminiumMaterialProperty, Aluminium, Alloy, "6061", product, 0U,
                    welded, thickness);
     }
 };

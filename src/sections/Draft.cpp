@@ -155,9 +155,10 @@ private:
         const auto given = std::ranges::find_if(m_draft.figures, [&](const auto& entry) {
             return dbsection::EqualNoCase(entry.first, column);
         });
-        const std::string& unit = given == m_draft.figures.end()
-                                      ? findColumn(m_family, column)->unit
-                                      : given->second.unit();
+        const Column* kept = findColumn(m_family, column);
+        std::string unit = kept == nullptr ? std::string() : kept->unit;
+        if (given != m_draft.figures.end())
+            unit = given->second.unit();
         const ::Quantity quantity = findColumn(m_layout.columns, column)->quantity;
         const double size = sizeOf(quantity, unit, UnitNames::Printed);
         const double allowed = refused.verdict.printing + refused.verdict.tolerance;
