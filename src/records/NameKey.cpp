@@ -103,6 +103,8 @@ bool IsSeparator(char32_t letter) {
     return isPunctuation || Signs.find(letter) != std::u32string_view::npos;
 }
 
+constexpr std::array Denominators{2.0, 4.0, 8.0, 16.0, 32.0, 64.0};
+
 /// Takes a name apart from its beginning to its end.
 class Reader {
 public:
@@ -130,12 +132,7 @@ private:
                (IsPoint(At(m_at)) && IsNumeral(At(m_at + 1)) && !m_isBehindLetter);
     }
 
-    double Digits() {
-        double value = 0;
-        for (; IsNumeral(At(m_at)); ++m_at)
-            value = value * 10 + static_cast<double>(At(m_at) - U'0');
-        return value;
-    }
+    double Digits() { return NumberAt(m_at); }
 
     void ReadNumber() {
         double value = Digits();
@@ -143,7 +140,7 @@ private:
             const std::size_t point = m_at++;
             const double decimals = Digits();
             value += decimals / std::pow(10, static_cast<double>(m_at - point - 1));
-        } else if (At(m_at) == U'/' && IsNumeral(At(m_at + 1))) {
+        } else if (IsFraction(value, m_at)) {
             value = Over(value);
         } else if (IsBeforeFraction()) {
             ++m_at;
@@ -162,15 +159,33 @@ private:
         return denominator == 0 ? numerator : numerator / denominator;
     }
 
+    /// The number there, of which `place` becomes the end.
+    double NumberAt(std::size_t& place) const {
+        double value = 0;
+        for (; IsNumeral(At(place)); ++place)
+            value = value * 10 + static_cast<double>(At(place) - U'0');
+        return value;
+    }
+
+    /// Whether the slash there makes a fraction of an inch, such as 3/8, and does not stand between
+    /// two sizes, as in 200/100/8.
+    bool IsFraction(double numerator, std::size_t slash) const {
+        std::size_t place = slash + 1;
+        if (At(slash) != U'/' || !IsNumeral(At(place)))
+            return false;
+        const double denominator = NumberAt(place);
+        const bool isOfInch = std::ranges::find(Denominators, denominator) != Denominators.end();
+        return isOfInch && numerator < denominator && At(place) != U'/';
+    }
+
     /// Whether a fraction follows a whole number: 2-1/2 or 2 1/2.
     bool IsBeforeFraction() const {
         std::size_t place = m_at;
         if (At(place) != U'-' && At(place) != U' ')
             return false;
-        const std::size_t numerator = ++place;
-        while (IsNumeral(At(place)))
-            ++place;
-        return place > numerator && At(place) == U'/' && IsNumeral(At(place + 1));
+        const std::size_t begin = ++place;
+        const double numerator = NumberAt(place);
+        return place > begin && IsFraction(numerator, place);
     }
 
     void ReadLetter() {

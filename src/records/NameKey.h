@@ -5,7 +5,8 @@
 //
 // Only the letters and the numbers of a name count, each in their order. Letter case does not, in
 // any alphabet with cases; neither do blanks, dashes, brackets, the sign between two numbers, nor
-// how a number is written: with a decimal point or comma, as a fraction, with zeros at its end.
+// how a number is written: with a decimal point or comma, as a fraction, with zeros at its end. A
+// slash makes a fraction of an inch below 1, such as 3/8; otherwise it stands between two numbers.
 // Numbers are told apart by thousandths, as catalogues print the sixteenths of an inch.
 #pragma once
 

@@ -15,6 +15,18 @@ function capital(letter) {
     return diameterSigns.includes(letter) ? "\u03A6" : upper.length === 1 ? upper : letter;
 }
 
+const denominators = [2, 4, 8, 16, 32, 64];
+
+/**
+ * Whether the slash at the front makes a fraction of an inch, such as 3/8, and does not stand between
+ * two sizes, as in 200/100/8.
+ */
+function isFraction(numerator, behind) {
+    const [, digits] = /^\/(\d+)(?![\d/])/.exec(behind) ?? [];
+    const denominator = Number(digits);
+    return denominators.includes(denominator) && numerator < denominator;
+}
+
 /** Takes a name apart from its beginning to its end. */
 class NameReader {
     constructor(name) {
@@ -62,7 +74,7 @@ class NameReader {
             ++this.at;
             const decimals = this.digits();
             value += Number(decimals) / 10 ** decimals.length;
-        } else if (this.letter(this.at) === "/" && isNumeral(this.letter(this.at + 1))) {
+        } else if (isFraction(value, this.rest())) {
             value = this.over(value);
         } else if (this.isBeforeFraction()) {
             ++this.at;
@@ -82,7 +94,12 @@ class NameReader {
 
     /** Whether a fraction follows a whole number: 2-1/2 or 2 1/2. */
     isBeforeFraction() {
-        return /^[- ]\d+\/\d/.test(this.text.slice(this.at, this.at + 12).join(""));
+        const [, numerator, behind] = /^[- ](\d+)(\/.*)/s.exec(this.rest()) ?? [];
+        return numerator !== undefined && isFraction(Number(numerator), behind);
+    }
+
+    rest() {
+        return this.text.slice(this.at).join("");
     }
 
     readLetter() {
