@@ -33,9 +33,7 @@ const ExchangeFormat& FormatNamed(const std::string& name) {
     return *format;
 }
 
-std::optional<ExchangeLength> LengthNamed(const std::string& name) {
-    if (name.empty())
-        return std::nullopt;
+ExchangeLength LengthNamed(const std::string& name) {
     if (EqualNoCase(name, "mm"))
         return ExchangeLength::Millimetre;
     if (!EqualNoCase(name, "in"))
@@ -87,9 +85,10 @@ class Export : public Command {
         app.add_option("-o,--output", m_output, "Name of the file")
             ->option_text("FILE")
             ->required();
-        app.add_option("--length", m_length,
-                       "mm (with N) or in (with kip); without it mm, and in "
-                       "spreadsheets the units of the catalogue")
+        app.add_option_function<std::string>(
+               "--length", [this](const std::string& name) { m_length = LengthNamed(name); },
+               "mm (with N) or in (with kip); without it mm, and in "
+               "spreadsheets the units of the catalogue")
             ->option_text("UNIT");
         m_symbols.Declare(app);
         m_catalogues.Declare(app);
@@ -98,7 +97,7 @@ class Export : public Command {
     void Run() const override {
         const ExchangeFormat& format = FormatNamed(m_format);
         RequireEnding(m_output, format.suffix, fmt::format("a file of format {}", format.name));
-        ExchangeOptions options{LengthNamed(m_length), m_symbols.Choice()};
+        ExchangeOptions options{m_length, m_symbols.Choice()};
         const Chosen chosen = FindSections();
         std::vector<std::string> faults;
         if (chosen.isByFamily)
@@ -148,7 +147,7 @@ class Export : public Command {
     std::string m_catalogue;
     std::vector<std::string> m_names;
     std::string m_output;
-    std::string m_length;
+    std::optional<ExchangeLength> m_length;
     SymbolOptions m_symbols;
     CatalogueOptions m_catalogues;
 };

@@ -8,6 +8,25 @@
 
 namespace dbsection {
 
+namespace {
+
+std::size_t LimitOf(const std::string& text) {
+    std::size_t value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    if (error != std::errc() || stop != end || value == 0)
+        throw UsageError(fmt::format("The limit \"{}\" is no whole number above 0.", text));
+    return value;
+}
+
+Symbols SymbolsNamed(const std::string& name) {
+    if (const auto symbols = SymbolsOf(name))
+        return *symbols;
+    throw UsageError(fmt::format("\"{}\" are no symbols; use program, aisc or eurocode.", name));
+}
+
+} // namespace
+
 void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning) {
     auto* text = app.add_option("--password", password.text,
                                 std::string(meaning) + " (default: SECTIONDB_PASSWORD)");
@@ -42,41 +61,37 @@ TableForm FormOptions::Form() const {
 }
 
 void LimitOption::Declare(CLI::App& app, const char* meaning) {
-    app.add_option("--limit", m_text, meaning)->option_text("NUMBER");
-}
-
-std::size_t LimitOption::ValueOr(std::size_t otherwise) const {
-    if (m_text.empty())
-        return otherwise;
-    std::size_t value = 0;
-    const char* const end = m_text.data() + m_text.size();
-    const auto [stop, error] = std::from_chars(m_text.data(), end, value);
-    if (error != std::errc() || stop != end || value == 0)
-        throw UsageError(fmt::format("The limit \"{}\" is no whole number above 0.", m_text));
-    return value;
+    app.add_option_function<std::string>(
+           "--limit", [this](const std::string& text) { m_value = LimitOf(text); }, meaning)
+        ->option_text("NUMBER");
 }
 
 void SymbolOptions::Declare(CLI::App& app) {
-    app.add_option("--symbols", m_symbols, "How properties are called: program, aisc or eurocode")
+    app.add_option_function<std::string>(
+           "--symbols", [this](const std::string& name) { m_choice = SymbolsNamed(name); },
+           "How properties are called: program, aisc or eurocode")
         ->option_text("SYMBOLS");
-}
-
-Symbols SymbolOptions::Choice() const {
-    if (m_symbols.empty())
-        return Symbols::Program;
-    if (const auto symbols = SymbolsOf(m_symbols))
-        return *symbols;
-    throw UsageError(
-        fmt::format("\"{}\" are no symbols; use program, aisc or eurocode.", m_symbols));
 }
 
 void UnitOptions::Declare(CLI::App& app) {
     DeclareLength(app);
-    app.add_option("--force", m_force, "kip, lb, kg, t, N, daN, kN or MN")->option_text("UNIT");
+    app.add_option_function<std::string>(
+           "--force",
+           [this](const std::string& name) {
+               m_choice.force = ChooseUnit(UnitId::Kip, UnitId::Meganewton, name, "force");
+           },
+           "kip, lb, kg, t, N, daN, kN or MN")
+        ->option_text("UNIT");
 }
 
 void UnitOptions::DeclareLength(CLI::App& app) {
-    app.add_option("--length", m_length, "in, ft, yd, mm, cm, dm, m or km")->option_text("UNIT");
+    app.add_option_function<std::string>(
+           "--length",
+           [this](const std::string& name) {
+               m_choice.length = ChooseUnit(UnitId::Inch, UnitId::Kilometre, name, "length");
+           },
+           "in, ft, yd, mm, cm, dm, m or km")
+        ->option_text("UNIT");
 }
 
 } // namespace dbsection

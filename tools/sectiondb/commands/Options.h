@@ -9,6 +9,7 @@
 
 #include <CLI/App.hpp>
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace dbsection {
@@ -39,42 +40,39 @@ private:
     bool m_json = false;
 };
 
-/// How many rows are wanted at most.
+/// How many rows are wanted at most. What is no whole number above 0 throws UsageError while
+/// options are read.
 class LimitOption {
 public:
     void Declare(CLI::App& app, const char* meaning);
 
-    /// `otherwise` without the option. Throws UsageError where it is no whole number above 0.
-    std::size_t ValueOr(std::size_t otherwise) const;
+    std::size_t ValueOr(std::size_t otherwise) const { return m_value.value_or(otherwise); }
 
 private:
-    std::string m_text;
+    std::optional<std::size_t> m_value;
 };
 
-/// The symbols of properties.
+/// The symbols of properties. A name of none throws UsageError while options are read.
 class SymbolOptions {
 public:
     void Declare(CLI::App& app);
 
-    /// Throws UsageError where there is no such choice.
-    Symbols Choice() const;
+    Symbols Choice() const { return m_choice; }
 
 private:
-    std::string m_symbols;
+    Symbols m_choice = Symbols::Program;
 };
 
-/// The units of printed figures.
+/// The units of printed figures. A name that is no unit throws UsageError while options are read.
 class UnitOptions {
 public:
     void Declare(CLI::App& app);
     void DeclareLength(CLI::App& app); ///< forces keep their units
 
-    /// Throws UsageError where a name is no unit.
-    UnitChoice Choice() const { return ChooseUnits(m_length, m_force); }
+    UnitChoice Choice() const { return m_choice; }
 
 private:
-    std::string m_length;
-    std::string m_force;
+    UnitChoice m_choice;
 };
 
 } // namespace dbsection

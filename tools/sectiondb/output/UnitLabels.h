@@ -4,10 +4,13 @@
 #include "units/UnitText.h"
 
 #include <string>
+#include <string_view>
 
 namespace dbsection {
 
-/// The choice that a person named, e.g. "mm" and "kN". Throws UsageError.
-UnitChoice ChooseUnits(const std::string& length, const std::string& force);
+/// The identifier, from the first to the last of its kind, of the unit that a person named, e.g.
+/// "mm". Throws UsageError.
+unsigned int ChooseUnit(unsigned int first, unsigned int last, const std::string& name,
+                        std::string_view kind);
 
 } // namespace dbsection
