@@ -113,7 +113,8 @@ private:
         if (const Column* column = findColumn(m_family, name))
             takeColumn(*column, figure);
         else if (const auto* parameter = dbsection::FindParameter(m_layout.id, name))
-            m_parameters[parameter->name] = figure.in(unitOf(*parameter));
+            m_parameters[parameter->name] =
+                representable(name, figure, figure.in(unitOf(*parameter)));
         else
             fail(SectionError::NoSuchItem, "it has no figure " + name + ".");
     }
@@ -127,13 +128,31 @@ private:
             refuse("the " + column.meaning + " (" + column.name + ") is " +
                    shown(figure.figure(), figure.unit()) + "; it must be a number " +
                    (known->mayBeZero ? "from zero on." : "above zero."));
-        m_row[known->name] = value * sizeOf(column.quantity, column.unit);
+        m_row[known->name] =
+            representable(known->name, figure, value * sizeOf(column.quantity, column.unit));
+    }
+
+    /// The figure in mm and N.
+    double representable(const std::string& name, const Quantity& figure, double value) const {
+        if (!std::isfinite(value))
+            refuse(name + " is " + shown(figure.figure(), figure.unit()) +
+                   "; this is too large to compute with.");
+        return value;
+    }
+
+    void requireFinite(const Figures& computed) const {
+        for (const auto& [name, figure] : computed)
+            if (!std::isfinite(figure))
+                refuse("its dimensions give no finite " + name +
+                       ": one of them is too large or too small; correct it.");
     }
 
     Completion judged() const {
         try {
             const auto judgement =
                 dbsection::JudgeRow(m_layout.id, m_row, m_parameters, m_draft.asPublished);
+            if (judgement.geometry)
+                requireFinite(judgement.geometry->figures);
             if (!judgement.refused.empty())
                 refuse(describe(judgement));
             return {withFiguresOf(judgement.row), judgement.model, judgement.parameters};
