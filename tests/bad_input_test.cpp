@@ -26,6 +26,11 @@ protected:
         WriteFile(File("text.db3"), "some text\n");
         WriteFile(File("binary.db3"), std::string(5000, '\x7F'));
         WriteFile(File("good.csv"), "Name,OD,T\n,mm,mm\nP2,100,5\n");
+        WriteFile(File("semicolons.csv"), "Name;OD;T\n;mm;mm\nP2;100;5,2\n");
+        WriteFile(File("quoted.csv"), "\"Name\";\"OD\";\"T\"\n;mm;mm\nP2;100;5\n");
+        WriteFile(File("tabs.csv"), "Name\tOD\tT\n\tmm\tmm\nP2\t100\t5\n");
+        WriteFile(File("returns.csv"), "\"Name\",\"OD\",\"T\"\r,mm,mm\rP2,100,5\r");
+        WriteFile(File("plainreturns.csv"), "Name,OD,T\r,mm,mm\rP2,100,5\r");
         {
             DatabaseHandle foreign;
             EXPECT_EQ(
@@ -112,6 +117,12 @@ TEST_F(BadInputTest, NamesAreTold) {
          "its dimensions give no finite AX: one of them is too large or too small"},
         {"user add mine.db3 Pipe P2 OD=1e-300 T=1e-301", Failure, "AX"},
         {"user add mine.db3 Pipe P2 OD=-1 T=1", Failure, "it must be a number above zero"},
+        {"user import mine.db3 Pipe semicolons.csv", Failure,
+         "semicolons.csv:1: the columns are separated by semicolons; separate them by"},
+        {"user import mine.db3 Pipe quoted.csv", Failure, "are separated by semicolons"},
+        {"user import mine.db3 Pipe tabs.csv", Failure, "the columns are separated by tabs"},
+        {"user import mine.db3 Pipe returns.csv", Failure, "end lines with LF or CR LF"},
+        {"user import mine.db3 Pipe plainreturns.csv", Failure, "end lines with LF or CR LF"},
         {"list --csv --json", WrongUsage, "--csv excludes --json"},
         {"nothing", WrongUsage, "nothing"},
         {"user nothing", WrongUsage, "A subcommand is required"},

@@ -12,6 +12,18 @@ namespace dbsection {
 
 namespace {
 
+constexpr const char* BareReturn = "a line ends with CR alone; end lines with LF or CR LF";
+
+/// Why a text does not part columns as it seems to, or null.
+const char* SeparatorFault(std::string_view text) {
+    if (text.find(';') != std::string_view::npos)
+        return "the columns are separated by semicolons; separate them by commas, and write "
+               "numbers with a decimal point";
+    if (text.find('\t') != std::string_view::npos)
+        return "the columns are separated by tabs; separate them by commas";
+    return nullptr;
+}
+
 /// Takes records off the front of a text, counting its lines.
 class RecordReader {
 public:
@@ -32,7 +44,7 @@ public:
             if (!IsUtf8(field))
                 throw m_table.LineError(record.line, "not UTF-8; save the text in that encoding");
         if (!AtEnd() && !Take("\n") && !Take("\r\n"))
-            throw m_table.LineError(m_line, "text after the closing quote of a field");
+            throw m_table.LineError(m_line, FaultBehindQuote());
         ++m_line;
         return record;
     }
@@ -45,11 +57,21 @@ private:
         return true;
     }
 
+    const char* FaultBehindQuote() const {
+        if (m_text.starts_with('\r'))
+            return BareReturn;
+        if (const char* fault = SeparatorFault(m_text.substr(0, 1)))
+            return fault;
+        return "text after the closing quote of a field";
+    }
+
     std::string Plain() {
         const std::string_view line = m_text.substr(0, m_text.find('\n'));
         std::string_view field = line.substr(0, line.find(','));
         if (field.size() == line.size() && field.ends_with('\r'))
             field.remove_suffix(1);
+        if (field.find('\r') != std::string_view::npos)
+            throw m_table.LineError(m_line, BareReturn);
         if (field.find('"') != std::string_view::npos)
             throw m_table.LineError(m_line, "a quote inside a field that does not begin with one");
         m_text.remove_prefix(field.size());
@@ -107,6 +129,9 @@ CsvTable::CsvTable(std::string file, std::string_view text) : m_file(std::move(f
 }
 
 void CsvTable::CheckColumns() const {
+    if (Columns().size() == 1)
+        if (const char* fault = SeparatorFault(Columns().front()))
+            throw LineError(m_header.line, fault);
     std::set<std::string_view> known;
     for (const std::string& column : m_header.fields) {
         if (column.empty())
