@@ -200,6 +200,11 @@ TEST_F(BadInputTest, PlacesThatCannotBeReadOrWrittenAreTold) {
     };
     for (const auto& [arguments, status, message] : cases)
         Refuses(arguments, status, message);
+    const std::string unsetFolder = "cd " + File("folder") +
+                                    "; SECTIONDB_FOLDER= " + Quote(SECTIONDB_PROGRAM) +
+                                    " page -o p.html";
+    EXPECT_TRUE(Ended(Shell(unsetFolder), Failure,
+                      "No folder of catalogues is known; name one with --folder"));
     const std::string american = Quote(SECTIONDB_DATA_DIR "/AISCSections");
     Refuses("build " + american + " -o text.db3", Failure, "text.db3: the folder cannot be made");
 }

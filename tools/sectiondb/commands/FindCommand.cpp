@@ -33,6 +33,8 @@ class Find : public Command {
         if (!hits.empty())
             Print(TableOf(hits), m_form.Form());
         faults.ThrowIfAny();
+        if (count == 0)
+            folder.RequireNamed();
         if (hits.empty())
             throw CommandError(fmt::format(
                 R"(There is no section "{}{}" in the {} catalogues in the folder "{}"; {})",

@@ -53,10 +53,12 @@ class Page : public Command {
             faults.ThrowIfAny();
         }
         std::ranges::stable_sort(catalogues, {}, &sections::Catalogue::number);
-        if (catalogues.empty())
+        if (catalogues.empty()) {
+            folder.RequireNamed();
             throw CommandError(fmt::format("There are no sections for the page in the folder "
                                            "\"{}\"; \"sectiondb list\" tells what it holds.",
                                            folder.Path()));
+        }
         return catalogues;
     }
 

@@ -40,6 +40,12 @@ void CatalogueFolder::RequireThere() const {
                                        path, ListOf(Choices())));
 }
 
+void CatalogueFolder::RequireNamed() const {
+    if (Path().empty())
+        throw CommandError(fmt::format(
+            "No folder of catalogues is known; name one with --folder. ({})", ListOf(Choices())));
+}
+
 std::string CatalogueFolder::FileOf(int number) const {
     const CString path =
         AskLibrary([&] { return SectionDBInterface::GetDatabaseFileName(number); });
@@ -56,6 +62,7 @@ sections::Catalogue CatalogueFolder::Open(int number) const {
             "The settings file replaces {}.db3 by a file that there is not; mend its section "
             "\"CustomDBNames\", or put that file into the folder.",
             stem));
+    RequireNamed();
     throw CommandError(
         fmt::format("{}.db3 is not in the folder \"{}\"; build it there, or name its "
                     "folder with --folder. ({})",

@@ -28,6 +28,9 @@ public:
     /// Throws a CommandError where the folder is named, but not there.
     void RequireThere() const;
 
+    /// The same where none is named.
+    void RequireNamed() const;
+
     /// The path of a catalogue's file, empty where there is none. Throws CommandError where this
     /// cannot be told.
     std::string FileOf(int number) const;
