@@ -236,9 +236,9 @@ private:
     void OpenFileAgain();
     void LimitTrust();
     void Key(std::string_view password);
-    void KeyProtectedFile(std::span<const unsigned char> firstPage, std::string_view password);
+    bool KeyProtectedFile(std::span<const unsigned char> firstPage, std::string_view password);
     void UseKey(const FileSalt& salt, std::string_view secret, FileForm form);
-    bool IsReadable();
+    int TryToRead();
     void CheckReadable(bool isProtected);
     void LockExclusively();
     void RequireWhole();

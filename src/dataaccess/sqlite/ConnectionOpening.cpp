@@ -232,14 +232,18 @@ void Connection::Key(std::string_view password) {
     if (kind == FileKind::NotADatabase)
         Fail(SectionError::NotADatabase,
              m_path + ": this is not a catalogue file; name another file.");
-    if (kind == FileKind::Protected)
-        KeyProtectedFile(firstPage, password);
+    const bool isProtected = kind == FileKind::Protected;
+    const bool isRead = isProtected && KeyProtectedFile(firstPage, password);
     // Must follow the key: these read the file.
     Execute("PRAGMA cell_size_check = ON; PRAGMA trusted_schema = OFF", Activity::Reading);
-    CheckReadable(kind == FileKind::Protected);
+    if (!isRead)
+        CheckReadable(isProtected);
+    if (m_key)
+        ConfirmKey(m_key->number);
 }
 
-void Connection::KeyProtectedFile(std::span<const unsigned char> firstPage,
+/// Whether the file could be read at once; where not, CheckReadable tells why, if anything.
+bool Connection::KeyProtectedFile(std::span<const unsigned char> firstPage,
                                   std::string_view password) {
     const std::string_view secret = SecretOf(password);
     if (secret.empty())
@@ -250,8 +254,8 @@ void Connection::KeyProtectedFile(std::span<const unsigned char> firstPage,
     const FileForm own = OwnForm(m_database);
     const bool wasThird = FindKey(salt, secret, FileForm::Third) != 0;
     UseKey(salt, secret, wasThird ? FileForm::Third : own);
-    if (IsReadable())
-        return;
+    if (const int code = TryToRead(); code != SQLITE_NOTADB)
+        return code == SQLITE_OK;
     if (own == FileForm::Fourth) {
         OpenFileAgain();
         UseKey(salt, secret, wasThird ? FileForm::Fourth : FileForm::Third);
@@ -260,6 +264,7 @@ void Connection::KeyProtectedFile(std::span<const unsigned char> firstPage,
              m_path + ": the file is protected in the form of SQLCipher 4, and this computer has "
                       "SQLCipher 3; export it in the form of 3, or install a library with 4.");
     }
+    return false;
 }
 
 void Connection::UseKey(const FileSalt& salt, std::string_view secret, FileForm form) {
@@ -276,15 +281,14 @@ void Connection::UseKey(const FileSalt& salt, std::string_view secret, FileForm 
         Execute("PRAGMA cipher_compatibility = 3", Activity::Reading);
 }
 
-/// Whether the key is the right one, as far as that can be told.
-bool Connection::IsReadable() {
+/// The engine's code; where the key is the wrong one, the file is not a database.
+int Connection::TryToRead() {
     return sqlite3_exec(m_database, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr,
-                        nullptr) != SQLITE_NOTADB;
+                        nullptr);
 }
 
 void Connection::CheckReadable(bool isProtected) {
-    const int code =
-        sqlite3_exec(m_database, "SELECT 1 FROM sqlite_master LIMIT 1", nullptr, nullptr, nullptr);
+    const int code = TryToRead();
     if (code == SQLITE_ERROR) // a header of an unknown format
         FailFromEngine(SQLITE_CORRUPT, nullptr, m_path, Activity::Reading);
     if (isProtected && code == SQLITE_NOTADB)
@@ -293,8 +297,6 @@ void Connection::CheckReadable(bool isProtected) {
                       "password.");
     if (code != SQLITE_OK)
         FailFromEngine(code, m_database, m_path, Activity::Reading);
-    if (m_key)
-        ConfirmKey(m_key->number);
 }
 
 /// A connection that only reads still takes the lock, so that nobody writes meanwhile. That is all
