@@ -172,6 +172,7 @@ TEST_F(UnreadableUnits, GiveNoValuesWhileAnotherProcessHoldsTheFile) {
 TEST_F(UnreadableUnits, NorIsTheFirstOfTwoSectionsGivenWhereTheSecondCannotBeRead) {
     Open(American);
     EXPECT_FLOAT_EQ(FromSection("W12X26+NONE"), Depth);
+    UNIT::UpdateFieldUnit(gblSectionDatabase, "W Shape", 0, "NUMBER"); // to be read again
     HoldBeforeReading("'NONE'");
     EXPECT_EQ(FromSection("W12X26+NONE"), NotGiven);
     EXPECT_FALSE(beforeReading);
