@@ -4,12 +4,8 @@
 Status 77: the CAD reader (ezdxf) is not installed."""
 import csv
 import json
-import os
-import pathlib
 import sqlite3
-import subprocess
 import sys
-import tempfile
 import unittest
 import xml.etree.ElementTree as xml
 
@@ -19,7 +15,7 @@ try:
 except ImportError:
     sys.exit(77)
 
-PROGRAM, DATA = sys.argv[1:3]
+from program_case import ProgramCase
 
 
 def area_of(points):
@@ -27,27 +23,9 @@ def area_of(points):
     return sum(a.x * b.y - a.y * b.x for a, b in zip(points, following)) / 2
 
 
-class Drawings(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.temporary = tempfile.TemporaryDirectory()
-        cls.folder = pathlib.Path(cls.temporary.name)
-        cls.run_program("build", DATA, "-o", cls.folder).check_returncode()
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.temporary.cleanup()
-
-    @classmethod
-    def run_program(cls, *arguments):
-        environment = {**os.environ, "SECTIONDB_FOLDER": str(cls.folder)}
-        return subprocess.run([PROGRAM, *map(str, arguments)], env=environment, text=True,
-                              capture_output=True)
-
+class Drawings(ProgramCase):
     def table(self, *arguments):
-        run = self.run_program("list", *arguments, "--csv")
-        self.assertEqual(run.returncode, 0, run.stderr)
-        return list(csv.DictReader(run.stdout.splitlines()))
+        return list(csv.DictReader(self.output_of("list", *arguments, "--csv").splitlines()))
 
     def area_in_dxf(self, path):
         document = ezdxf.readfile(path)

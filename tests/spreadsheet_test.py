@@ -4,13 +4,10 @@
 Status 77: the reader (openpyxl) is not installed."""
 import csv
 import math
-import os
-import pathlib
 import shutil
 import sqlite3
 import subprocess
 import sys
-import tempfile
 import unittest
 
 try:
@@ -18,33 +15,16 @@ try:
 except ImportError:
     sys.exit(77)
 
-PROGRAM, DATA = sys.argv[1:3]
+from program_case import ProgramCase
 NAMES, UNITS, FIRST = 3, 4, 5  # rows
 
 
-class Spreadsheet(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        cls.temporary = tempfile.TemporaryDirectory()
-        cls.folder = pathlib.Path(cls.temporary.name)
-        sources = [f"{DATA}/{stem}" for stem in ("AISCSections", "EuropeanSections")]
-        cls.run_program("build", *sources, "-o", cls.folder)
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.temporary.cleanup()
-
-    @classmethod
-    def run_program(cls, *arguments):
-        environment = {**os.environ, "SECTIONDB_FOLDER": str(cls.folder)}
-        run = subprocess.run([PROGRAM, *map(str, arguments)], env=environment, text=True,
-                             capture_output=True)
-        assert run.returncode == 0, run.stderr
-        return run.stdout
+class Spreadsheet(ProgramCase):
+    stems = ("AISCSections", "EuropeanSections")
 
     def export(self, *arguments):
         file = self.folder / "sections.xlsx"
-        self.run_program("export", "xlsx", *arguments, "--output", file)
+        self.output_of("export", "xlsx", *arguments, "--output", file)
         return openpyxl.load_workbook(file)
 
     def row_of(self, sheet, name):
@@ -83,8 +63,8 @@ class Spreadsheet(unittest.TestCase):
                 head, units = ([cell.value or "" for cell in sheet[row]] for row in (NAMES, UNITS))
                 # without units of weights and surfaces, which select converts, too
                 places = [i for i, unit in enumerate(units) if "/" not in unit]
-                printed = self.run_program("select", catalogue, family, "--csv", *options,
-                                           "--columns", ",".join(head[i] for i in places if i > 1))
+                printed = self.output_of("select", catalogue, family, "--csv", *options,
+                                         "--columns", ",".join(head[i] for i in places if i > 1))
                 names, kept, *rows = csv.reader(printed.splitlines())
                 self.assertEqual([head[i] for i in places], names[:-1])
                 self.assertEqual([units[i] for i in places], kept[:-1])
@@ -106,10 +86,10 @@ class Spreadsheet(unittest.TestCase):
 
     def test_takes_any_name(self):
         own = self.folder / "own.db3"
-        self.run_program("user", "create", own)
+        self.output_of("user", "create", own)
         names = ["=1+1", 'P "1" <&>', "Ø60×5 \u2028\U0001F600", "P\x01\x1b[31m", "L" * 40000]
         for number, name in enumerate(names):
-            self.run_program("user", "add", own, "Pipe", f"P{number}", f"OD={100 + number}", "T=5")
+            self.output_of("user", "add", own, "Pipe", f"P{number}", f"OD={100 + number}", "T=5")
             with sqlite3.connect(own) as database:
                 database.execute("UPDATE Pipe SET Name = ? WHERE Name = ?", (name, f"P{number}"))
         sheet = self.export("own", "Pipe", "--user", own)["Pipe"]
