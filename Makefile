@@ -22,7 +22,7 @@ demo:
 	@echo && $(SECTIONDB) show American W12X26 --length mm --force kN
 	@echo && $(SECTIONDB) show German "HE 200 A"
 	@echo && $(SECTIONDB) show Japanese H-300x150x6.5x9
-	@echo && $(SECTIONDB) show Indian "MB 300" --length in
+	@echo && $(SECTIONDB) show Indian "MB 300"
 
 PREFIX ?= /usr/local
 install:
