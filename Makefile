@@ -55,10 +55,10 @@ lint-all:
 	@scripts/lint all
 
 sanitize: setup
-	@scripts/build sanitize
-	@ctest --preset sanitize
 	@scripts/build threads
 	@ctest --preset threads
+	@scripts/build sanitize
+	@ctest --preset sanitize
 
 # Compilers, build types, shared and static; with SQLCIPHER_SOURCE=FOLDER the engine within, too.
 matrix: export SQLCIPHER_SOURCE := $(SQLCIPHER_SOURCE)
