@@ -165,9 +165,11 @@ private:
     FigureSource derivedSource(std::string_view name) const;
 
     template <int L>
-    Measure<L> first(std::initializer_list<std::string_view> columns, const char* property) const;
+    DBSECTION_HIDDEN Measure<L> first(std::initializer_list<std::string_view> columns,
+                                      const char* property) const;
     template <int L, int F = 0>
-    Measure<L, F> derived(double dbsection::DerivedProperties::*member, const char* property) const;
+    DBSECTION_HIDDEN Measure<L, F> derived(double dbsection::DerivedProperties::*member,
+                                           const char* property) const;
     [[noreturn]] void failFor(std::string_view property) const;
 
     std::shared_ptr<const CatalogueData> m_catalogue;

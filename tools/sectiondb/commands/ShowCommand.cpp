@@ -66,8 +66,8 @@ Table TableOf(const char* catalogue, const sections::Section& section, const Uni
 void AddSymbols(Table& table, Symbols symbols) {
     table.columns.insert(table.columns.begin() + 1, {"symbol"});
     for (Table::Row& row : table.rows)
-        row.insert(row.begin() + 1,
-                   std::string(SymbolOf(std::get<std::string>(row.front()), symbols)));
+        row.emplace(row.begin() + 1,
+                    std::string(SymbolOf(std::get<std::string>(row.front()), symbols)));
     table.subject.facts.emplace_back("axes", AxesOf(symbols));
     table.subject.notes.push_back(fmt::format("Axes: {}.", AxesOf(symbols)));
 }
