@@ -16,8 +16,8 @@ namespace sections {
 namespace {
 
 /// The next item of a list that is separated by blanks, which is taken off it.
-std::string_view takeItem(std::string_view& list) {
-    const std::size_t end = std::min(list.find(' '), list.size());
+std::string_view takeItem(std::string_view& list, char separator = ' ') {
+    const std::size_t end = std::min(list.find(separator), list.size());
     const std::string_view item = list.substr(0, end);
     list.remove_prefix(std::min(end + 1, list.size()));
     return item;
@@ -155,10 +155,9 @@ void readProvenance(CSectionDatabase& database, CatalogueData& data) {
 dbsection::Figures parametersIn(std::string_view text) {
     dbsection::Figures parameters;
     while (!text.empty()) {
-        const std::string_view item = takeItem(text);
-        const std::size_t equals = std::min(item.find('='), item.size());
-        parameters[std::string(item.substr(0, equals))] =
-            dbsection::LeadingNumber<double>(item.substr(std::min(equals + 1, item.size())));
+        std::string_view figure = takeItem(text);
+        const std::string_view name = takeItem(figure, '=');
+        parameters[std::string(name)] = dbsection::LeadingNumber<double>(figure);
     }
     return parameters;
 }

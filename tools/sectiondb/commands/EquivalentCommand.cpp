@@ -123,7 +123,7 @@ class FindEquivalent : public Command {
                 Table::Row{CatalogueOf(section), section.family().name(), section.name(),
                            StandardOf(section), Percent(apart)});
             for (std::size_t i = 0; i < Measures::Count; ++i)
-                row.push_back(Percent(measures.Excess(wanted, i)));
+                row.emplace_back(Percent(measures.Excess(wanted, i)));
         }
         return table;
     }

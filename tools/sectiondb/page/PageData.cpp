@@ -3,7 +3,7 @@
 #include "drawing/Drawing.h"
 #include "files/SectionColumns.h"
 #include "output/Figure.h"
-#include "page/UnitSystems.h"
+#include "page/DisplayUnits.h"
 #include "platform/Numbers.h"
 #include "records/SectionLayout.h"
 #include "sections/Error.h"
@@ -89,7 +89,7 @@ std::string ComputedJson(const sections::Sections& rows, const std::string& colu
 }
 
 std::string UnitJson(const std::string& stored) {
-    return ArrayOf(GetUnitSystems(), [&](const UnitSystem& system) {
+    return ArrayOf(GetDisplayUnits(), [&](const DisplayUnits& system) {
         const PrintedUnit unit = InChosenUnits(stored, ChoiceFor(system, stored));
         return fmt::format("[{}, {}]", JsonText(unit.label), unit.factor);
     });
@@ -162,7 +162,7 @@ std::size_t PageData::UnitPlace(const std::string& stored) {
 
 std::string PageData::Json() const {
     JsonList members;
-    members.AddMember("systems", ArrayOf(GetUnitSystems(), [](const UnitSystem& system) {
+    members.AddMember("systems", ArrayOf(GetDisplayUnits(), [](const DisplayUnits& system) {
                           return JsonText(system.name);
                       }));
     members.AddMember("units", ArrayOf(m_units, UnitJson));

@@ -9,7 +9,7 @@
 namespace dbsection {
 
 /// What engineers of a country print lengths, their powers, stresses and weights in.
-struct UnitSystem {
+struct DisplayUnits {
     const char* name;
     UnitChoice length;
     UnitChoice power; ///< areas, moduli, moments
@@ -19,9 +19,9 @@ struct UnitSystem {
 
 /// All systems; the first one, as published, keeps the units of the catalogues, the last is the
 /// same for all.
-std::span<const UnitSystem> GetUnitSystems();
+std::span<const DisplayUnits> GetDisplayUnits();
 
 /// The choice of a system for figures in the unit `stored`, e.g. "INCHES^2".
-const UnitChoice& ChoiceFor(const UnitSystem& system, std::string_view stored);
+const UnitChoice& ChoiceFor(const DisplayUnits& system, std::string_view stored);
 
 } // namespace dbsection
