@@ -21,7 +21,7 @@ int KeepMessage(const char* text, const char* /*caption*/, unsigned /*flags*/) {
 
 void KeepMessages() { SetMessageBoxHandler(KeepMessage); }
 
-void ForgetFailure() {
+void ForgetMessages() {
     lastMessage.clear();
     SectionLibraryState::SetExceptionType(0);
 }

@@ -8,7 +8,7 @@ namespace dbsection {
 void KeepMessages();
 
 /// Forgets what the library has reported so far.
-void ForgetFailure();
+void ForgetMessages();
 
 /// Throws a CommandError of what the library has reported since, if anything.
 void ThrowFailure();
@@ -16,7 +16,7 @@ void ThrowFailure();
 /// What a call of the library returns; throws CommandError where it reports a failure.
 template <class Call>
 auto AskLibrary(Call call) {
-    ForgetFailure();
+    ForgetMessages();
     auto answer = call();
     ThrowFailure();
     return answer;
