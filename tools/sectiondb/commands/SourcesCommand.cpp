@@ -104,6 +104,9 @@ protected:
 
     FamilyPages(Write page, Write plot) : m_page(page), m_plot(plot) {}
 
+    /// What stands behind the families.
+    virtual std::string PageEnd() const { return {}; }
+
 private:
     void Declare(CLI::App& app) override {
         SourcesCommand::Declare(app);
@@ -120,7 +123,10 @@ private:
         families.reserve(byName.size());
         for (const auto& [name, family] : byName)
             families.push_back(family);
-        fmt::print("{}", (m_isPlot ? m_plot : m_page)(families));
+        if (m_isPlot)
+            fmt::print("{}", m_plot(families));
+        else
+            fmt::print("{}{}", m_page(families), PageEnd());
     }
 
     Write m_page;
@@ -131,6 +137,11 @@ private:
 class Validation : public FamilyPages {
 public:
     Validation() : FamilyPages(ValidationPage, ValidationPlot) {}
+
+private:
+    std::string PageEnd() const override {
+        return FiniteElementsPart(SourceFolder(Sources()).Read("_finite_elements.csv"));
+    }
 };
 
 class Families : public FamilyPages {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <fmt/format.h>
+#include <map>
 
 namespace dbsection {
 namespace {
@@ -133,6 +134,42 @@ std::string ValidationPage(std::span<const SourceFamily* const> families) {
             text += fmt::format("| {} | {} | {} |\n", model.name, column.name, column.basis);
     for (const SourceFamily* family : families)
         text += FamilySection(*family);
+    return text;
+}
+
+std::string FiniteElementsPart(const CsvTable& solutions) {
+    static constexpr std::array Columns{"AX", "IZ", "IY", "IX", "CW", "shear center"};
+    std::string text =
+        "\n## Finite elements\n\n"
+        "How far figures of sections are, in percent, from solutions of their outlines by finite "
+        "elements,\n"
+        "which know nothing of formulas for shapes: a small, a middle and a large section of each "
+        "model.\n"
+        "That of the shear center is its distance beside the polar radius of gyration. \"*\" marks "
+        "what is\n"
+        "computed, the others are published. `make validate` solves them anew.\n\n"
+        "| model | section | AX | IZ | IY | IX | CW | shear center |\n"
+        "|---|---|--:|--:|--:|--:|--:|--:|\n";
+    const auto textOf = [&](const CsvTable::Record& record, const char* column) {
+        return solutions.RequiredText(record, column);
+    };
+    std::map<std::string, std::string> cells;
+    const auto& records = solutions.Records();
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        const CsvTable::Record& record = records[i];
+        cells[textOf(record, "Column")] =
+            textOf(record, "Deviation") + (textOf(record, "Source") == "computed" ? "*" : "");
+        const bool isLast = i + 1 == records.size() ||
+                            textOf(records[i + 1], "Section") != textOf(record, "Section") ||
+                            textOf(records[i + 1], "Size") != textOf(record, "Size");
+        if (!isLast)
+            continue;
+        text += fmt::format("| {} | {} |", textOf(record, "Model"), textOf(record, "Section"));
+        for (const char* column : Columns)
+            text += fmt::format(" {} |", cells[column]);
+        text += '\n';
+        cells.clear();
+    }
     return text;
 }
 

@@ -1,6 +1,7 @@
 // How well the published figures of all families agree with geometry.
 #pragma once
 
+#include "sources/CsvTable.h"
 #include "sources/SourceFamily.h"
 
 #include <span>
@@ -20,6 +21,10 @@ std::vector<ColumnDeviations> DeviationsOf(const SourceFamily& family);
 
 /// Markdown: for each family its columns, their deviations, tolerances and exceptions.
 std::string ValidationPage(std::span<const SourceFamily* const> families);
+
+/// Markdown: sections beside solutions of their outlines by finite elements, of which each record
+/// tells a column's deviation in percent; those of a section follow each other.
+std::string FiniteElementsPart(const CsvTable& solutions);
 
 /// Scalable Vector Graphics: for each family a line from the lowest to the highest deviation of all
 /// its figures, and a box around the middle half of them.
