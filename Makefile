@@ -44,7 +44,8 @@ test: build
 # elements, whose table goes into docs/validation.md.
 validate: build
 	@scripts/setup validate
-	@tests/oracle/oracle.py build/bin/sectiondb data --write data/_finite_elements.csv
+	@tests/oracle/oracle.py build/bin/sectiondb data tests/oracle/shapes \
+	  --write data/_finite_elements.csv
 	@build/bin/sectiondb sources validation >docs/validation.md
 	@npm install --silent --no-save --prefix build/validate web-ifc@0.0.78
 	@NODE_PATH=$(CURDIR)/build/validate/node_modules ctest --preset release -R 'Ifc|Spreadsheet'

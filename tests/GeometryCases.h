@@ -84,6 +84,11 @@ inline constexpr Case Cases[] = {
      "warpingCorners=0", "AX=0.556 IZ=2.86 IX=0.000594 IY=0.18 CW=1.337", 0.7},
     {"400T200-54", "bent channel", American, "D=4.198 B=2 T=0.0566 R=0.0849", "warpingCorners=0",
      "AX=0.452 IZ=1.268 IX=0.000483 IY=0.182 CW=0.551", 0.4},
+    // By finite elements.
+    {"ISST 250, IS 1173", "tapered tee", Millimetres, "D=250 BF=180 TF=14.1 TW=9.2",
+     "radius=17 toe=0.5 slope=0.140541", "IX=322570 CW=355.3e6", 5.5},
+    {"legs whose bend warps less than their thickness", "bent angle", Millimetres,
+     "D=80 B=50 T=4 R=4", "", "CW=1.0276e6", 2},
     // By closed formulas.
     {"flanges of 300 x 20 and 200 x 10 on a web of 12", "unequal I", Millimetres,
      "D=500 BF=300 TF=20 TW=12", "BF2=200 TF2=10",

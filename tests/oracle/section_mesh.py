@@ -5,7 +5,8 @@ import ezdxf
 import gmsh
 import numpy as np
 
-TRIANGLE_OF_SIX_NODES = 9
+TRIANGLE_OF_SIX_NODES = 9  # as gmsh counts them
+DELAUNAY = 5
 
 
 def loops_of(path):
@@ -41,6 +42,18 @@ def edges_of(loop):
     for (z, y, bulge), (next_z, next_y, _) in zip(loop, loop[1:] + loop[:1]):
         if math.dist((z, y), (next_z, next_y)) > 1e-9:
             yield from parts_of((z, y), (next_z, next_y), bulge)
+
+
+def direction_of(start, end, bulge, turn):
+    """In which an edge leaves its start (turn -1) or reaches its end (turn 1), an angle."""
+    return math.atan2(end[1] - start[1], end[0] - start[0]) + turn * 2 * math.atan(bulge)
+
+
+def turns_back(loop):
+    """Whether an edge runs back along the one before it."""
+    edges = list(edges_of(loop))
+    return any(math.cos(direction_of(*following, -1) - direction_of(*edge, 1)) < -0.9999
+               for edge, following in zip(edges, edges[1:] + edges[:1]))
 
 
 def thickness_of(loops):
@@ -86,6 +99,7 @@ def mesh_of(loops, size):
         gmsh.option.setNumber("Mesh.MeshSizeMax", size)
         gmsh.option.setNumber("Mesh.MeshSizeFromCurvature", 24)
         gmsh.option.setNumber("Mesh.ElementOrder", 2)
+        gmsh.option.setNumber("Mesh.Algorithm", DELAUNAY)
         outer = [loop for loop in loops if area_of(loop) > 0]
         holes = [add_loop(loop) for loop in loops if area_of(loop) < 0]
         if len(outer) != 1:

@@ -169,6 +169,16 @@ SectionGeometry Level(const Figures& section, const Figures& parameters) {
     return geometry;
 }
 
+/// Legs that meet warp little but across their thickness, as two rectangles do (AISC Design Guide
+/// 9, 2003).
+SectionGeometry PlainAngle(const Figures& section, const Figures& parameters) {
+    const Strip strip(section);
+    SectionGeometry geometry = OfMiddleLine(Angle(strip), strip, parameters);
+    for (const double leg : {strip.depth, strip.width})
+        geometry.figures.at("CW") += std::pow((leg - strip.Half()) * strip.thickness, 3) / 36;
+    return geometry;
+}
+
 SectionGeometry HatFromTop(const Figures& section, const Figures& parameters) {
     SectionGeometry geometry = WithCentroid<Hat>(section, parameters);
     double& centroid = geometry.figures.at("CY");
@@ -205,7 +215,7 @@ constexpr std::span LevelColumns = std::span(Columns).first<Columns.size() - 1>(
 
 constexpr std::array Models{
     GeometryModel{"bent angle", LayoutId::ColdFormedAngle, PlainInputs, Parameters, Columns,
-                  WithCentroid<Angle>},
+                  PlainAngle},
     GeometryModel{"lipped angle", LayoutId::ColdFormedAngleLipped, LippedInputs, Parameters,
                   Columns, WithCentroid<Angle>},
     GeometryModel{"bent channel", LayoutId::ColdFormedChannel, PlainInputs, Parameters,
