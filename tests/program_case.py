@@ -25,8 +25,8 @@ class ProgramCase(unittest.TestCase):
         cls.temporary.cleanup()
 
     @classmethod
-    def run_program(cls, *arguments):
-        environment = {**os.environ, "SECTIONDB_FOLDER": str(cls.folder)}
+    def run_program(cls, *arguments, **variables):
+        environment = {**os.environ, "SECTIONDB_FOLDER": str(cls.folder), **variables}
         return subprocess.run([PROGRAM, *map(str, arguments)], env=environment, text=True,
                               capture_output=True)
 

@@ -41,6 +41,29 @@ class Spreadsheet(ProgramCase):
         last = f"{sheet.cell(UNITS, sheet.max_column).column_letter}{sheet.max_row}"
         self.assertEqual(sheet.auto_filter.ref, f"A4:{last}")
 
+    def test_is_whole_or_refused_where_the_disk_is_nearly_full(self):
+        disk, file = self.folder / "disk", self.folder / "whole.xlsx"
+        disk.mkdir()
+        ends = set()
+        for size in ("1000k", "2300k", "2500k", "3500k", "9000k"):
+            mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={size}", "tmpfs", disk],
+                                     capture_output=True, check=False)
+            if mounted.returncode != 0:
+                self.skipTest("no disk of a small size can be mounted")
+            try:
+                run = self.run_program("export", "xlsx", "American", "-o", file, TMPDIR=str(disk))
+            finally:
+                subprocess.run(["umount", disk], check=True)
+            ends.add(run.returncode)
+            if run.returncode == 0:
+                for sheet in openpyxl.load_workbook(file, read_only=True):
+                    self.assertGreater(sum(1 for _ in sheet.iter_rows()), 0)
+                file.unlink()
+            else:
+                self.assertIn("full; name another folder by TMPDIR", run.stderr)
+                self.assertFalse(file.exists())
+        self.assertEqual(ends, {0, 1})
+
     def test_has_the_printed_figures_as_numbers(self):
         book = self.export("European", "IPE Shape", "Bulb Flat")
         beam = self.row_of(book["IPE Shape"], "IPE 300")

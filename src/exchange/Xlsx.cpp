@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -59,6 +61,14 @@ public:
     void Require(lxw_error result) const {
         if (result != LXW_NO_ERROR)
             Fail(lxw_strerror(result));
+    }
+
+    /// The packer does not tell of all that it fails to write.
+    void RequireRoom(std::uintmax_t bytes) const {
+        std::error_code unknown;
+        const auto space = std::filesystem::space(m_path, unknown);
+        if (!unknown && space.available < bytes)
+            Fail("it is nearly full");
     }
 
 private:
@@ -203,6 +213,12 @@ public:
             folder.Fail("it is full");
     }
 
+    /// What it takes of the folder of temporary files.
+    std::uintmax_t Bytes() const {
+        const long end = std::ftell(m_sheet->optimize_tmpfile);
+        return end < 0 ? 0 : static_cast<std::uintmax_t>(end);
+    }
+
 private:
     static lxw_col_t PlaceOf(std::size_t column) {
         return static_cast<lxw_col_t>(FirstFigureColumn + column);
@@ -264,8 +280,15 @@ void AddSections(const Workbook& workbook, std::span<const sections::Section> se
         if (options.progress)
             options.progress();
     }
-    for (const auto& [key, sheet] : sheets)
+    std::uintmax_t all = 0;
+    std::uintmax_t largest = 0;
+    for (const auto& [key, sheet] : sheets) {
         sheet.Finish();
+        all += sheet.Bytes();
+        largest = std::max(largest, sheet.Bytes());
+    }
+    constexpr std::uintmax_t OtherParts = 1 << 20;
+    workbook.folder.RequireRoom(largest + all / 2 + OtherParts); // a copy, and what is packed
 }
 
 } // namespace
