@@ -237,6 +237,25 @@ TEST_F(SectionsTest, OfOneNameAreFoundInAllFamilies) {
     for (const sections::Section& section : sections::Catalogue::read(path, 1).findAll("TWIN"))
         names.push_back(section.family().name() + ' ' + section.name());
     EXPECT_EQ(names, (std::vector<std::string>{"W Shape twin", "Rod Twin", "Rod R2"}));
+    EXPECT_EQ(sections::Catalogue::read(path, 1).family("Rod").find("TWIN")->name(), "Twin");
+}
+
+TEST_F(SectionsTest, AreFoundByNamesOfAnyLengthWhateverTheirLetterCase) {
+    const std::string path = folder->File("names.db3");
+    std::vector<std::string> names;
+    for (std::string name; const char letter : std::string("W12x26.5-Long/Name*[z]{y}"))
+        names.push_back(name += letter);
+    std::vector<Section> rows;
+    rows.reserve(names.size());
+    for (const std::string& name : names)
+        rows.push_back({name.c_str(), name.c_str(), {}});
+    CatalogueFile(path).AddTable("Rod", LayoutId::RoundBar, rows);
+    const sections::Catalogue catalogue = sections::Catalogue::read(path, 1);
+    for (const std::string& known : names)
+        for (const std::string& typed : {known, dbsection::UpperCase(known)})
+            EXPECT_EQ(catalogue.at(typed).name(), known);
+    for (const char* unknown : {"", "W12x26:5", "X", "W12x26.5-Long/Name*{z}{y}"})
+        EXPECT_FALSE(catalogue.find(unknown)) << unknown;
 }
 
 TEST_F(SectionsTest, OpenWithPasswordsOfAnyCharacters) {

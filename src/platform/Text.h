@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -42,12 +43,24 @@ inline bool EqualNoCase(std::string_view left, std::string_view right) {
 }
 
 /// A hash that texts have in common which are alike but for the letter case.
-constexpr std::size_t HashNoCase(std::string_view text) {
-    constexpr std::uint64_t Prime = 0x100000001b3;
-    std::uint64_t hash = 0xcbf29ce484222325;
+inline std::size_t HashNoCase(std::string_view text) {
+    constexpr std::uint64_t Prime = 0x9e3779b97f4a7c15;
+    constexpr std::uint64_t WithoutCase = 0xdfdfdfdfdfdfdfdf; // tells digits and signs apart still
+    std::uint64_t hash = text.size();
+    const auto add = [&hash](std::uint64_t letters) {
+        hash = (hash ^ (letters & WithoutCase)) * Prime;
+        hash ^= hash >> 32;
+    };
+    std::uint64_t letters = 0;
+    for (; text.size() > sizeof letters; text.remove_prefix(sizeof letters)) {
+        std::memcpy(&letters, text.data(), sizeof letters);
+        add(letters);
+    }
+    letters = 0;
     for (const char c : text)
-        hash = (hash ^ static_cast<unsigned char>(ToUpper(c))) * Prime;
-    return static_cast<std::size_t>(hash ^ (hash >> 32));
+        letters = letters << 8 | static_cast<unsigned char>(c);
+    add(letters);
+    return static_cast<std::size_t>(hash);
 }
 
 inline std::string_view Trim(std::string_view text) {

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace sections {
 namespace {
@@ -327,35 +328,30 @@ Family Catalogue::family(std::string_view name) const {
 }
 
 std::optional<Section> Catalogue::find(std::string_view name, const FamilyData* family) const {
-    const auto [begin, end] = m_data->index.equal_range(name);
-    std::optional<Place> first;
-    for (auto entry = begin; entry != end; ++entry)
-        if ((family == nullptr || family == &m_data->families[entry->second.family]) &&
-            (!first || entry->second < *first))
-            first = entry->second;
-    if (!first)
-        return std::nullopt;
-    return Section(m_data, m_data->families[first->family], first->row);
+    std::optional<Section> found;
+    m_data->index.visit(name, [&](const Place& place) {
+        const FamilyData& holder = m_data->families[place.family];
+        if (family == nullptr || family == &holder)
+            found = Section(m_data, holder, place.row);
+        return found.has_value();
+    });
+    return found;
 }
 
 std::optional<Section> Catalogue::find(std::string_view name) const { return find(name, nullptr); }
 
 std::vector<Section> Catalogue::findAll(std::string_view name) const {
-    const auto [begin, end] = m_data->index.equal_range(name);
-    std::vector<Place> places;
-    for (auto entry = begin; entry != end; ++entry)
-        places.push_back(entry->second);
-    std::ranges::sort(places);
     std::vector<Section> sections;
-    sections.reserve(places.size());
-    for (const auto& [family, row] : places)
-        sections.push_back(Section(m_data, m_data->families[family], row));
+    m_data->index.visit(name, [&](const Place& place) {
+        sections.push_back(Section(m_data, m_data->families[place.family], place.row));
+        return false;
+    });
     return sections;
 }
 
 Section Catalogue::at(std::string_view name) const {
     if (auto section = find(name))
-        return *section;
+        return std::move(*section);
     throw Error(SectionError::NoSuchItem,
                 m_data->path + ": there is no section \"" + std::string(name) + "\".");
 }

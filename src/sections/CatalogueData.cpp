@@ -248,14 +248,17 @@ private:
     }
 
     void indexNames() {
-        for (std::size_t family = 0; family < m_data.families.size(); ++family) {
+        std::vector<PlacesByName::Entry> entries;
+        for (std::uint32_t family = 0; family < m_data.families.size(); ++family) {
             const FamilyData& data = m_data.families[family];
-            for (std::size_t row = 0; row < data.names.size(); ++row) {
-                m_data.index.emplace(data.programNames[row], Place{family, row});
+            entries.reserve(entries.size() + 2 * data.names.size());
+            for (std::uint32_t row = 0; row < data.names.size(); ++row) {
+                entries.push_back({data.programNames[row], {family, row}});
                 if (!dbsection::EqualNoCase(data.names[row], data.programNames[row]))
-                    m_data.index.emplace(data.names[row], Place{family, row});
+                    entries.push_back({data.names[row], {family, row}});
             }
         }
+        m_data.index = PlacesByName(entries);
     }
 
     CSectionDatabase& m_database;
@@ -272,17 +275,6 @@ const FamilyColumn* FamilyData::find(std::string_view name) const {
                dbsection::EqualNoCase(column.layoutName, name);
     });
     return place == data.end() ? nullptr : &*place;
-}
-
-std::size_t NameHash::operator()(std::string_view name) const {
-    std::size_t hash = 14695981039346656037ULL; // FNV-1a
-    for (const char c : name)
-        hash = (hash ^ static_cast<unsigned char>(dbsection::ToUpper(c))) * 1099511628211ULL;
-    return hash;
-}
-
-bool SameName::operator()(std::string_view left, std::string_view right) const {
-    return dbsection::EqualNoCase(left, right);
 }
 
 CatalogueData readCatalogue(CSectionDatabase& database, int number) {

@@ -3,9 +3,9 @@
 
 #include "records/CatalogueList.h"
 #include "sections/Catalogue.h"
+#include "sections/PlacesByName.h"
 #include "units/UnitText.h"
 
-#include <compare>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -53,21 +53,6 @@ struct FamilyData {
     const FamilyColumn* find(std::string_view name) const;
 };
 
-/// Hashes and compares whatever the letter case.
-struct NameHash {
-    std::size_t operator()(std::string_view name) const;
-};
-struct SameName {
-    bool operator()(std::string_view left, std::string_view right) const;
-};
-
-struct Place {
-    std::size_t family;
-    std::size_t row;
-    // NOLINTNEXTLINE(modernize-use-nullptr): taken for a null pointer by mistake
-    auto operator<=>(const Place&) const = default;
-};
-
 struct CatalogueData {
     const SectionCatalogue* catalogue = nullptr;
     std::string path;
@@ -76,7 +61,7 @@ struct CatalogueData {
     std::string standard;
     std::vector<Origin> origins;
     std::vector<FamilyData> families;
-    std::unordered_multimap<std::string_view, Place, NameHash, SameName> index; ///< of all names
+    PlacesByName index; ///< of all names
 };
 
 /// The number of whichever kind of a person's own files it is.
