@@ -214,6 +214,7 @@ class Catalogue(Generic[V]):
         self._native = native
         self.presentation = presentation
         self._families = tuple(Family(family, self) for family in native.families)
+        self._family_of_type = {family.section_type: family for family in self._families}
         self._index: _native.NameIndex | None = None
 
     @property
@@ -291,7 +292,7 @@ class Catalogue(Generic[V]):
         return Section(native, self._family_of(native.family))
 
     def _family_of(self, native: _native.Family) -> Family[V]:
-        return next(each for each in self._families if each.section_type == native.section_type)
+        return self._family_of_type[native.section_type]
 
     def where(self, *conditions: Condition[V]) -> Sections[V]:
         """The sections of all families that meet all conditions; see Sections.where."""
