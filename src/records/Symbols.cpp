@@ -54,6 +54,9 @@ constexpr std::array Table{
     PropertySymbols{"A/V-box", "A/V box", "[Am/V]b"},
     PropertySymbols{"BF/2TF", "bf/2tf", "b/2tf"},
     PropertySymbols{"H/TW", "h/tw", "c/tw"},
+    PropertySymbols{"D/TW", "d/tw", "h/tw"},
+    PropertySymbols{"B/T", "b/t", "(b-3t)/t"},
+    PropertySymbols{"H/T", "h/t", "(h-3t)/t"},
     PropertySymbols{"D/T", "D/t", "d/t"},
 };
 

@@ -135,8 +135,20 @@ double webSlenderness(Facts& facts) {
     return ofOutline<straightWeb>(facts) / facts.section.webThickness().in(units::mm);
 }
 
+double stemSlenderness(Facts& facts) {
+    return facts.section.depth().in(units::mm) / facts.section.webThickness().in(units::mm);
+}
+
 double wallSlenderness(Facts& facts) {
     return facts.section.depth().in(units::mm) / facts.section.thickness().in(units::mm);
+}
+
+/// Where standards do not know the radius, each corner takes one and a half walls off the side.
+template <Length (Section::*Side)() const>
+double flatSlenderness(Facts& facts) {
+    constexpr double Corners = 3;
+    const double thickness = facts.section.thickness().in(units::mm);
+    return std::max(0.0, (facts.section.*Side)().in(units::mm) / thickness - Corners);
 }
 
 /// In what a property is told.
@@ -169,6 +181,8 @@ bool ofAny(LayoutId layout) {
 }
 bool ofFlanges(LayoutId layout) { return layout == LayoutId::IShape || layout == LayoutId::Tee; }
 bool ofWebs(LayoutId layout) { return layout == LayoutId::IShape || layout == LayoutId::Channel; }
+bool ofTees(LayoutId layout) { return layout == LayoutId::Tee; }
+bool ofRectangularTubes(LayoutId layout) { return layout == LayoutId::RectangularTube; }
 bool ofRoundTubes(LayoutId layout) { return layout == LayoutId::RoundTube; }
 
 constexpr std::array Rules{
@@ -209,6 +223,11 @@ constexpr std::array Rules{
                 true},
     DerivedRule{"H/TW", "slenderness of the web between its fillets", Told::Number, webSlenderness,
                 ofWebs, true},
+    DerivedRule{"D/TW", "slenderness of the stem", Told::Number, stemSlenderness, ofTees, true},
+    DerivedRule{"B/T", "slenderness of the flat of the width", Told::Number,
+                flatSlenderness<&Section::width>, ofRectangularTubes, true},
+    DerivedRule{"H/T", "slenderness of the flat of the depth", Told::Number,
+                flatSlenderness<&Section::depth>, ofRectangularTubes, true},
     DerivedRule{"D/T", "slenderness of the wall", Told::Number, wallSlenderness, ofRoundTubes,
                 true},
 };
