@@ -27,7 +27,7 @@ protected:
         std::vector<sections::Catalogue> catalogues;
         for (const int number : library.numbers())
             catalogues.push_back(library.open(number));
-        names = std::make_unique<sections::NameIndex>(std::move(catalogues));
+        names = std::make_unique<sections::NameIndex>(catalogues);
     }
     static void TearDownTestSuite() {
         names.reset();

@@ -17,6 +17,7 @@ using Letters = std::u32string;
 /// The characters of a UTF-8 text; a byte that belongs to none stands for itself.
 Letters Decoded(std::string_view text) {
     Letters decoded;
+    decoded.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
         const auto lead = static_cast<unsigned char>(text[i]);
         const std::size_t more = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
@@ -79,6 +80,8 @@ char32_t Capital(char32_t letter) {
     return letter;
 }
 
+bool IsAscii(char32_t letter) { return letter < 0x80; }
+
 /// One letter for all signs of a diameter, circles among them.
 char32_t Unified(char32_t letter) {
     constexpr char32_t Diameter = 0x3A6; // capital phi
@@ -86,21 +89,45 @@ char32_t Unified(char32_t letter) {
     return Diameters.find(letter) != std::u32string_view::npos ? Diameter : letter;
 }
 
+/// What a name is compared by.
+char32_t Comparable(char32_t letter) {
+    return IsAscii(letter) ? static_cast<char32_t>(ToUpper(static_cast<char>(letter)))
+                           : Unified(Capital(letter));
+}
+
 bool IsNumeral(char32_t letter) { return letter >= U'0' && letter <= U'9'; }
 
 bool IsPoint(char32_t letter) { return letter == U'.' || letter == U','; }
 
+/// Letters of which most that are asked for are ASCII.
+class LetterSet {
+public:
+    constexpr explicit LetterSet(std::u32string_view letters) : m_letters(letters) {
+        for (const char32_t letter : letters)
+            if (letter < m_ascii.size())
+                m_ascii[letter] = true;
+    }
+
+    bool Contains(char32_t letter) const {
+        return letter < m_ascii.size() ? m_ascii[letter]
+                                       : m_letters.find(letter) != std::u32string_view::npos;
+    }
+
+private:
+    std::u32string_view m_letters;
+    std::array<bool, 0x80> m_ascii{};
+};
+
 /// Signs that stand between two numbers, among them two letters that look like one.
 bool IsTimes(char32_t letter) {
-    constexpr std::u32string_view Signs = U"X*\u00D7\u0425\u2715\u2A2F\u22C5\u00B7";
-    return Signs.find(letter) != std::u32string_view::npos;
+    static constexpr LetterSet Signs(U"X*\u00D7\u0425\u2715\u2A2F\u22C5\u00B7");
+    return Signs.Contains(letter);
 }
 
 bool IsSeparator(char32_t letter) {
-    constexpr std::u32string_view Signs =
-        U" \t\r\n-.,()\"/&+#_:;\u00A0\u00AB\u00BB\u2032\u2033\u2212";
+    static constexpr LetterSet Signs(U" \t\r\n-.,()\"/&+#_:;\u00A0\u00AB\u00BB\u2032\u2033\u2212");
     const bool isPunctuation = letter >= 0x2000 && letter <= 0x201F; // blanks, dashes, quotes
-    return isPunctuation || Signs.find(letter) != std::u32string_view::npos;
+    return isPunctuation || Signs.Contains(letter);
 }
 
 constexpr std::array Denominators{2.0, 4.0, 8.0, 16.0, 32.0, 64.0};
@@ -109,8 +136,7 @@ constexpr std::array Denominators{2.0, 4.0, 8.0, 16.0, 32.0, 64.0};
 class Reader {
 public:
     Reader(std::string_view name, NameKey& key) : m_text(Decoded(name)), m_key(key) {
-        std::ranges::transform(m_text, m_text.begin(),
-                               [](char32_t letter) { return Unified(Capital(letter)); });
+        std::ranges::transform(m_text, m_text.begin(), Comparable);
     }
 
     void Read() {
@@ -237,6 +263,16 @@ std::string NameKey::Text() const {
         separator = 'x';
     }
     return text;
+}
+
+std::uint64_t NameKey::Hash() const {
+    constexpr std::uint64_t Prime = 0x9e3779b97f4a7c15;
+    std::uint64_t hash = HashNoCase(letters);
+    for (const std::int64_t number : thousandths) {
+        hash = (hash ^ static_cast<std::uint64_t>(number)) * Prime;
+        hash ^= hash >> 32;
+    }
+    return hash;
 }
 
 bool NameKey::BeginsWith(const NameKey& typed) const {

@@ -35,6 +35,9 @@ struct DBSECTION_API NameKey {
     /// letters may end before those of the name, the last number before its last digits.
     bool BeginsWith(const NameKey& typed) const;
 
+    /// Equal keys have the same.
+    std::uint64_t Hash() const;
+
     bool operator==(const NameKey&) const = default;
 };
 

@@ -248,9 +248,9 @@ dbsection::Figures Section::parameters() const {
     return own;
 }
 
-std::vector<Alias> Section::aliases() const {
+std::span<const Alias> Section::aliases() const {
     const auto place = m_family->aliases.find(m_row);
-    return place == m_family->aliases.end() ? std::vector<Alias>() : place->second;
+    return place == m_family->aliases.end() ? std::span<const Alias>() : place->second;
 }
 
 Sections::Sections(std::shared_ptr<const CatalogueData> catalogue, const FamilyData& family)

@@ -26,6 +26,7 @@
 #include <memory>
 #include <optional>
 #include <ranges>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -146,8 +147,8 @@ public:
     /// What the model of its origin needs to know besides the columns: radii and slopes, in mm.
     dbsection::Figures parameters() const;
 
-    /// Other spellings of its name.
-    std::vector<Alias> aliases() const;
+    /// Other spellings of its name. They live as long as the picture of the catalogue.
+    std::span<const Alias> aliases() const;
 
 private:
     friend class Catalogue;

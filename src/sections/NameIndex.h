@@ -39,7 +39,7 @@ struct Hit {
 
 class DBSECTION_API NameIndex {
 public:
-    explicit NameIndex(std::vector<Catalogue> catalogues);
+    explicit NameIndex(const std::vector<Catalogue>& catalogues);
 
     /// The sections of that name: exact ones before aliases, these before superseded names, each
     /// in the order of the catalogues.

@@ -24,22 +24,21 @@ class Find : public Command {
         const CatalogueFolder folder = m_catalogues.Folder();
         CatalogueFaults faults;
         faults.Try([&] { folder.RequireThere(); });
-        std::vector<sections::Catalogue> catalogues = OpenAll(folder, faults);
-        const std::size_t count = catalogues.size();
-        const sections::NameIndex names(std::move(catalogues));
+        const std::vector<sections::Catalogue> catalogues = OpenAll(folder, faults);
+        const sections::NameIndex names(catalogues);
         const bool isWhole = m_beginning.empty();
         const std::vector<sections::Hit> hits =
             isWhole ? names.find(m_name) : names.beginning(m_beginning);
         if (!hits.empty())
             Print(TableOf(hits), m_form.Form());
         faults.ThrowIfAny();
-        if (count == 0)
+        if (catalogues.empty())
             folder.RequireNamed();
         if (hits.empty())
             throw CommandError(fmt::format(
                 R"(There is no section "{}{}" in the {} catalogues in the folder "{}"; {})",
-                isWhole ? m_name : m_beginning, isWhole ? "" : "...", count, folder.Path(),
-                Suggestion(names.nearest(isWhole ? m_name : m_beginning))));
+                isWhole ? m_name : m_beginning, isWhole ? "" : "...", catalogues.size(),
+                folder.Path(), Suggestion(names.nearest(isWhole ? m_name : m_beginning))));
     }
 
     static Table TableOf(const std::vector<sections::Hit>& hits) {
