@@ -240,6 +240,28 @@ TEST_F(SectionsTest, OfOneNameAreFoundInAllFamilies) {
     EXPECT_EQ(sections::Catalogue::read(path, 1).family("Rod").find("TWIN")->name(), "Twin");
 }
 
+TEST_F(SectionsTest, OfOneNameAreReadAlone) {
+    const sections::Catalogue whole = sections::Library(folder->Path()).open("American");
+    const auto named = [&](const char* name) {
+        return sections::Catalogue::readNamed(name, whole.path(), whole.number());
+    };
+    const sections::Catalogue one = named("w12x26");
+    EXPECT_EQ(one.size(), 1);
+    EXPECT_EQ(one.families().size(), whole.families().size());
+    const sections::Section beam = one.at("W12X26");
+    EXPECT_EQ(beam["AX"].figure(), 7.65);
+    EXPECT_EQ(beam["AX"].unit(), "INCHES^2");
+    ASSERT_NE(beam.origin(), nullptr);
+    EXPECT_EQ(beam.origin()->standard, "AISC Steel Construction Manual, 16th Edition");
+    EXPECT_EQ(beam.source("AX"), sections::FigureSource::Published);
+    EXPECT_EQ(std::ranges::count(beam.aliases(), "IR 305 x 38.7", &sections::Alias::name), 1);
+    EXPECT_NEAR(beam.outline().Area() / 645.16, 7.65, 0.05);
+
+    EXPECT_EQ(named("HSS8X8X1/2").findAll("hss8x8x1/2").size(), whole.findAll("HSS8X8X1/2").size());
+    for (const char* none : {"W12X27", "W 12 X 26", "IR 305 x 38.7", "O'Neil", "' Or '1'='1", ""})
+        EXPECT_EQ(named(none).size(), 0) << none;
+}
+
 TEST_F(SectionsTest, AreFoundByNamesOfAnyLengthWhateverTheirLetterCase) {
     const std::string path = folder->File("names.db3");
     std::vector<std::string> names;

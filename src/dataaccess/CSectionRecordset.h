@@ -20,6 +20,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
 
 class CSectionDatabase;
 
@@ -103,8 +104,13 @@ public:
 
     COleVariant GetFieldValue(int index) const;
 
-    /// The numbers of consecutive columns from `first` on; of a text what it begins with, 0 for
-    /// what is none.
+    /// The text of a column, of a number as CCrack shows it; nothing of a null.
+    std::optional<std::string> GetFieldText(int index) const;
+
+    /// The number of a column, of a text what it begins with; nothing of a null.
+    std::optional<double> GetFieldNumber(int index) const;
+
+    /// The numbers of consecutive columns from `first` on, 0 for what is none.
     void GetFieldNumbers(int first, std::span<double> numbers) const;
     void SetFieldValue(int index, const COleVariant& value);
     void SetFieldValue(int index, const char* value);

@@ -292,6 +292,12 @@ Catalogue Catalogue::read(const std::string& path, int number, std::string_view 
     return Catalogue(std::make_shared<const CatalogueData>(readCatalogue(path, number, password)));
 }
 
+Catalogue Catalogue::readNamed(std::string name, const std::string& path, int number,
+                               std::string_view password) {
+    return Catalogue(std::make_shared<const CatalogueData>(
+        readCatalogue(path, number, password, std::move(name))));
+}
+
 int Catalogue::number() const { return m_data->catalogue->index; }
 const std::string& Catalogue::name() const { return m_data->title; }
 int Catalogue::layoutVersion() const { return m_data->layoutVersion; }

@@ -300,6 +300,10 @@ public:
     /// is no catalogue of that number (1 to 37, 1001 for user tables, 1010 for generic shapes).
     static Catalogue read(const std::string& path, int number, std::string_view password = {});
 
+    /// The same of the sections alone that findAll would find: quicker where no other is wanted.
+    static Catalogue readNamed(std::string name, const std::string& path, int number,
+                               std::string_view password = {});
+
     int number() const;
     const std::string& name() const;     ///< e.g. "American"
     const std::string& path() const;     ///< of the file

@@ -39,10 +39,12 @@ bool isText(const CSectionFieldInfo& field) {
 /// Reads the tables of an open file.
 class CatalogueReader {
 public:
-    CatalogueReader(CSectionDatabase& database, CatalogueData& data)
+    CatalogueReader(CSectionDatabase& database, CatalogueData& data,
+                    const std::optional<std::string>& name)
         : m_database(database),
           m_tables(database.GetUserTableNames()),
-          m_data(data) {}
+          m_data(data),
+          m_name(name) {}
 
     void read() {
         readInformation();
@@ -52,7 +54,7 @@ public:
         for (const SectionFamily& family : m_data.catalogue->families)
             if (hasTable(family.table))
                 readFamily(family);
-        readProvenance(m_database, m_data);
+        readProvenance(m_database, m_data, m_name ? Wanted::RowsRead : Wanted::All);
         indexNames();
     }
 
@@ -127,13 +129,10 @@ private:
     }
 
     void readTable(FamilyData& data) {
-        const std::string series =
-            data.family->layout == LayoutId::Joist
-                ? " WHERE [SeriesID] = " + std::to_string(data.family->sectionType)
-                : "";
         CSectionRecordset rows(&m_database);
-        rows.Open(CSectionRecordset::Snapshot,
-                  ("Select * From [" + data.table + "]" + series + " ORDER BY 1").c_str());
+        rows.Open(
+            CSectionRecordset::Snapshot,
+            ("Select * From [" + data.table + "]" + conditionOn(data) + " ORDER BY 1").c_str());
         readColumns(rows, data);
         for (; !rows.IsEOF(); rows.MoveNext())
             readRow(rows, data);
@@ -158,6 +157,21 @@ private:
             data.data.push_back(columnOf(fields[place], known, unitOf(data.table, place)));
             data.columns.push_back(data.data.back().column);
         }
+    }
+
+    /// Of the rows of a family that are wanted. Names are searched where indexes hold them.
+    std::string conditionOn(const FamilyData& data) const {
+        std::string condition;
+        if (data.family->layout == LayoutId::Joist)
+            condition = " WHERE [SeriesID] = " + std::to_string(data.family->sectionType);
+        if (m_name) {
+            const std::string rows = "Select [RECNO] From [" + data.table + "] Where UPPER([";
+            const std::string isName = "]) = " + inQuotes(dbsection::UpperCase(*m_name));
+            condition += (condition.empty() ? " WHERE" : " AND") +
+                         (" [RECNO] In (" + rows + "Name" + isName) + " Union " + rows +
+                         "VessaName" + isName + ")";
+        }
+        return condition;
     }
 
     /// How many of a layout's columns a table has; it may lack those that were added since.
@@ -238,12 +252,11 @@ private:
         int place = BookkeepingColumns;
         for (FamilyColumn& column : data.data) {
             if (column.column.quantity == ::Quantity::Text) {
-                column.texts.push_back(textOrNothing(rows, place++));
+                column.texts.push_back(rows.GetFieldText(place++));
                 continue;
             }
-            const COleVariant value = rows.GetFieldValue(place++);
-            column.figures.push_back(value.vt == VT_NULL ? std::numeric_limits<double>::quiet_NaN()
-                                                         : dbsection::AsNumber(value));
+            column.figures.push_back(
+                rows.GetFieldNumber(place++).value_or(std::numeric_limits<double>::quiet_NaN()));
         }
     }
 
@@ -265,6 +278,7 @@ private:
     std::vector<CString> m_tables;
     std::unordered_map<std::string, Units> m_units; ///< by table in upper case
     CatalogueData& m_data;
+    const std::optional<std::string>& m_name; ///< nothing: all sections are wanted
 };
 
 } // namespace
@@ -277,7 +291,8 @@ const FamilyColumn* FamilyData::find(std::string_view name) const {
     return place == data.end() ? nullptr : &*place;
 }
 
-CatalogueData readCatalogue(CSectionDatabase& database, int number) {
+CatalogueData readCatalogue(CSectionDatabase& database, int number,
+                            const std::optional<std::string>& name) {
     CatalogueData data;
     data.catalogue = FindCatalogue(number);
     data.path = database.GetName().View();
@@ -285,15 +300,16 @@ CatalogueData readCatalogue(CSectionDatabase& database, int number) {
         fail(data.path, SectionError::NoSuchItem,
              "there is no catalogue " + std::to_string(number) + ".");
     const dbsection::DatabaseTransaction oneMoment(database, dbsection::Purpose::Reading);
-    CatalogueReader(database, data).read();
+    CatalogueReader(database, data, name).read();
     return data;
 }
 
-CatalogueData readCatalogue(const std::string& path, int number, std::string_view password) {
+CatalogueData readCatalogue(const std::string& path, int number, std::string_view password,
+                            const std::optional<std::string>& name) {
     return translated(path, [&] {
         CSectionDatabase database;
         database.Open(path.c_str(), 0, 1, CSectionDatabase::ConnectText(password));
-        return readCatalogue(database, number);
+        return readCatalogue(database, number, name);
     });
 }
 

@@ -67,11 +67,13 @@ struct CatalogueData {
 /// The number of whichever kind of a person's own files it is.
 inline constexpr int PersonalFile = 0;
 
-/// Reads an open file as the catalogue of a number. Throws Error, and what the data-access classes
-/// throw.
-CatalogueData readCatalogue(CSectionDatabase& database, int number);
+/// Reads an open file as the catalogue of a number: all sections, or those that are called `name`
+/// alone. Throws Error, and what the data-access classes throw.
+CatalogueData readCatalogue(CSectionDatabase& database, int number,
+                            const std::optional<std::string>& name = {});
 
 /// Opens a file and reads it; throws Error.
-CatalogueData readCatalogue(const std::string& path, int number, std::string_view password);
+CatalogueData readCatalogue(const std::string& path, int number, std::string_view password,
+                            const std::optional<std::string>& name = {});
 
 } // namespace sections

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 #include <string>
 
 namespace sections {
@@ -44,19 +45,48 @@ class Reader {
 public:
     Reader(CSectionDatabase& database, CatalogueData& data) : m_database(database), m_data(data) {}
 
-    void read() {
+    void read(Wanted wanted) {
         namespace tables = dbsection::provenance;
         if (!hasTable(tables::Families))
             return;
-        forEachRow(m_database, tables::Families, [&](const Row& row) { readOrigin(row); });
-        forEachRow(m_database, tables::Columns, [&](const Row& row) { readRule(row); });
-        forEachRow(m_database, tables::Exceptions, [&](const Row& row) { readException(row); });
-        forEachRow(m_database, tables::Sections, [&](const Row& row) { readSection(row); });
-        forEachRow(m_database, tables::Aliases, [&](const Row& row) { readAlias(row); });
+        const bool isAll = wanted == Wanted::All;
+        const std::string ofRows = isAll ? "1" : conditionOnRows();
+        const std::string ofFamilies = isAll ? "1" : conditionOnFamilies(ofRows);
+        const auto read = [&](const char* table, const std::string& condition, auto readRow) {
+            forEachRow(
+                m_database, table, [&](const Row& row) { (this->*readRow)(row); }, condition);
+        };
+        read(tables::Families, ofFamilies, &Reader::readOrigin);
+        read(tables::Columns, ofFamilies, &Reader::readRule);
+        read(tables::Exceptions, ofFamilies, &Reader::readException);
+        read(tables::Sections, ofRows, &Reader::readSection);
+        read(tables::Aliases, ofRows, &Reader::readAlias);
     }
 
 private:
     using Row = CSectionRecordset; ///< the current one, of a hidden table
+
+    /// Of hidden rows that tell of the sections that were read.
+    std::string conditionOnRows() const {
+        std::string condition = "0";
+        for (const FamilyData& family : m_data.families)
+            for (const std::int64_t record : family.recordNumbers)
+                condition += " Or ([TableName] = " + inQuotes(family.table) +
+                             " And [Record] = " + std::to_string(record) + ")";
+        return condition;
+    }
+
+    /// Of hidden rows that tell of these sections' families.
+    std::string conditionOnFamilies(const std::string& ofRows) {
+        std::set<std::string> families;
+        forEachRow(
+            m_database, dbsection::provenance::Sections,
+            [&](const Row& row) { families.insert(textAt(row, 2)); }, ofRows);
+        std::string condition = "0";
+        for (const std::string& family : families)
+            condition += " Or [Family] = " + inQuotes(family);
+        return condition;
+    }
 
     bool hasTable(std::string_view name) const {
         for (int index = 0; index < m_database.GetTableDefCount(); ++index) {
@@ -117,12 +147,11 @@ private:
         const auto family = std::ranges::find(m_data.families, table, &FamilyData::table);
         if (family == m_data.families.end())
             return {};
-        auto& places = m_places[table];
-        if (places.empty())
-            for (std::size_t i = 0; i < family->recordNumbers.size(); ++i)
-                places.emplace(family->recordNumbers[i], i);
-        const auto place = places.find(record);
-        return place == places.end() ? Found{} : Found{&*family, place->second};
+        const std::vector<std::int64_t>& records = family->recordNumbers; // in their order
+        const auto place = std::ranges::lower_bound(records, record);
+        if (place == records.end() || *place != record)
+            return {};
+        return {&*family, static_cast<std::size_t>(place - records.begin())};
     }
 
     void readSection(const Row& row) {
@@ -143,13 +172,12 @@ private:
 
     CSectionDatabase& m_database;
     CatalogueData& m_data;
-    std::unordered_map<std::string, std::unordered_map<std::int64_t, std::size_t>> m_places;
 };
 
 } // namespace
 
-void readProvenance(CSectionDatabase& database, CatalogueData& data) {
-    Reader(database, data).read();
+void readProvenance(CSectionDatabase& database, CatalogueData& data, Wanted wanted) {
+    Reader(database, data).read(wanted);
 }
 
 dbsection::Figures parametersIn(std::string_view text) {

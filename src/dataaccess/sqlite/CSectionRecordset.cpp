@@ -147,6 +147,14 @@ COleVariant CSectionRecordset::GetFieldValue(int index) const {
     return WithMemoryErrors([&] { return OpenState(m_state).Value(index); });
 }
 
+std::optional<std::string> CSectionRecordset::GetFieldText(int index) const {
+    return WithMemoryErrors([&] { return OpenState(m_state).ReadText(index); });
+}
+
+std::optional<double> CSectionRecordset::GetFieldNumber(int index) const {
+    return WithMemoryErrors([&] { return OpenState(m_state).ReadNumber(index); });
+}
+
 void CSectionRecordset::GetFieldNumbers(int first, std::span<double> numbers) const {
     WithMemoryErrors([&] { OpenState(m_state).ReadNumbers(first, numbers); });
 }

@@ -1,5 +1,6 @@
 #include "dataaccess/sqlite/RecordsetState.h"
 
+#include "dataaccess/CCrack.h"
 #include "dataaccess/sqlite/FieldTypes.h"
 #include "dataaccess/sqlite/RowCondition.h"
 #include "dataaccess/sqlite/Values.h"
@@ -280,18 +281,42 @@ COleVariant RecordsetState::Value(int column) {
     return ToVariant(m_rows.At(m_position, column), m_rows.Store(), m_shape->columns[index]);
 }
 
+std::optional<std::string> RecordsetState::ReadText(int column) {
+    RequireRows();
+    RequireColumn(column);
+    const Cell* const cells = StoredRow();
+    if (cells != nullptr && cells[column].storage == Cell::Storage::Text)
+        return std::string(m_rows.Store().TextOf(cells[column])); // most need no variant
+    const COleVariant value = Value(column);
+    if (value.vt == VT_NULL) // which CCrack would show as "NULL"
+        return std::nullopt;
+    return std::string(CCrack::strVARIANT(value).View());
+}
+
+std::optional<double> RecordsetState::ReadNumber(int column) {
+    RequireRows();
+    RequireColumn(column);
+    return NumberIn(StoredRow(), column);
+}
+
 void RecordsetState::ReadNumbers(int first, std::span<double> numbers) {
     RequireRows();
-    const bool isStored = m_edit == Edit::None && IsAtRow();
-    const Cell* cells = isStored ? &m_rows.At(m_position, 0) : nullptr;
+    const Cell* const cells = StoredRow();
     for (double& number : numbers) {
-        const int column = first++;
-        RequireColumn(column);
-        const auto index = static_cast<std::size_t>(column);
-        const bool isReal = isStored && cells[index].storage == Cell::Storage::Real &&
-                            m_shape->columns[index].type == SectionField::Double;
-        number = isReal ? cells[index].real : AsNumber(Value(column)); // most need no variant
+        RequireColumn(first);
+        number = NumberIn(cells, first++).value_or(0);
     }
+}
+
+/// `cells`: the stored row, or null.
+std::optional<double> RecordsetState::NumberIn(const Cell* cells, int column) {
+    if (cells != nullptr && cells[column].storage == Cell::Storage::Real &&
+        m_shape->columns[static_cast<std::size_t>(column)].type == SectionField::Double)
+        return cells[column].real; // most need no variant
+    const COleVariant value = Value(column);
+    if (value.vt == VT_NULL)
+        return std::nullopt;
+    return AsNumber(value);
 }
 
 void RecordsetState::FailWithoutColumn(int column) {

@@ -47,6 +47,10 @@ public:
     bool Find(bool relative, int step, std::string_view condition);
 
     COleVariant Value(int column);
+    /// The value of a column as a text; nothing of a null.
+    std::optional<std::string> ReadText(int column);
+    /// The same as a number.
+    std::optional<double> ReadNumber(int column);
     /// The values of consecutive columns as numbers.
     void ReadNumbers(int first, std::span<double> numbers);
 
@@ -104,6 +108,11 @@ private:
         if (column < 0 || static_cast<std::size_t>(column) >= m_shape->columns.size())
             FailWithoutColumn(column);
     }
+    /// The stored values of the current row; null while it is edited, or where there is none.
+    const Cell* StoredRow() {
+        return m_edit == Edit::None && IsAtRow() ? &m_rows.At(m_position, 0) : nullptr;
+    }
+    std::optional<double> NumberIn(const Cell* cells, int column);
     [[noreturn]] static void FailWithoutRow();
     [[noreturn]] static void FailWithoutColumn(int column);
 

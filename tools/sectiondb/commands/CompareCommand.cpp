@@ -114,8 +114,8 @@ class Compare : public Command {
         for (const std::string& typed : m_typed) {
             const TypedSection wanted(typed);
             if (!wanted.catalogue.empty()) {
-                found.push_back(SectionNamed(folder.Open(wanted.catalogue), wanted.name,
-                                             wanted.family, "CATALOGUE:FAMILY:NAME"));
+                found.push_back(SectionNamed(folder, wanted.catalogue, wanted.name, wanted.family,
+                                             "CATALOGUE:FAMILY:NAME"));
                 continue;
             }
             if (!everywhere) {

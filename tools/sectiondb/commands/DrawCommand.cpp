@@ -16,7 +16,7 @@ class Draw : public Command {
     }
 
     void Run() const override {
-        m_drawing.Draw(SectionNamed(m_catalogues.Folder().Open(m_catalogue), m_name, m_family));
+        m_drawing.Draw(SectionNamed(m_catalogues.Folder(), m_catalogue, m_name, m_family));
     }
 
     std::string m_catalogue;

@@ -100,7 +100,7 @@ class FindEquivalent : public Command {
 
     void Run() const override {
         const CatalogueFolder folder = m_catalogues.Folder();
-        const sections::Section wanted = SectionNamed(folder.Open(m_catalogue), m_name, m_family);
+        const sections::Section wanted = SectionNamed(folder, m_catalogue, m_name, m_family);
         const auto measures = Measures::Of(wanted);
         if (!measures)
             throw CommandError(fmt::format("{} of the catalogue {} has no area, moments of inertia "

@@ -2,7 +2,6 @@
 #include "commands/Options.h"
 #include "commands/TypedNames.h"
 #include "files/SectionColumns.h"
-#include "records/CatalogueList.h"
 
 #include <fmt/format.h>
 
@@ -37,7 +36,8 @@ std::vector<std::string> NotesOn(const sections::Section& section) {
     return notes;
 }
 
-Table TableOf(const char* catalogue, const sections::Section& section, const UnitChoice& units) {
+Table TableOf(const sections::Section& section, const UnitChoice& units) {
+    const std::string catalogue = CatalogueOf(section);
     const std::string& family = section.family().name();
     const sections::Origin* const origin = section.origin();
     Table table({{"column"}, {"value"}, {"unit"}, {"meaning"}, {"source"}});
@@ -85,11 +85,10 @@ class Show : public Command {
     void Run() const override {
         const UnitChoice units = m_units.Choice();
         const Symbols symbols = m_symbols.Choice();
-        const sections::Catalogue file = m_catalogues.Folder().Open(m_catalogue);
-        const char* catalogue = FindCatalogue(file.number())->name;
         std::vector<Table> found; // a name may stand in several families
-        for (const sections::Section& section : SectionsNamed(file, m_name)) {
-            found.push_back(TableOf(catalogue, section, units));
+        for (const sections::Section& section :
+             SectionsNamed(m_catalogues.Folder(), m_catalogue, m_name)) {
+            found.push_back(TableOf(section, units));
             if (symbols != Symbols::Program)
                 AddSymbols(found.back(), symbols);
         }

@@ -1,6 +1,5 @@
 #include "commands/TypedNames.h"
 
-#include "files/CatalogueFolder.h"
 #include "output/Messages.h"
 #include "records/CatalogueList.h"
 
@@ -31,10 +30,19 @@ std::vector<sections::Section> SectionsNamed(const sections::Catalogue& catalogu
     return found;
 }
 
-sections::Section SectionNamed(const sections::Catalogue& catalogue, const std::string& typed,
-                               const std::string& family, const char* familyArgument) {
-    const std::vector<sections::Section> named = SectionsNamed(catalogue, typed);
-    const std::string wanted = family.empty() ? "" : FindFamily(catalogue, family).name();
+std::vector<sections::Section> SectionsNamed(const CatalogueFolder& folder,
+                                             const std::string& catalogue,
+                                             const std::string& typed) {
+    std::vector<sections::Section> found = folder.SectionsNamed(catalogue, typed);
+    return found.empty() ? SectionsNamed(folder.Open(catalogue), typed) : found;
+}
+
+sections::Section SectionNamed(const CatalogueFolder& folder, const std::string& catalogue,
+                               const std::string& typed, const std::string& family,
+                               const char* familyArgument) {
+    const std::vector<sections::Section> named = SectionsNamed(folder, catalogue, typed);
+    const sections::Catalogue read = named.front().family().catalogue();
+    const std::string wanted = family.empty() ? "" : FindFamily(read, family).name();
     std::set<std::string> families;
     for (const sections::Section& section : named)
         if (*families.insert(section.family().name()).first == wanted)
@@ -43,8 +51,7 @@ sections::Section SectionNamed(const sections::Catalogue& catalogue, const std::
         return named.front();
     throw CommandError(fmt::format("\"{}\" stands in the families {} of the catalogue {}; name one "
                                    "of them with {}.",
-                                   typed, fmt::join(families, ", "), catalogue.name(),
-                                   familyArgument));
+                                   typed, fmt::join(families, ", "), read.name(), familyArgument));
 }
 
 std::string Suggestion(const std::vector<sections::Hit>& near) {

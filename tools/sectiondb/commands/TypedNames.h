@@ -1,6 +1,7 @@
 // What is told of names that were typed.
 #pragma once
 
+#include "files/CatalogueFolder.h"
 #include "sections/NameIndex.h"
 
 #include <string>
@@ -17,10 +18,16 @@ std::string CatalogueOf(const sections::Section& section);
 std::vector<sections::Section> SectionsNamed(const sections::Catalogue& catalogue,
                                              const std::string& typed);
 
+/// The same of the catalogue that is named, of which no more is read than it needs.
+std::vector<sections::Section> SectionsNamed(const CatalogueFolder& folder,
+                                             const std::string& catalogue,
+                                             const std::string& typed);
+
 /// The one section of that name, of a family where it is named; `familyArgument` is how a person
 /// names the family. Throws CommandError where there is none, or families to choose from.
-sections::Section SectionNamed(const sections::Catalogue& catalogue, const std::string& typed,
-                               const std::string& family, const char* familyArgument = "--family");
+sections::Section SectionNamed(const CatalogueFolder& folder, const std::string& catalogue,
+                               const std::string& typed, const std::string& family,
+                               const char* familyArgument = "--family");
 
 /// The end of a message that a name was not found: the names that are most like it, or how to list
 /// names.

@@ -52,10 +52,10 @@ std::string CatalogueFolder::FileOf(int number) const {
     return NativePath(path.View());
 }
 
-sections::Catalogue CatalogueFolder::Open(int number) const {
-    const std::string path = FileOf(number);
+std::string CatalogueFolder::RequireFile(int number) const {
+    std::string path = FileOf(number);
     if (!path.empty())
-        return sections::Catalogue::read(path, number, m_password);
+        return path;
     const char* stem = FindCatalogue(number)->stem;
     if (SectionDBInterface::IsCustomized(number) != 0)
         throw CommandError(fmt::format(
@@ -69,6 +69,10 @@ sections::Catalogue CatalogueFolder::Open(int number) const {
                     stem, Path(), ListOf(Choices())));
 }
 
+sections::Catalogue CatalogueFolder::Open(int number) const {
+    return sections::Catalogue::read(RequireFile(number), number, m_password);
+}
+
 bool CatalogueFolder::IsUserFile(const std::string& name) const {
     const auto isKind = [&name](int number) {
         return name == std::to_string(number) || EqualNoCase(name, FindCatalogue(number)->name);
@@ -80,6 +84,15 @@ bool CatalogueFolder::IsUserFile(const std::string& name) const {
 
 sections::Catalogue CatalogueFolder::Open(const std::string& name) const {
     return IsUserFile(name) ? OpenUserFile() : Open(sections::Library::numberOf(name));
+}
+
+std::vector<sections::Section> CatalogueFolder::SectionsNamed(const std::string& catalogue,
+                                                              const std::string& typed) const {
+    if (IsUserFile(catalogue))
+        return OpenUserFile().findAll(typed);
+    const int number = sections::Library::numberOf(catalogue);
+    return sections::Catalogue::readNamed(typed, RequireFile(number), number, m_password)
+        .findAll(typed);
 }
 
 sections::Catalogue CatalogueFolder::OpenUserFile() const {

@@ -42,6 +42,11 @@ public:
     /// sections is found as "own", too.
     sections::Catalogue Open(const std::string& name) const;
 
+    /// The sections of a catalogue that have a name as it is typed, or but for the letter case, in
+    /// the order of its families; none where it has none.
+    std::vector<sections::Section> SectionsNamed(const std::string& catalogue,
+                                                 const std::string& typed) const;
+
     /// The file of the person's own sections; empty where there is none.
     const std::string& UserFile() const { return m_userFile; }
 
@@ -50,6 +55,9 @@ public:
 
 private:
     bool IsUserFile(const std::string& name) const;
+
+    /// The path of a catalogue's file; throws CommandError where there is none.
+    std::string RequireFile(int number) const;
 
     std::string m_given; ///< empty: none was
     std::string m_password;
