@@ -44,11 +44,10 @@ void BuildOne(const std::filesystem::path& folder, SourceLibrary& library,
 }
 
 class Build : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("sources", m_sources, "Folders of catalogues, or of all of them")
-            ->required();
-        app.add_option("-o,--output", m_output, "Folder of the catalogue files")->required();
-        DeclarePassword(app, m_password, "Password to protect the files");
+    void Declare(CommandLine& line) override {
+        line.Add("sources", m_sources, "Folders of catalogues, or of all of them").Required();
+        line.Add("-o,--output", m_output, "Folder of the catalogue files").Required();
+        DeclarePassword(line, m_password, "Password to protect the files");
     }
 
     void Run() const override {

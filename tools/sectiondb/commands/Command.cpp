@@ -2,6 +2,7 @@
 
 #include "platform/Version.h"
 
+#include <CLI/App.hpp>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -60,7 +61,8 @@ std::vector<std::unique_ptr<Command>> AddCommands(CLI::App& program) {
         CLI::App& app =
             *parent.add_subcommand(name.substr(blank + 1), entry->help); // npos + 1 is 0
         Command& command = *commands.emplace_back(entry->make());
-        command.Declare(app);
+        CommandLine line(app);
+        command.Declare(line);
         app.callback([&command] { command.Run(); });
     }
     return commands;

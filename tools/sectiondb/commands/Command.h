@@ -2,14 +2,14 @@
 // else names it:
 //
 //     class Find : public Command {
-//         void Declare(CLI::App& app) override; // its arguments and options
+//         void Declare(CommandLine& line) override; // its arguments and options
 //         void Run() const override;            // prints its result to stdout
 //         ...
 //     };
 //     const CommandEntry entry("find", "Find a name in all catalogues", Make<Find>);
 #pragma once
 
-#include <CLI/App.hpp>
+#include "commands/CommandLine.h"
 #include <memory>
 #include <vector>
 
@@ -22,7 +22,7 @@ public:
     Command& operator=(const Command&) = delete;
     virtual ~Command() = default;
 
-    virtual void Declare(CLI::App& app) = 0;
+    virtual void Declare(CommandLine& line) = 0;
 
     /// Throws CommandError, and UsageError where the command line itself is wrong.
     virtual void Run() const = 0;

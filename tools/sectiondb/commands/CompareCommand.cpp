@@ -91,13 +91,13 @@ struct ComparedRow {
 };
 
 class Compare : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("sections", m_typed, "Names of two or more sections")
-            ->option_text("[CATALOGUE:[FAMILY:]]NAME ...")
-            ->required();
-        m_units.Declare(app);
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("sections", m_typed, "Names of two or more sections")
+            .Value("[CATALOGUE:[FAMILY:]]NAME ...")
+            .Required();
+        m_units.Declare(line);
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

@@ -7,12 +7,12 @@ namespace dbsection {
 namespace {
 
 class Draw : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
-        app.add_option("name", m_name, "Section name, e.g. W12X26")->required();
-        app.add_option("--family", m_family, "Shape family, where several have the name");
-        m_drawing.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("catalogue", m_catalogue, "Number, file stem or name").Required();
+        line.Add("name", m_name, "Section name, e.g. W12X26").Required();
+        line.Add("--family", m_family, "Shape family, where several have the name");
+        m_drawing.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

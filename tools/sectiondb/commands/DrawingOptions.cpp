@@ -8,13 +8,13 @@
 
 namespace dbsection {
 
-void DrawingOptions::Declare(CLI::App& app) {
-    auto* svg = app.add_option("--svg", m_svg, "Draw into a file for browsers");
-    svg->option_text("FILE.svg");
-    app.add_option("--dxf", m_dxf, "Draw into a file for CAD programs, in mm")
-        ->option_text("FILE.dxf")
-        ->excludes(svg);
-    m_units.Declare(app);
+void DrawingOptions::Declare(CommandLine& line) {
+    auto svg = line.Add("--svg", m_svg, "Draw into a file for browsers");
+    svg.Value("FILE.svg");
+    line.Add("--dxf", m_dxf, "Draw into a file for CAD programs, in mm")
+        .Value("FILE.dxf")
+        .Excludes(svg);
+    m_units.Declare(line);
 }
 
 void DrawingOptions::Draw(const sections::Section& section) const {

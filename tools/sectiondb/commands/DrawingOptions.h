@@ -1,17 +1,17 @@
 // How a section is drawn.
 #pragma once
 
+#include "commands/CommandLine.h"
 #include "commands/Options.h"
 #include "sections/Catalogue.h"
 
-#include <CLI/App.hpp>
 #include <string>
 
 namespace dbsection {
 
 class DrawingOptions {
 public:
-    void Declare(CLI::App& app);
+    void Declare(CommandLine& line);
 
     /// Draws into the file that was named, or in characters to stdout. Throws UsageError,
     /// CommandError, and sections::Error where the figures do not tell the shape.

@@ -87,15 +87,15 @@ std::vector<Equivalent> NearestTo(const sections::Section& wanted, const Measure
 }
 
 class FindEquivalent : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
-        app.add_option("name", m_name, "Section name, e.g. W12X26")->required();
-        app.add_option("--family", m_family, "Shape family, where several have the name");
-        app.add_option("--in", m_in, "The catalogue to look in (default: all of the folder)")
-            ->option_text("CATALOGUE");
-        m_limit.Declare(app, "How many (default: 10)");
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("catalogue", m_catalogue, "Number, file stem or name").Required();
+        line.Add("name", m_name, "Section name, e.g. W12X26").Required();
+        line.Add("--family", m_family, "Shape family, where several have the name");
+        line.Add("--in", m_in, "The catalogue to look in (default: all of the folder)")
+            .Value("CATALOGUE");
+        m_limit.Declare(line, "How many (default: 10)");
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

@@ -76,22 +76,18 @@ Chosen Choose(const sections::Catalogue& catalogue, const std::vector<std::strin
 }
 
 class Export : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("format", m_format, KnownFormats())->required();
-        app.add_option("catalogue", m_catalogue, "Number, file stem or name, or \"all\"")
-            ->required();
-        app.add_option("names", m_names, "Families or sections (default: all)")
-            ->option_text("FAMILY|NAME ...");
-        app.add_option("-o,--output", m_output, "Name of the file")
-            ->option_text("FILE")
-            ->required();
-        app.add_option_function<std::string>(
-               "--length", [this](const std::string& name) { m_length = LengthNamed(name); },
-               "mm (with N) or in (with kip); without it mm, and in "
-               "spreadsheets the units of the catalogue")
-            ->option_text("UNIT");
-        m_symbols.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("format", m_format, KnownFormats()).Required();
+        line.Add("catalogue", m_catalogue, "Number, file stem or name, or \"all\"").Required();
+        line.Add("names", m_names, "Families or sections (default: all)").Value("FAMILY|NAME ...");
+        line.Add("-o,--output", m_output, "Name of the file").Value("FILE").Required();
+        line.AddTaken(
+                "--length", [this](const std::string& name) { m_length = LengthNamed(name); },
+                "mm (with N) or in (with kip); without it mm, and in "
+                "spreadsheets the units of the catalogue")
+            .Value("UNIT");
+        m_symbols.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

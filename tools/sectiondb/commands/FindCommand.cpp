@@ -9,13 +9,13 @@ namespace dbsection {
 namespace {
 
 class Find : public Command {
-    void Declare(CLI::App& app) override {
-        auto* name = app.add_option("name", m_name, "Section name, e.g. W12X26");
-        app.add_option("--like", m_beginning, "Beginning of the names, in place of a whole one")
-            ->option_text("PREFIX")
-            ->excludes(name);
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        auto name = line.Add("name", m_name, "Section name, e.g. W12X26");
+        line.Add("--like", m_beginning, "Beginning of the names, in place of a whole one")
+            .Value("PREFIX")
+            .Excludes(name);
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

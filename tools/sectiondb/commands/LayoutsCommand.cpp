@@ -14,7 +14,7 @@ std::string NameOf(Quantity quantity) {
 }
 
 class Layouts : public Command {
-    void Declare(CLI::App& app) override { m_form.Declare(app); }
+    void Declare(CommandLine& line) override { m_form.Declare(line); }
 
     void Run() const override {
         Table table({{"layout"}, {"column"}, {"quantity"}, {"meaning"}, {"remark"}});

@@ -42,11 +42,11 @@ Table SectionTable(const sections::Catalogue& catalogue, const sections::Family&
 }
 
 class List : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("catalogue", m_catalogue, "Number, file stem or name");
-        app.add_option("family", m_family, "Shape family, e.g. \"W Shape\"");
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("catalogue", m_catalogue, "Number, file stem or name");
+        line.Add("family", m_family, "Shape family, e.g. \"W Shape\"");
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

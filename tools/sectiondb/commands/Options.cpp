@@ -27,71 +27,71 @@ Symbols SymbolsNamed(const std::string& name) {
 
 } // namespace
 
-void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning) {
-    auto* text = app.add_option("--password", password.text,
-                                std::string(meaning) + " (default: SECTIONDB_PASSWORD)");
-    text->option_text("TEXT");
-    app.add_option("--password-file", password.file,
-                   "The same in the first line of a file; of - it is asked for on a terminal")
-        ->option_text("FILE")
-        ->excludes(text);
+void DeclarePassword(CommandLine& line, PasswordSource& password, const char* meaning) {
+    auto text = line.Add("--password", password.text,
+                         std::string(meaning) + " (default: SECTIONDB_PASSWORD)");
+    text.Value("TEXT");
+    line.Add("--password-file", password.file,
+             "The same in the first line of a file; of - it is asked for on a terminal")
+        .Value("FILE")
+        .Excludes(text);
 }
 
-void CatalogueOptions::Declare(CLI::App& app) {
-    app.add_option("--folder", m_folder,
-                   "Folder of the catalogue files (default: SECTIONDB_FOLDER, or those installed)")
-        ->option_text("FOLDER");
-    app.add_option("--user", m_userFile,
-                   "File of your own sections, the catalogue \"own\" (default: SECTIONDB_USER)")
-        ->option_text("FILE");
-    DeclarePassword(app, m_password, "Password of the catalogue files");
+void CatalogueOptions::Declare(CommandLine& line) {
+    line.Add("--folder", m_folder,
+             "Folder of the catalogue files (default: SECTIONDB_FOLDER, or those installed)")
+        .Value("FOLDER");
+    line.Add("--user", m_userFile,
+             "File of your own sections, the catalogue \"own\" (default: SECTIONDB_USER)")
+        .Value("FILE");
+    DeclarePassword(line, m_password, "Password of the catalogue files");
 }
 
 CatalogueFolder CatalogueOptions::Folder() const {
     return {m_folder, ReadPassword(m_password, PasswordUse::Existing), m_userFile};
 }
 
-void FormOptions::Declare(CLI::App& app) {
-    auto* csv = app.add_flag("--csv", m_csv, "Print comma-separated text");
-    app.add_flag("--json", m_json, "Print JSON")->excludes(csv);
+void FormOptions::Declare(CommandLine& line) {
+    auto csv = line.AddFlag("--csv", m_csv, "Print comma-separated text");
+    line.AddFlag("--json", m_json, "Print JSON").Excludes(csv);
 }
 
 TableForm FormOptions::Form() const {
     return m_csv ? TableForm::Csv : m_json ? TableForm::Json : TableForm::Text;
 }
 
-void LimitOption::Declare(CLI::App& app, const char* meaning) {
-    app.add_option_function<std::string>(
-           "--limit", [this](const std::string& text) { m_value = LimitOf(text); }, meaning)
-        ->option_text("NUMBER");
+void LimitOption::Declare(CommandLine& line, const char* meaning) {
+    line.AddTaken(
+            "--limit", [this](const std::string& text) { m_value = LimitOf(text); }, meaning)
+        .Value("NUMBER");
 }
 
-void SymbolOptions::Declare(CLI::App& app) {
-    app.add_option_function<std::string>(
-           "--symbols", [this](const std::string& name) { m_choice = SymbolsNamed(name); },
-           "How properties are called: program, aisc or eurocode")
-        ->option_text("SYMBOLS");
+void SymbolOptions::Declare(CommandLine& line) {
+    line.AddTaken(
+            "--symbols", [this](const std::string& name) { m_choice = SymbolsNamed(name); },
+            "How properties are called: program, aisc or eurocode")
+        .Value("SYMBOLS");
 }
 
-void UnitOptions::Declare(CLI::App& app) {
-    DeclareLength(app);
-    app.add_option_function<std::string>(
-           "--force",
-           [this](const std::string& name) {
-               m_choice.force = ChooseUnit(UnitId::Kip, UnitId::Meganewton, name, "force");
-           },
-           "kip, lb, kg, t, N, daN, kN or MN")
-        ->option_text("UNIT");
+void UnitOptions::Declare(CommandLine& line) {
+    DeclareLength(line);
+    line.AddTaken(
+            "--force",
+            [this](const std::string& name) {
+                m_choice.force = ChooseUnit(UnitId::Kip, UnitId::Meganewton, name, "force");
+            },
+            "kip, lb, kg, t, N, daN, kN or MN")
+        .Value("UNIT");
 }
 
-void UnitOptions::DeclareLength(CLI::App& app) {
-    app.add_option_function<std::string>(
-           "--length",
-           [this](const std::string& name) {
-               m_choice.length = ChooseUnit(UnitId::Inch, UnitId::Kilometre, name, "length");
-           },
-           "in, ft, yd, mm, cm, dm, m or km")
-        ->option_text("UNIT");
+void UnitOptions::DeclareLength(CommandLine& line) {
+    line.AddTaken(
+            "--length",
+            [this](const std::string& name) {
+                m_choice.length = ChooseUnit(UnitId::Inch, UnitId::Kilometre, name, "length");
+            },
+            "in, ft, yd, mm, cm, dm, m or km")
+        .Value("UNIT");
 }
 
 } // namespace dbsection

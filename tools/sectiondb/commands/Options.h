@@ -1,13 +1,13 @@
 // Options that several commands take.
 #pragma once
 
+#include "commands/CommandLine.h"
 #include "files/CatalogueFolder.h"
 #include "files/Password.h"
 #include "output/Table.h"
 #include "output/UnitLabels.h"
 #include "records/Symbols.h"
 
-#include <CLI/App.hpp>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -15,12 +15,12 @@
 namespace dbsection {
 
 /// `meaning`: of the password, in the help.
-void DeclarePassword(CLI::App& app, PasswordSource& password, const char* meaning);
+void DeclarePassword(CommandLine& line, PasswordSource& password, const char* meaning);
 
 /// Where the catalogue files and the person's own are, and their password.
 class CatalogueOptions {
 public:
-    void Declare(CLI::App& app);
+    void Declare(CommandLine& line);
 
     CatalogueFolder Folder() const;
 
@@ -32,7 +32,7 @@ private:
 
 class FormOptions {
 public:
-    void Declare(CLI::App& app);
+    void Declare(CommandLine& line);
     TableForm Form() const;
 
 private:
@@ -44,7 +44,7 @@ private:
 /// options are read.
 class LimitOption {
 public:
-    void Declare(CLI::App& app, const char* meaning);
+    void Declare(CommandLine& line, const char* meaning);
 
     std::size_t ValueOr(std::size_t otherwise) const { return m_value.value_or(otherwise); }
 
@@ -55,7 +55,7 @@ private:
 /// The symbols of properties. A name of none throws UsageError while options are read.
 class SymbolOptions {
 public:
-    void Declare(CLI::App& app);
+    void Declare(CommandLine& line);
 
     Symbols Choice() const { return m_choice; }
 
@@ -66,8 +66,8 @@ private:
 /// The units of printed figures. A name that is no unit throws UsageError while options are read.
 class UnitOptions {
 public:
-    void Declare(CLI::App& app);
-    void DeclareLength(CLI::App& app); ///< forces keep their units
+    void Declare(CommandLine& line);
+    void DeclareLength(CommandLine& line); ///< forces keep their units
 
     UnitChoice Choice() const { return m_choice; }
 

@@ -16,14 +16,11 @@ namespace dbsection {
 namespace {
 
 class Page : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("catalogues", m_names,
-                       "Numbers, file stems or names (default: all of the folder)")
-            ->option_text("CATALOGUE ...");
-        app.add_option("-o,--output", m_output, "Name of the page")
-            ->option_text("FILE.html")
-            ->required();
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("catalogues", m_names, "Numbers, file stems or names (default: all of the folder)")
+            .Value("CATALOGUE ...");
+        line.Add("-o,--output", m_output, "Name of the page").Value("FILE.html").Required();
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

@@ -212,21 +212,20 @@ std::vector<SectionColumn> PrintedColumns(const SectionTable& table, const std::
 }
 
 class Select : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
-        app.add_option("family", m_family, "Shape family, e.g. \"W Shape\"")->required();
-        app.add_option("--like", m_wanted.prefix, "Beginning of the names")->option_text("PREFIX");
-        app.add_option("--range", m_wanted.ranges,
-                       "Bounds of a field, both included; may stand several times")
-            ->option_text("FIELD:LOW:HIGH")
-            ->allow_extra_args(false);
-        app.add_option("--sort", m_wanted.sort, "Order of the rows")
-            ->option_text("FIELD[:desc],...");
-        m_limit.Declare(app, "The first ones alone");
-        app.add_option("--columns", m_wanted.columns, "What is printed")->option_text("FIELD,...");
-        m_units.DeclareLength(app);
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("catalogue", m_catalogue, "Number, file stem or name").Required();
+        line.Add("family", m_family, "Shape family, e.g. \"W Shape\"").Required();
+        line.Add("--like", m_wanted.prefix, "Beginning of the names").Value("PREFIX");
+        line.Add("--range", m_wanted.ranges,
+                 "Bounds of a field, both included; may stand several times")
+            .Value("FIELD:LOW:HIGH")
+            .OneEach();
+        line.Add("--sort", m_wanted.sort, "Order of the rows").Value("FIELD[:desc],...");
+        m_limit.Declare(line, "The first ones alone");
+        line.Add("--columns", m_wanted.columns, "What is printed").Value("FIELD,...");
+        m_units.DeclareLength(line);
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

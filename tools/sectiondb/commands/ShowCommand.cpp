@@ -73,13 +73,13 @@ void AddSymbols(Table& table, Symbols symbols) {
 }
 
 class Show : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("catalogue", m_catalogue, "Number, file stem or name")->required();
-        app.add_option("name", m_name, "Section name, e.g. W12X26")->required();
-        m_units.Declare(app);
-        m_symbols.Declare(app);
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("catalogue", m_catalogue, "Number, file stem or name").Required();
+        line.Add("name", m_name, "Section name, e.g. W12X26").Required();
+        m_units.Declare(line);
+        m_symbols.Declare(line);
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

@@ -18,9 +18,9 @@ namespace {
 /// A command on the folder of all sources.
 class SourcesCommand : public Command {
 protected:
-    void Declare(CLI::App& app) override {
-        app.add_option("sources", m_sources, "Folder of the catalogues and their families")
-            ->default_val("data");
+    void Declare(CommandLine& line) override {
+        line.Add("sources", m_sources, "Folder of the catalogues and their families")
+            .Default("data");
     }
 
     const std::filesystem::path& Sources() const { return m_sources; }
@@ -57,9 +57,9 @@ std::set<const SourceFamily*> FamiliesOf(const std::filesystem::path& catalogue,
 
 /// Counts the misprints that the checks of each catalogue would let pass.
 class Check : public SourcesCommand {
-    void Declare(CLI::App& app) override {
-        SourcesCommand::Declare(app);
-        m_form.Declare(app);
+    void Declare(CommandLine& line) override {
+        SourcesCommand::Declare(line);
+        m_form.Declare(line);
     }
 
     void Run() const override {
@@ -108,9 +108,9 @@ protected:
     virtual std::string PageEnd() const { return {}; }
 
 private:
-    void Declare(CLI::App& app) override {
-        SourcesCommand::Declare(app);
-        app.add_flag("--plot", m_isPlot, "The picture of the page, as SVG");
+    void Declare(CommandLine& line) override {
+        SourcesCommand::Declare(line);
+        line.AddFlag("--plot", m_isPlot, "The picture of the page, as SVG");
     }
 
     void Run() const override {

@@ -235,15 +235,15 @@ private:
 };
 
 class Takeoff : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("list", m_list,
-                       "Comma-separated text with the columns name and length (\"6.5 m\"), and, "
-                       "where they are wanted, catalogue, family and quantity")
-            ->option_text("FILE.csv")
-            ->required();
-        m_units.Declare(app);
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("list", m_list,
+                 "Comma-separated text with the columns name and length (\"6.5 m\"), and, "
+                 "where they are wanted, catalogue, family and quantity")
+            .Value("FILE.csv")
+            .Required();
+        m_units.Declare(line);
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

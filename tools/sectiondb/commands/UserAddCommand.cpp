@@ -6,9 +6,9 @@ namespace dbsection {
 namespace {
 
 class UserAdd : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        m_section.Declare(app);
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        m_section.Declare(line);
     }
 
     void Run() const override {

@@ -33,10 +33,10 @@ const char* Protection(const std::string& password, const PasswordSource& source
 }
 
 class UserCreate : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        app.add_flag("--generic", m_isGeneric, "Of generic shapes instead of user tables");
-        app.add_option("--units", m_units, "metric or US")->default_val("metric");
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        line.AddFlag("--generic", m_isGeneric, "Of generic shapes instead of user tables");
+        line.Add("--units", m_units, "metric or US").Default("metric");
     }
 
     void Run() const override {

@@ -10,10 +10,10 @@ namespace dbsection {
 namespace {
 
 class UserDelete : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        app.add_option("family", m_family, "Shape family, e.g. \"Wide Flange\"")->required();
-        app.add_option("names", m_names, "Section names")->required();
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        line.Add("family", m_family, "Shape family, e.g. \"Wide Flange\"").Required();
+        line.Add("names", m_names, "Section names").Required();
     }
 
     void Run() const override {

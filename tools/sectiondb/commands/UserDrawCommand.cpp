@@ -7,11 +7,11 @@ namespace dbsection {
 namespace {
 
 class UserDraw : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        app.add_option("family", m_family, "Shape family, e.g. \"Wide Flange\"")->required();
-        app.add_option("name", m_name, "Section name")->required();
-        m_drawing.Declare(app);
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        line.Add("family", m_family, "Shape family, e.g. \"Wide Flange\"").Required();
+        line.Add("name", m_name, "Section name").Required();
+        m_drawing.Declare(line);
     }
 
     void Run() const override {

@@ -24,11 +24,11 @@ Table TableOf(const sections::Family& family) {
 }
 
 class UserExport : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        app.add_option("family", m_family, "Shape family, e.g. \"Wide Flange\"")->required();
-        app.add_option("-o,--output", m_output, "Name of the file (default: standard output)")
-            ->option_text("FILE.csv");
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        line.Add("family", m_family, "Shape family, e.g. \"Wide Flange\"").Required();
+        line.Add("-o,--output", m_output, "Name of the file (default: standard output)")
+            .Value("FILE.csv");
     }
 
     void Run() const override {

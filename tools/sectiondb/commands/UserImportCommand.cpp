@@ -88,14 +88,14 @@ private:
 };
 
 class UserImport : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        app.add_option("family", m_family, "Shape family, e.g. \"Wide Flange\"")->required();
-        app.add_option("list", m_list,
-                       "Comma-separated text: a line of columns, one of units, the sections")
-            ->option_text("FILE.csv")
-            ->required();
-        m_bound.Declare(app);
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        line.Add("family", m_family, "Shape family, e.g. \"Wide Flange\"").Required();
+        line.Add("list", m_list,
+                 "Comma-separated text: a line of columns, one of units, the sections")
+            .Value("FILE.csv")
+            .Required();
+        m_bound.Declare(line);
     }
 
     void Run() const override {

@@ -8,10 +8,10 @@ namespace dbsection {
 namespace {
 
 class UserList : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        app.add_option("family", m_family, "Shape family, e.g. \"Wide Flange\"");
-        m_form.Declare(app);
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        line.Add("family", m_family, "Shape family, e.g. \"Wide Flange\"");
+        m_form.Declare(line);
     }
 
     void Run() const override {

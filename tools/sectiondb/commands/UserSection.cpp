@@ -98,19 +98,19 @@ std::pair<std::string, sections::Quantity> ParseValue(const sections::Family& fa
 
 } // namespace
 
-void UserFileOptions::Declare(CLI::App& app) {
-    app.add_option("file", path, "Section file")->required();
-    DeclarePassword(app, password, "Password of the file");
+void UserFileOptions::Declare(CommandLine& line) {
+    line.Add("file", path, "Section file").Required();
+    DeclarePassword(line, password, "Password of the file");
 }
 
 sections::UserFile UserFileOptions::File() const {
     return sections::UserFile(path.string(), ReadPassword(password, PasswordUse::Existing));
 }
 
-void PublishedBound::Declare(CLI::App& app) {
-    app.add_option("--as-published", m_percent,
-                   "Keep figures that are up to so much from what the dimensions give")
-        ->option_text("PERCENT");
+void PublishedBound::Declare(CommandLine& line) {
+    line.Add("--as-published", m_percent,
+             "Keep figures that are up to so much from what the dimensions give")
+        .Value("PERCENT");
 }
 
 double PublishedBound::Share() const {
@@ -120,14 +120,14 @@ double PublishedBound::Share() const {
     return m_percent / 100;
 }
 
-void UserSectionOptions::Declare(CLI::App& app) {
-    app.add_option("family", family, "Shape family, e.g. \"Wide Flange\"")->required();
-    app.add_option("name", name, "Section name")->required();
-    app.add_option("values", values,
-                   "COLUMN=VALUE, in the table's units; or, to have the rest computed, a parameter "
-                   "of the geometry such as radius=15");
-    app.add_option("--vessa-name", vessaName, "The analysis program's name");
-    bound.Declare(app);
+void UserSectionOptions::Declare(CommandLine& line) {
+    line.Add("family", family, "Shape family, e.g. \"Wide Flange\"").Required();
+    line.Add("name", name, "Section name").Required();
+    line.Add("values", values,
+             "COLUMN=VALUE, in the table's units; or, to have the rest computed, a parameter "
+             "of the geometry such as radius=15");
+    line.Add("--vessa-name", vessaName, "The analysis program's name");
+    bound.Declare(line);
 }
 
 sections::Draft UserSectionOptions::Draft(const sections::Family& ofFamily,

@@ -1,12 +1,12 @@
 // What the commands on files of the user share.
 #pragma once
 
+#include "commands/CommandLine.h"
 #include "files/Password.h"
 #include "output/Messages.h"
 #include "output/Table.h"
 #include "sections/UserFile.h"
 
-#include <CLI/App.hpp>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -19,14 +19,14 @@ struct UserFileOptions {
     std::filesystem::path path;
     PasswordSource password;
 
-    void Declare(CLI::App& app);
+    void Declare(CommandLine& line);
     sections::UserFile File() const;
 };
 
 /// The bound of --as-published.
 class PublishedBound {
 public:
-    void Declare(CLI::App& app);
+    void Declare(CommandLine& line);
 
     /// As a share; throws UsageError.
     double Share() const;
@@ -43,7 +43,7 @@ struct UserSectionOptions {
     std::string vessaName;           ///< empty: made from the name, or kept
     PublishedBound bound;
 
-    void Declare(CLI::App& app);
+    void Declare(CommandLine& line);
 
     /// The section under `newName`. Throws CommandError where a value cannot be read or its column
     /// is none, and UsageError.

@@ -14,10 +14,10 @@ sections::Draft WithKept(const sections::Section& section, sections::Draft draft
 }
 
 class UserUpdate : public Command {
-    void Declare(CLI::App& app) override {
-        m_file.Declare(app);
-        m_section.Declare(app);
-        app.add_option("--rename", m_newName, "New name");
+    void Declare(CommandLine& line) override {
+        m_file.Declare(line);
+        m_section.Declare(line);
+        line.Add("--rename", m_newName, "New name");
     }
 
     void Run() const override {

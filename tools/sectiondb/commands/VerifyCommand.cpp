@@ -79,11 +79,11 @@ private:
 };
 
 class Verify : public Command {
-    void Declare(CLI::App& app) override {
-        app.add_option("catalogue", m_what,
-                       "Number, file stem or name, or a file (default: all catalogues)");
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        line.Add("catalogue", m_what,
+                 "Number, file stem or name, or a file (default: all catalogues)");
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {

@@ -18,9 +18,9 @@ Table::Row FileRow(const CatalogueFolder& folder, const SectionCatalogue& catalo
 }
 
 class Where : public Command {
-    void Declare(CLI::App& app) override {
-        m_form.Declare(app);
-        m_catalogues.Declare(app);
+    void Declare(CommandLine& line) override {
+        m_form.Declare(line);
+        m_catalogues.Declare(line);
     }
 
     void Run() const override {
