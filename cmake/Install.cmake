@@ -18,7 +18,7 @@ install(FILES
 file(RELATIVE_PATH prefix_from_pkgconfig
   ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 if(library_type STREQUAL STATIC_LIBRARY)
-  set(static_libraries " -lstdc++")
+  set(static_libraries " -lstdc++ -lm")
   set(static_requirements "Requires: libcrypto")
   if(NOT DBSECTION_ENGINE_WITHIN)
     string(APPEND static_requirements " sqlcipher")
