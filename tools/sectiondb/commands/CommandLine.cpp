@@ -3,7 +3,6 @@
 #include <CLI/App.hpp>
 #include <filesystem>
 #include <optional>
-#include <utility>
 #include <vector>
 
 namespace dbsection {
@@ -38,24 +37,25 @@ CommandLine::Item CommandLine::Add(const char* name, Type& value, const std::str
     return Item(m_app->add_option(name, value, help));
 }
 
-using std::filesystem::path;
 template CommandLine::Item CommandLine::Add(const char*, std::string&, const std::string&);
 template CommandLine::Item CommandLine::Add(const char*, std::optional<std::string>&,
                                             const std::string&);
-template CommandLine::Item CommandLine::Add(const char*, path&, const std::string&);
+template CommandLine::Item CommandLine::Add(const char*, std::filesystem::path&,
+                                            const std::string&);
 template CommandLine::Item CommandLine::Add(const char*, double&, const std::string&);
 template CommandLine::Item CommandLine::Add(const char*, std::vector<std::string>&,
                                             const std::string&);
-template CommandLine::Item CommandLine::Add(const char*, std::vector<path>&, const std::string&);
+template CommandLine::Item CommandLine::Add(const char*, std::vector<std::filesystem::path>&,
+                                            const std::string&);
 
 CommandLine::Item CommandLine::AddFlag(const char* name, bool& value, const std::string& help) {
     return Item(m_app->add_flag(name, value, help));
 }
 
 CommandLine::Item CommandLine::AddTaken(const char* name,
-                                        std::function<void(const std::string& text)> take,
+                                        const std::function<void(const std::string& text)>& take,
                                         const std::string& help) {
-    return Item(m_app->add_option_function<std::string>(name, std::move(take), help));
+    return Item(m_app->add_option_function<std::string>(name, take, help));
 }
 
 } // namespace dbsection

@@ -42,7 +42,7 @@ public:
     Item AddFlag(const char* name, bool& value, const std::string& help);
 
     /// Calls `take` with what is given.
-    Item AddTaken(const char* name, std::function<void(const std::string& text)> take,
+    Item AddTaken(const char* name, const std::function<void(const std::string& text)>& take,
                   const std::string& help);
 
 private:

@@ -15,7 +15,7 @@ struct Figure {
 
     double Value() const { return stored * factor; }
 
-    // NOLINTNEXTLINE(modernize-use-nullptr): taken for a null pointer by mistake
+    // NOLINTNEXTLINE(modernize-use-nullptr,readability-implicit-bool-conversion): by mistake
     auto operator<=>(const Figure&) const = default;
 };
 
