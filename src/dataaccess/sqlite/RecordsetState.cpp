@@ -296,27 +296,23 @@ std::optional<std::string> RecordsetState::ReadText(int column) {
 std::optional<double> RecordsetState::ReadNumber(int column) {
     RequireRows();
     RequireColumn(column);
-    return NumberIn(StoredRow(), column);
+    if (const double* real = RealIn(StoredRow(), column); real != nullptr)
+        return *real;
+    const COleVariant value = Value(column);
+    if (value.vt == VT_NULL)
+        return std::nullopt;
+    return AsNumber(value);
 }
 
 void RecordsetState::ReadNumbers(int first, std::span<double> numbers) {
     RequireRows();
     const Cell* const cells = StoredRow();
     for (double& number : numbers) {
-        RequireColumn(first);
-        number = NumberIn(cells, first++).value_or(0);
+        const int column = first++;
+        RequireColumn(column);
+        const double* const real = RealIn(cells, column); // most are
+        number = real != nullptr ? *real : AsNumber(Value(column));
     }
-}
-
-/// `cells`: the stored row, or null.
-std::optional<double> RecordsetState::NumberIn(const Cell* cells, int column) {
-    if (cells != nullptr && cells[column].storage == Cell::Storage::Real &&
-        m_shape->columns[static_cast<std::size_t>(column)].type == SectionField::Double)
-        return cells[column].real; // most need no variant
-    const COleVariant value = Value(column);
-    if (value.vt == VT_NULL)
-        return std::nullopt;
-    return AsNumber(value);
 }
 
 void RecordsetState::FailWithoutColumn(int column) {

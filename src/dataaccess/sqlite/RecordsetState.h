@@ -112,7 +112,13 @@ private:
     const Cell* StoredRow() {
         return m_edit == Edit::None && IsAtRow() ? &m_rows.At(m_position, 0) : nullptr;
     }
-    std::optional<double> NumberIn(const Cell* cells, int column);
+    /// A number of the stored row that needs no variant; null where it does, or there is no row.
+    const double* RealIn(const Cell* cells, int column) const {
+        const auto index = static_cast<std::size_t>(column);
+        const bool isReal = cells != nullptr && cells[index].storage == Cell::Storage::Real &&
+                            m_shape->columns[index].type == SectionField::Double;
+        return isReal ? &cells[index].real : nullptr;
+    }
     [[noreturn]] static void FailWithoutRow();
     [[noreturn]] static void FailWithoutColumn(int column);
 
