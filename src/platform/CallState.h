@@ -19,9 +19,7 @@ struct CallState {
     std::uint64_t looks = 0; ///< number of the looks at files that hold (FileLook.h), only growing
 };
 
-/// So small that the room which the loader holds free for such variables does, even where the
-/// library is loaded late; finding it costs no call then.
-[[gnu::tls_model("initial-exec")]] inline constinit thread_local CallState callState;
+inline constinit thread_local CallState callState;
 
 /// Ends what the thread has learnt of files: they may be others from here on.
 inline void ForgetLooks() { ++callState.looks; }

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <unistd.h>
 #include <utility>
@@ -15,8 +16,8 @@ namespace dbsection {
 namespace {
 
 struct KeptLook {
-    std::uint64_t number = 0; ///< 0 is none
-    std::string path{};
+    std::string path{}; ///< as it was given
+    std::string native{};
     FileLook look{};
     bool wasUsed = false; ///< since room was last looked for
 };
@@ -34,15 +35,24 @@ struct KeptLooks {
 
     /// On the heap: a library that is loaded late has little room for a thread's own.
     std::vector<KeptLook> all = std::vector<KeptLook>(Capacity);
+    std::size_t count = 0;    ///< those that hold, which are the first ones
+    std::uint64_t number = 0; ///< of those
     std::size_t next = 0;
 
-    /// The room of a look that was not used of late.
+    /// Lets go what no longer holds.
+    void Renew(std::uint64_t newNumber) {
+        if (number != newNumber)
+            count = 0;
+        number = newNumber;
+    }
+
+    /// The room behind those that hold, or else of one that was not used of late, which is moved
+    /// there.
     KeptLook& Room() {
-        for (;;) {
-            KeptLook& place = all[next++ % Capacity];
-            if (!std::exchange(place.wasUsed, false))
-                return place;
-        }
+        while (count == Capacity)
+            if (KeptLook& place = all[next++ % Capacity]; !std::exchange(place.wasUsed, false))
+                std::swap(place, all[--count]);
+        return all[count];
     }
 };
 
@@ -63,19 +73,20 @@ const FileLook& LookAt(std::string_view path) {
         return LookAtTheEnd(path);
     static thread_local KeptLooks kept;
     const bool isInCall = callState.depth > 0;
-    if (isInCall)
-        for (KeptLook& known : kept.all)
-            if (known.number == callState.looks && IsSamePath(known.path, path)) {
-                known.wasUsed = true;
-                return known.look;
-            }
+    kept.Renew(callState.looks);
+    for (KeptLook& known : std::span(kept.all).first(isInCall ? kept.count : 0))
+        if (known.path == path || IsSamePath(known.native, path)) {
+            known.wasUsed = true;
+            return known.look;
+        }
     KeptLook& place = kept.Room();
-    place.number = 0; // while it is not whole
-    place.path = path;
-    MakeNative(place.path);
-    Look(place.path, place.look);
-    if (isInCall)
-        place.number = callState.looks;
+    if (place.path != path) { // mostly it is that of the call before
+        std::string native = NativePath(path);
+        place.path = path;
+        place.native = std::move(native);
+    }
+    Look(place.native, place.look);
+    kept.count += isInCall ? 1 : 0;
     return place.look;
 }
 

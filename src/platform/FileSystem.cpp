@@ -4,6 +4,7 @@
 #include "platform/FileDescriptor.h"
 #include "platform/FileLook.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
@@ -16,16 +17,9 @@ constexpr mode_t AllPermissions = 07777;
 constexpr mode_t AllWrite = S_IWUSR | S_IWGRP | S_IWOTH;
 constexpr int MaxLinks = 40;
 
-/// Looks at the file; false, and errno says why, where it cannot be reached.
-bool ReadStatus(const char* path, struct stat& status) {
-    if (path == nullptr) {
-        errno = ENOENT;
-        return false;
-    }
-    const dbsection::FileLook& look = dbsection::LookAt(path);
-    status = look.status;
-    errno = look.error;
-    return look.error == 0;
+/// A path that is null leads nowhere.
+const dbsection::FileLook& LookAt(const char* path) {
+    return dbsection::LookAt(path == nullptr ? "" : path);
 }
 
 } // namespace
@@ -33,8 +27,8 @@ bool ReadStatus(const char* path, struct stat& status) {
 #ifndef __AFX_H__
 
 unsigned GetFileAttributesA(const char* path) {
-    struct stat status {};
-    if (!ReadStatus(path, status))
+    const auto& [error, status] = LookAt(path);
+    if (error != 0)
         return INVALID_FILE_ATTRIBUTES;
     const unsigned attributes = (S_ISDIR(status.st_mode) ? FILE_ATTRIBUTE_DIRECTORY : 0) |
                                 ((status.st_mode & S_IWUSR) != 0 ? 0 : FILE_ATTRIBUTE_READONLY);
@@ -42,8 +36,8 @@ unsigned GetFileAttributesA(const char* path) {
 }
 
 int SetFileAttributesA(const char* path, unsigned attributes) {
-    struct stat status {};
-    if (attributes == INVALID_FILE_ATTRIBUTES || !ReadStatus(path, status))
+    const auto& [error, status] = LookAt(path);
+    if (attributes == INVALID_FILE_ATTRIBUTES || error != 0)
         return 0;
     const mode_t mode = status.st_mode & AllPermissions;
     const mode_t wanted =
@@ -59,23 +53,17 @@ int SetFileAttributesA(const char* path, unsigned attributes) {
 namespace dbsection {
 
 std::string NativePath(std::string_view path) {
+    constexpr char Preferred = std::filesystem::path::preferred_separator;
     std::string native(path);
-    MakeNative(native);
+    std::ranges::replace(native, '\\', Preferred);
     return native;
 }
 
-void MakeNative(std::string& path) {
-    constexpr char Preferred = std::filesystem::path::preferred_separator;
-    for (std::size_t at = path.find('\\'); at != std::string::npos; at = path.find('\\', at + 1))
-        path[at] = Preferred;
-}
-
 int LookForFile(const char* path) {
-    struct stat status {};
-    if (ReadStatus(path, status))
-        return S_ISDIR(status.st_mode) ? ENOENT : 0;
-    const bool cannotExist = errno == ENOTDIR || errno == ENAMETOOLONG;
-    return cannotExist ? ENOENT : errno;
+    const auto& [error, status] = ::LookAt(path);
+    const bool isNone =
+        error == 0 ? S_ISDIR(status.st_mode) : error == ENOTDIR || error == ENAMETOOLONG;
+    return isNone ? ENOENT : error;
 }
 
 bool IsRegularFile(const char* path) { return LookForFile(path) == 0; }
@@ -198,12 +186,14 @@ int Refusal(const Target& target) {
 /// Finds what `path` leads to. Returns 0 or why it cannot be replaced.
 int FindTarget(const char* path, Target& target) {
     ForgetLooks();
-    target.exists = ReadStatus(path, target.status);
-    if (!target.exists && (errno != ENOENT || path == nullptr))
-        return errno;
-    target.path = NativePath(path);
-    if (const int error = FollowLinks(target.path); error != 0)
+    const auto& [error, status] = ::LookAt(path);
+    if (error != 0 && (error != ENOENT || path == nullptr))
         return error;
+    target.exists = error == 0;
+    target.status = status;
+    target.path = NativePath(path);
+    if (const int fault = FollowLinks(target.path); fault != 0)
+        return fault;
     return target.exists ? Refusal(target) : 0;
 }
 

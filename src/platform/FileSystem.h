@@ -36,16 +36,13 @@ namespace dbsection {
 /// The path as system calls take it: `\` becomes `/` on systems that use `/`.
 DBSECTION_API std::string NativePath(std::string_view path);
 
-/// Makes a path native where it stands.
-void MakeNative(std::string& path);
-
 /// Whether two texts name a path alike.
 inline bool IsSamePath(std::string_view left, std::string_view right) {
     const auto isSeparator = [](char c) { return c == '\\' || c == '/'; };
     const auto isSame = [&](char one, char other) {
         return one == other || (isSeparator(one) && isSeparator(other));
     };
-    return std::ranges::equal(left, right, isSame);
+    return left == right || std::ranges::equal(left, right, isSame);
 }
 
 /// Looks for a file, anything but a folder: 0 where there is one, ENOENT where there is none, and

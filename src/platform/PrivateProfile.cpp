@@ -37,9 +37,9 @@ constexpr std::uint64_t NoFile = 1;
 thread_local std::uint64_t lastRevision = NoFile;
 
 struct KeptFile {
-    KeptFile(std::string nativePath, const FileVersion& fileVersion, bool isTrusted,
+    KeptFile(std::string_view givenPath, const FileVersion& fileVersion, bool isTrusted,
              std::string text)
-        : path(std::move(nativePath)),
+        : path(givenPath),
           version(fileVersion),
           trusted(isTrusted),
           index(std::move(text)) {}
@@ -90,17 +90,15 @@ const KeptFile* Load(const char* file) {
         return nullptr;
 
     const auto now = std::chrono::system_clock::now();
-    std::string path = dbsection::NativePath(given);
     std::string text;
     struct stat status {};
-    lastError = ReadText(path, text, status);
+    lastError = ReadText(dbsection::NativePath(given), text, status);
     if (lastError != 0)
         return nullptr;
     if (keptFiles.size() == MaxKeptFiles)
         keptFiles.clear();
     const FileVersion version(status);
-    return &keptFiles.emplace_back(std::move(path), version, version.IsSettled(now),
-                                   std::move(text));
+    return &keptFiles.emplace_back(given, version, version.IsSettled(now), std::move(text));
 }
 
 std::optional<std::string_view> Find(const char* section, const char* key, const char* file) {

@@ -39,7 +39,7 @@ inline std::string Joined(std::initializer_list<std::string_view> parts) {
 }
 
 inline bool EqualNoCase(std::string_view left, std::string_view right) {
-    return std::ranges::equal(left, right, {}, ToUpper, ToUpper);
+    return left == right || std::ranges::equal(left, right, {}, ToUpper, ToUpper);
 }
 
 /// A hash that texts have in common which are alike but for the letter case.
