@@ -6,6 +6,7 @@
 #include "interface/CatalogueTransaction.h"
 #include "interface/PublicCall.h"
 #include "interface/RequireOpen.h"
+#include "interface/SettingsFile.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
 #include "platform/PrivateProfile.h"
@@ -42,8 +43,10 @@ void SectionDBInterface::InitSectionDBInterface() {
     PublicCall("InitSectionDBInterface()", [&] {
         if (m_bInit == 0)
             InitialiseAllMaps();
-        InitialiseCountryEnumMap(); // where memory was too short for a map at first
-        InitialiseSectionTypeEnumMap();
+        if (m_mapCountryEnums.IsEmpty()) // memory was too short for a map at first
+            InitialiseCountryEnumMap();
+        if (m_mapSectionTypeEnums.IsEmpty())
+            InitialiseSectionTypeEnumMap();
     });
 }
 
@@ -73,7 +76,7 @@ void SectionDBInterface::CloseGblSectionDBObject(int flag) {
 
 int SectionDBInterface::OpenSectionDatabase(int index, CSectionDatabase** ppDb) {
     return PublicCall("OpenSectionDatabase()", [&] {
-        const CString path = GetDatabaseFileName(index);
+        const CString& path = dbsection::DatabaseFile(index);
         if (path.IsEmpty())
             return 0;
         const int held = ppDb == &gblSectionDatabase ? dbsection::CatalogueInTransaction() : 0;
@@ -81,8 +84,9 @@ int SectionDBInterface::OpenSectionDatabase(int index, CSectionDatabase** ppDb) 
             return RefuseToLeaveTransaction();
         int result = 1;
         if (held == 0 && (index != m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen())) {
+            const CString file = path; // a host that is told of a failure may change the settings
             CloseSectionDatabase(ppDb);
-            result = openDatabase(ppDb, path, 1, 0, 0, m_szPassword, nullptr);
+            result = openDatabase(ppDb, file, 1, 0, 0, m_szPassword, nullptr);
         }
         m_nCountry = index;
         InitSectionDBInterface();

@@ -6,6 +6,7 @@
 #include "dataaccess/NameSearch.h"
 #include "interface/CatalogueTransaction.h"
 #include "interface/PublicCall.h"
+#include "interface/SettingsFile.h"
 
 #include <optional>
 #include <utility>
@@ -60,7 +61,7 @@ std::optional<std::pair<int, int>> Known(int index, const NameQuestion& question
     if (index == LastCatalogueIndex || catalogue == nullptr ||
         dbsection::CatalogueInTransaction() != 0)
         return std::nullopt;
-    const auto found = dbsection::KeptNames::Find(SectionDBInterface::GetDatabaseFileName(index),
+    const auto found = dbsection::KeptNames::Find(dbsection::DatabaseFile(index),
                                                   SectionLibraryState::m_szPassword, question);
     if (!found)
         return std::nullopt;

@@ -6,6 +6,9 @@
 #pragma once
 
 #include "dataaccess/Guard.h"
+#include "platform/CallState.h"
+
+#include <atomic>
 
 namespace dbsection {
 
@@ -13,15 +16,32 @@ namespace dbsection {
 /// refused meanwhile. The thread itself may enter again, as from a message box.
 class Admission {
 public:
-    Admission();
+    Admission() : m_isFirst(EnterFirst()), m_isGranted(m_isFirst || Inside() == &callState) {}
     Admission(const Admission&) = delete;
     Admission& operator=(const Admission&) = delete;
-    ~Admission();
+    ~Admission() {
+        if (m_isFirst)
+            inside.store(nullptr, std::memory_order_release);
+    }
 
     /// False while another thread is inside.
     explicit operator bool() const { return m_isGranted; }
 
 private:
+    /// A thread is told by what only it has at that address.
+    static std::atomic<const CallState*> inside;
+
+    static const CallState* Inside() { return inside.load(std::memory_order_relaxed); }
+
+    /// Whether nobody was inside, and this thread is now. The look beforehand costs less than
+    /// trying.
+    static bool EnterFirst() {
+        const CallState* nobody = nullptr;
+        return Inside() == nobody &&
+               inside.compare_exchange_strong(nobody, &callState, std::memory_order_acquire,
+                                              std::memory_order_relaxed);
+    }
+
     bool m_isFirst;
     bool m_isGranted;
 };

@@ -92,7 +92,7 @@ void SectionDBInterface::GetUserSelectedSections(int index, int sectionType,
     PublicCall("GetUserSelectedSections()", [&] {
         selection.SetAtGrow(0, NoSection); // where the call fails
         CDWordArray read = selection;
-        const bool hasFile = dbsection::LookForFile(GetDBIFileName()) != ENOENT;
+        const bool hasFile = dbsection::LookForFile(dbsection::SelectionsFile()) != ENOENT;
         const CString key = hasFile ? SelectionKey(index, sectionType) : CString();
         dbsection::ReadSelection(index, key, read);
         dbsection::RequireMemory();
@@ -106,7 +106,7 @@ bool dbsection::ReadSelection(int index, const CString& table, CDWordArray& sele
         selection.SetAtGrow(0, EverySection);
         return true;
     }
-    const CString file = SectionDBInterface::GetDBIFileName();
+    const CString& file = SelectionsFile();
     std::array<char, LongestValue> buffer; // left as it is: the value is written over it
     const DWORD length = GetPrivateProfileStringA(SectionDBInterface::m_saSectionFile[index], table,
                                                   "0", buffer.data(), buffer.size(), file);

@@ -31,9 +31,24 @@ namespace {
 
 bool IsCatalogue(int index) { return index >= 1 && index <= LastCatalogueIndex; }
 
+/// The settings file, as the host or else the environment names it.
+const CString& NamedSettingsFile() {
+    static CString environments;
+    const CString& hosts = SectionDBInterface::m_szIniFileName;
+    return hosts.IsEmpty() ? environments = IniConfig::GetDbSectionCustomIniPath() : hosts;
+}
+
+/// The folder of the catalogues, as the host names it or the library was installed.
+const CString& CatalogueFolder() {
+    static CString installed;
+    const CString& hosts = SectionDBInterface::m_szSectionDBFolder;
+    return hosts.IsEmpty() ? installed = DirectoryConfig::GetVessaSectionDatabaseDirectory()
+                           : hosts;
+}
+
 /// The file of a customised catalogue beside the settings file.
 CString BesideSettingsFile(const CString& path) {
-    const PathParts settings = SplitPath(SectionDBInterface::GetINIFileName());
+    const PathParts settings = SplitPath(NamedSettingsFile());
     const PathParts file = SplitPath(path);
     return ComposePath({settings.drive, settings.folder, file.name, file.extension});
 }
@@ -47,12 +62,21 @@ bool IsThere(const CString& path) {
     return error == 0;
 }
 
+const CString& NoFile() {
+    static const CString none;
+    return none;
+}
+
+/// The path of a database file that there is, else none.
+const CString& ThereOrNone(const CString& path) {
+    return path.IsEmpty() || IsThere(path) ? path : NoFile();
+}
+
 enum class Customisation { None, Replaced, Unreadable };
 
 CString CustomisationFile() {
-    CString file = SectionDBInterface::GetINIFileName();
-    return file.IsEmpty() ? SectionDBInterface::GetDatabaseDirectoryName() + "Custom.Ini"
-                          : std::move(file);
+    const CString& file = NamedSettingsFile();
+    return file.IsEmpty() ? CatalogueFolder() + "Custom.Ini" : file;
 }
 
 /// What the settings file says of a catalogue. Where it cannot be read, none of the two files that
@@ -80,6 +104,7 @@ struct Placement {
     CString settings{}; ///< the file that follows from them, and its revision
     std::uint64_t revision = 0;
     CString path{};
+    CString pathBesideSettings{}; ///< of a replaced catalogue
     Customisation customisation = Customisation::None;
 };
 
@@ -87,11 +112,12 @@ struct Placement {
 const Placement& PlaceOf(int index) {
     static std::array<Placement, LastCatalogueIndex + 1> known;
     Placement& place = known[static_cast<std::size_t>(index)];
-    Placement now{.iniFile = SectionDBInterface::GetINIFileName(),
-                  .folder = SectionDBInterface::GetDatabaseDirectoryName()};
-    if (place.revision != 0 && now.iniFile == place.iniFile && now.folder == place.folder &&
+    const CString& iniFile = NamedSettingsFile();
+    const CString& folder = CatalogueFolder();
+    if (place.revision != 0 && iniFile == place.iniFile && folder == place.folder &&
         dbsection::ProfileRevision(place.settings) == place.revision)
         return place;
+    Placement now{.iniFile = iniFile, .folder = folder};
     now.settings = CustomisationFile();
     now.revision = dbsection::ProfileRevision(now.settings);
     CString stem = SectionDBInterface::m_saSectionFile[index];
@@ -103,6 +129,8 @@ const Placement& PlaceOf(int index) {
         now.revision = 0; // to be tried again
     else
         now.path = ComposePath({"", now.folder, stem, ".db3"});
+    if (now.customisation == Customisation::Replaced)
+        now.pathBesideSettings = BesideSettingsFile(now.path);
     return place = std::move(now);
 }
 
@@ -149,22 +177,15 @@ void SectionDBInterface::SetProfileDBFolder(CString folder) {
 }
 
 CString SectionDBInterface::GetDatabaseDirectoryName() {
-    return PublicCall("GetDatabaseDirectoryName()", [&] {
-        return m_szSectionDBFolder.IsEmpty() ? DirectoryConfig::GetVessaSectionDatabaseDirectory()
-                                             : m_szSectionDBFolder;
-    });
+    return PublicCall("GetDatabaseDirectoryName()", [] { return CatalogueFolder(); });
 }
 
 CString SectionDBInterface::GetDBIFileName() {
-    return PublicCall("GetDBIFileName()", [&] {
-        return m_szDBIFileName.IsEmpty() ? IniConfig::GetDbSectionCustomDbiPath() : m_szDBIFileName;
-    });
+    return PublicCall("GetDBIFileName()", [] { return dbsection::SelectionsFile(); });
 }
 
 CString SectionDBInterface::GetINIFileName() {
-    return PublicCall("GetINIFileName()", [&] {
-        return m_szIniFileName.IsEmpty() ? IniConfig::GetDbSectionCustomIniPath() : m_szIniFileName;
-    });
+    return PublicCall("GetINIFileName()", [] { return NamedSettingsFile(); });
 }
 
 CString SectionDBInterface::GetDatabaseUpdateLogFileName() {
@@ -173,26 +194,26 @@ CString SectionDBInterface::GetDatabaseUpdateLogFileName() {
 }
 
 CString SectionDBInterface::GetDatabaseFileName(int index) {
-    return PublicCall("GetDatabaseFileName()", [&]() -> CString {
-        CString path;
-        Customisation customisation = Customisation::None;
-        if (IsCatalogue(index)) {
-            const Placement& place = PlaceOf(index);
-            customisation = place.customisation;
-            path = place.path;
-        } else if (index == UserTableIndex) {
-            path = GetUserTableFileName();
-        } else if (index == GenericTableIndex) {
-            path = GetGenericTableFileName();
-        }
-        const dbsection::FailureWatch watch;
-        if (path.IsEmpty() || IsThere(path))
-            return path;
-        if (customisation != Customisation::Replaced || watch.HasSeenAny())
-            return {};
-        path = BesideSettingsFile(path);
-        return IsThere(path) ? path : CString();
-    });
+    return PublicCall("GetDatabaseFileName()", [&] { return dbsection::DatabaseFile(index); });
+}
+
+const CString& dbsection::SelectionsFile() {
+    static CString environments;
+    const CString& hosts = SectionDBInterface::m_szDBIFileName;
+    return hosts.IsEmpty() ? environments = IniConfig::GetDbSectionCustomDbiPath() : hosts;
+}
+
+const CString& dbsection::DatabaseFile(int index) {
+    if (index == UserTableIndex)
+        return ThereOrNone(SectionDBInterface::m_szUserTableFileName);
+    if (index == GenericTableIndex)
+        return ThereOrNone(SectionDBInterface::m_szGenericTableFileName);
+    if (!IsCatalogue(index))
+        return NoFile();
+    const FailureWatch watch;
+    const Placement& place = PlaceOf(index);
+    const CString& file = ThereOrNone(place.path);
+    return file.IsEmpty() && !watch.HasSeenAny() ? ThereOrNone(place.pathBesideSettings) : file;
 }
 
 int SectionDBInterface::IsCustomized(CString fileStem, CString& customName) {
