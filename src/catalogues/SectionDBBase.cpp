@@ -29,10 +29,8 @@ int FindTableOf(CSectionDatabase* database, const char* name, CString& table,
         const NameQuestion question = questionFor(candidate.View());
         RecordsetHandle rows;
         return dbsection::HasColumn(database, candidate, question.column) &&
-               openRecordset(&database, rows.Address(),
-                             "Select * From [" + candidate + "] WHERE " +
-                                 dbsection::ConditionOf(question),
-                             CSectionRecordset::Snapshot, 1) == 1 &&
+               dbsection::OpenRows(&database, rows.Address(), {candidate.View(), question},
+                                   CSectionRecordset::Snapshot) == 1 &&
                !rows->IsEOF();
     };
     ForEachSectionTable(database, questionFor, [&](const CString& candidate, bool isToldToHave) {
@@ -239,16 +237,18 @@ int SectionDBBase::GetSectionFieldCount(int sectionType) {
 
 void SectionDBBase::SetDatabase(CSectionDatabase* database) {
     Operation("SetDatabase()", [&] {
-        CString fileName = database == nullptr ? CString() : database->GetName();
         closeRecordset(&m_pRecordset);
         if (database == nullptr || m_bShared == 0)
             ReleaseDatabase();
         m_bShared = 1;
-        if (database != nullptr && m_pDatabase == nullptr)
-            m_pDatabase = new CSectionDatabase;
-        if (database != nullptr)
+        if (database == nullptr) {
+            m_szFileName = {};
+        } else {
+            if (m_pDatabase == nullptr)
+                m_pDatabase = new CSectionDatabase;
+            m_szFileName = database->GetName();
             m_pDatabase->ReferTo(*database);
-        m_szFileName = std::move(fileName);
+        }
         m_szTableName = {};
         m_szSQL = {};
     });

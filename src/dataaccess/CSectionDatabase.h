@@ -87,8 +87,8 @@ public:
     bool IsOpen() const;
     void Close();
 
-    /// The file name as it was given, or empty when nothing was opened.
-    CString GetName() const { return m_name; }
+    /// The file name as it was given, or empty when nothing was opened; valid until another is.
+    const CString& GetName() const { return m_name; }
 
     /// Releases what the engine holds for this object.
     void DestroyDB();

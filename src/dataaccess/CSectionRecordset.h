@@ -27,6 +27,7 @@ class CSectionDatabase;
 namespace dbsection {
 class RecordsetState;
 struct DatabaseReference;
+struct RowsOfName;
 } // namespace dbsection
 
 /// The state of a database that rows were read in: equal stamps mean that nothing has changed in
@@ -56,6 +57,9 @@ public:
     /// Runs one reading statement, or reads the table of that name. The first row is then current,
     /// or none. Snapshots cannot be edited; nor can statements over several tables.
     void Open(int openType, const char* sql, int options = 0);
+
+    /// Of use to the library alone (NameSearch.h).
+    void Open(int openType, const dbsection::RowsOfName& rows);
     void Close();
 
     /// False too when the database was closed.

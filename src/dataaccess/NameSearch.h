@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,6 +24,16 @@ struct NameQuestion {
 /// The condition of a statement that asks it.
 CString ConditionOf(const NameQuestion& question);
 
+/// The rows of a table that answer a question.
+struct RowsOfName {
+    std::string_view table;
+    NameQuestion question;
+    std::string_view restriction{}; ///< what else is asked of them, with its " AND "; maybe empty
+};
+
+/// The statement that reads them.
+std::string StatementFor(const RowsOfName& rows);
+
 /// Whether a name can stand between quotes in a statement, where a quote in it would end the text.
 /// One that cannot is reported as a statement that failed to open.
 bool IsSearchable(const CString& name);
@@ -31,6 +42,12 @@ bool IsSearchable(const CString& name);
 /// failed open: the recordset that was there is closed.
 int OpenByName(CSectionDatabase** db, CSectionRecordset** rs, const CString& name,
                const CString& sql, int openType);
+
+/// Opens the rows of a name, which is held to be searchable in the same way.
+int OpenByName(CSectionDatabase** db, CSectionRecordset** rs, const RowsOfName& rows, int openType);
+
+/// The same of a searchable name.
+int OpenRows(CSectionDatabase** db, CSectionRecordset** rs, const RowsOfName& rows, int openType);
 
 /// The number of rows that answer a question in a table.
 struct NameRows {

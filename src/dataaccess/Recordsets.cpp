@@ -1,6 +1,7 @@
 #include "dataaccess/DataAccess.h"
 
 #include "dataaccess/Guard.h"
+#include "dataaccess/NameSearch.h"
 #include "dataaccess/Observation.h"
 #include "platform/CallState.h"
 #include "platform/MessageBox.h"
@@ -14,6 +15,27 @@ using dbsection::ShowMessageBox;
 namespace {
 
 StatementObserver statementObserver = nullptr;
+
+void Tell(const char* sql, int openType) {
+    if (statementObserver == nullptr)
+        return;
+    const dbsection::HostScope host;
+    statementObserver(sql, openType);
+}
+
+/// Opens what is asked for in place of the recordset that there is.
+template <class Asked>
+int OpenNew(CSectionDatabase* db, CSectionRecordset** rs, int openType, const Asked& asked) {
+    closeRecordset(rs);
+    const int result = Guarded({"openRecordset()", "Failed to open Recordset.", -1}, [&] {
+        *rs = new CSectionRecordset(db);
+        (*rs)->Open(openType, asked);
+        return 1;
+    });
+    if (result != 1)
+        closeRecordset(rs);
+    return result;
+}
 
 bool IsUsable(CSectionRecordset** rs) { return *rs != nullptr && (*rs)->IsOpen(); }
 
@@ -70,19 +92,15 @@ int openRecordset(CSectionDatabase** db, CSectionRecordset** rs, const char* sql
                        "Error - openRecordset()");
         return -1;
     }
-    if (statementObserver != nullptr) {
-        const dbsection::HostScope host;
-        statementObserver(sql, openType);
-    }
-    closeRecordset(rs);
-    const int result = Guarded({"openRecordset()", "Failed to open Recordset.", -1}, [&] {
-        *rs = new CSectionRecordset(*db);
-        (*rs)->Open(openType, sql, 0);
-        return 1;
-    });
-    if (result != 1)
-        closeRecordset(rs);
-    return result;
+    Tell(sql, openType);
+    return OpenNew(*db, rs, openType, sql);
+}
+
+int dbsection::OpenRows(CSectionDatabase** db, CSectionRecordset** rs, const RowsOfName& rows,
+                        int openType) {
+    if (IsObserved())
+        Tell(StatementFor(rows).c_str(), openType);
+    return OpenNew(*db, rs, openType, rows);
 }
 
 void closeRecordset(CSectionRecordset** rs) {

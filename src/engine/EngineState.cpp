@@ -129,7 +129,7 @@ void EngineSlot::ReadValues(float* values, int first) const {
 }
 
 void EngineSlot::ReadFirst(float* values, int first) {
-    if (rows != nullptr && count > 0 && setRecordsetToFirst(&rows) == 1)
+    if (rows != nullptr && count > 0)
         ReadValues(values, first);
     RequireMemory();
 }

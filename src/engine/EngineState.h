@@ -50,7 +50,7 @@ struct EngineSlot {
     /// Reads the values of the current row from a column on.
     void ReadValues(float* values, int first = BookkeepingColumns) const;
 
-    /// Moves to the first row, if any, and reads its values.
+    /// Reads the values of the first row, if any, which is current since the query was run.
     void ReadFirst(float* values, int first = BookkeepingColumns);
 
 private:

@@ -31,11 +31,13 @@ void SectionDBInterface::GetAluminiumMaterialProperty(int catalogue, int type, c
             return CString(std::to_string(static_cast<int>(number)));
         };
         const CString t = dbsection::Fixed(thickness);
-        const CString sql =
-            "Select * From [" + table + "] WHERE UPPER([VessaName]) = UPPER('" + name + "') AND " +
-            t + " >= [ThLower] AND " + t + " <= [ThHigher] AND [Welded] = " + decimal(welded) +
+        const CString restriction =
+            " AND " + t + " >= [ThLower] AND " + t +
+            " <= [ThHigher] AND [Welded] = " + decimal(welded) +
             " AND [Alclad] = " + decimal(alclad) + " AND [Product] = '" + Products[product] + "'" +
             dbsection::SelectionClause(selection, dbsection::SelectionForm::And);
-        dbsection::OpenByName(db, rs, name, sql, CSectionRecordset::Snapshot);
+        const dbsection::RowsOfName wanted{
+            table.View(), {"VessaName", dbsection::NameMatch::InAnyCase, name}, restriction.View()};
+        dbsection::OpenByName(db, rs, wanted, CSectionRecordset::Snapshot);
     });
 }

@@ -7,14 +7,14 @@
 #include "dataaccess/NameSearch.h"
 #include "interface/RequireOpen.h"
 #include "interface/Selection.h"
-#include "platform/Text.h"
 #include "queries/QueryCall.h"
 #include "queries/QueryText.h"
 
 #include <optional>
-#include <string_view>
 
 using dbsection::Fixed;
+using dbsection::NameMatch;
+using dbsection::NameQuestion;
 using dbsection::QueryCall;
 using dbsection::SelectionForm;
 
@@ -104,20 +104,12 @@ std::optional<double> Average(const Target& target, const CString& column, CSect
     return average;
 }
 
-/// How a column is compared with a name: what stands before and behind it.
-struct Comparison {
-    std::string_view before;
-    std::string_view behind;
-};
-constexpr Comparison WithVessaName{"UPPER([VessaName]) = UPPER('", "')"};
-constexpr Comparison WithDesignation{"[Designation] = '", "'"};
-
-/// The statement for the selected rows of a name.
-CString ByName(const Target& target, const CString& name, const Comparison& compared) {
+/// Opens the selected rows of a name.
+int OpenByName(const Target& target, const NameQuestion& question, CSectionDatabase** db,
+               CSectionRecordset** rs, int openType) {
     const CString selected = target.Selected(SelectionForm::And);
-    return CString(
-        dbsection::Joined({"Select * From [", target.table.View(), "] WHERE ", compared.before,
-                           name.View(), compared.behind, selected.View()}));
+    return dbsection::OpenByName(db, rs, {target.table.View(), question, selected.View()},
+                                 openType);
 }
 
 } // namespace
@@ -165,9 +157,10 @@ void SectionDBInterface::GetSectionRecord(int catalogue, int type, const char* n
         if (!target)
             return;
         const CString wanted(name);
-        const CString sql =
-            ByName(target, wanted, catalogue == SteelJoistIndex ? WithDesignation : WithVessaName);
-        dbsection::OpenByName(db, rs, wanted, sql, CSectionRecordset::Snapshot);
+        const NameQuestion question = catalogue == SteelJoistIndex
+                                          ? NameQuestion{"Designation", NameMatch::Exactly, wanted}
+                                          : NameQuestion{"VessaName", NameMatch::InAnyCase, wanted};
+        OpenByName(target, question, db, rs, CSectionRecordset::Snapshot);
     });
 }
 
@@ -179,8 +172,8 @@ void SectionDBInterface::GetAssignSectionRecords(int catalogue, int type, const 
             return;
         const CString selected = target.Selected(SelectionForm::Bare);
         if (name != nullptr &&
-            dbsection::OpenByName(db, rs, name, ByName(target, name, WithVessaName),
-                                  CSectionRecordset::Dynaset) == 1 &&
+            OpenByName(target, {"VessaName", NameMatch::InAnyCase, name}, db, rs,
+                       CSectionRecordset::Dynaset) == 1 &&
             getRecordCount(rs) == 1)
             return;
         const CString area = AreaColumnOf(catalogue);

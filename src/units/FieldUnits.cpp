@@ -128,10 +128,9 @@ dbsection::FieldUnits dbsection::ReadFieldUnits(CSectionDatabase* db, const CStr
                                                 CStringArray& units) {
     if (db == nullptr || !db->IsOpen())
         return FieldUnits::None;
-    const CString sql =
-        "Select * From [Field Units] WHERE UPPER([TableName]) = UPPER('" + table + "')";
+    const RowsOfName wanted{"Field Units", {"TableName", NameMatch::InAnyCase, table}};
     RecordsetHandle rows;
-    if (OpenByName(&db, rows.Address(), table, sql, CSectionRecordset::Dynaset) != 1)
+    if (OpenByName(&db, rows.Address(), wanted, CSectionRecordset::Dynaset) != 1)
         return MayHaveFieldUnits(*db) ? FieldUnits::Unreadable : FieldUnits::None;
     FieldUnits found = FieldUnits::Unreadable;
     Guarded(FailedToRead, [&] {

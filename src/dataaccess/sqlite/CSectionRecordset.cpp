@@ -26,6 +26,10 @@ std::string StatementOf(Connection& connection, std::string text) {
     return text;
 }
 
+Editing EditingOf(int openType) {
+    return openType == CSectionRecordset::Snapshot ? Editing::No : Editing::IfPossible;
+}
+
 [[noreturn]] void FailClosed() {
     Fail(SectionError::ObjectClosed, "The recordset is closed; open it first.");
 }
@@ -50,9 +54,16 @@ void CSectionRecordset::Open(int openType, const char* sql, int /*options*/) {
         Close();
         auto session = dbsection::SessionOf(m_database);
         std::string statement = StatementOf(session->Get(), sql);
-        const Editing editing = openType == Snapshot ? Editing::No : Editing::IfPossible;
-        m_state =
-            std::make_unique<RecordsetState>(std::move(session), std::move(statement), editing);
+        m_state = std::make_unique<RecordsetState>(std::move(session), std::move(statement),
+                                                   EditingOf(openType));
+    });
+}
+
+void CSectionRecordset::Open(int openType, const dbsection::RowsOfName& rows) {
+    WithMemoryErrors([&] {
+        Close();
+        m_state = std::make_unique<RecordsetState>(dbsection::SessionOf(m_database), rows,
+                                                   EditingOf(openType));
     });
 }
 

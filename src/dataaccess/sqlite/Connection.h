@@ -5,6 +5,7 @@
 #include "dataaccess/CSectionRecordset.h"
 #include "dataaccess/CSectionTableDef.h"
 #include "dataaccess/NameSearch.h"
+#include "dataaccess/sqlite/AskedRows.h"
 #include "dataaccess/sqlite/EngineError.h"
 #include "dataaccess/sqlite/FileKey.h"
 #include "dataaccess/sqlite/KeptFiles.h"
@@ -142,10 +143,7 @@ public:
 
     /// The answer to a statement of a caller from what is kept of the file, which takes one look at
     /// it; nothing where the engine must be asked. Rows that were asked for again are kept.
-    /// `question` is what the statement asks, where it asks one table.
-    std::optional<KeptAnswer> Answer(const std::string& sql,
-                                     const std::optional<TableQuestion>& question, Editing editing,
-                                     Amount amount);
+    std::optional<KeptAnswer> Answer(const AskedRows& asked, Editing editing, Amount amount);
 
     /// What a statement delivers that was noted, in this version of the file, to have more than few
     /// rows. It is noted while it is at one of them.

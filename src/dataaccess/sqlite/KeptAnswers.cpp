@@ -19,14 +19,6 @@ KeptAnswer AllOf(const KeptFile& file, const KeptResult& result) {
     return {result.shape, RowsInUse(result.rows, 0, result.rows->Count()), StampOf(file)};
 }
 
-TableQuestion InTermsOfTables(const NameQuestion& question) {
-    using Rows = TableQuestion::Rows;
-    const Rows rows = question.match == NameMatch::Exactly      ? Rows::OfText
-                      : question.match == NameMatch::InCapitals ? Rows::OfTextInCapitals
-                                                                : Rows::OfTextInAnyCase;
-    return {.rows = rows, .column = question.column, .text = question.name};
-}
-
 std::string KeyOf(const std::string& sql, Editing editing) {
     return (editing == Editing::No ? "read " : "edit ") + sql;
 }
@@ -34,7 +26,7 @@ std::string KeyOf(const std::string& sql, Editing editing) {
 /// Appends a table where it has rows of a name; false where that is not told.
 bool AppendRows(const KeptTable& table, const NameQuestion& question,
                 std::vector<NameRows>& found) {
-    const auto count = table.Count(InTermsOfTables(question));
+    const auto count = table.Count(TableQuestion::Of(table.Name(), question));
     if (count.value_or(0) > 0)
         found.push_back({CString(table.Name()), *count});
     return count.has_value();
@@ -74,14 +66,14 @@ bool Connection::IsCurrent(const CSectionDataStamp& stamp) {
     return file != nullptr && stamp == StampOf(*file);
 }
 
-std::optional<KeptAnswer> Connection::Answer(const std::string& sql,
-                                             const std::optional<TableQuestion>& question,
-                                             Editing editing, Amount amount) {
+std::optional<KeptAnswer> Connection::Answer(const AskedRows& asked, Editing editing,
+                                             Amount amount) {
     KeptFile* file = Kept();
     if (file == nullptr)
         return std::nullopt;
-    if (question)
+    if (const auto& question = asked.Question())
         return AnswerFromTable(*file, *question, editing, amount);
+    const std::string& sql = asked.Statement();
     const std::string key = KeyOf(sql, editing);
     if (const auto kept = file->FindResult(key))
         return AllOf(*file, *kept);

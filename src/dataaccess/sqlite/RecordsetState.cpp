@@ -26,25 +26,17 @@ std::string ConditionStatement(const QueryShape& shape, std::string_view conditi
 
 } // namespace
 
-RecordsetState::RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing)
-    : m_session(std::move(session)),
-      m_sql(std::move(sql)),
-      m_question(TableQuestion::Parse(m_sql)),
-      m_editing(editing) {
-    OpenRows();
-    Visit(0);
-}
-
 /// Reads the rows, but leaves those of a whole table for later where they are to be written to,
 /// since adding rows needs none of them, or are many, since counting needs none.
 void RecordsetState::OpenRows() {
     if (TakeKeptRows(Amount::Few))
         return;
-    if (const auto rows = IsOfWholeTable() ? Engine().FindLong(m_sql, m_editing) : std::nullopt) {
+    if (const auto rows =
+            IsOfWholeTable() ? Engine().FindLong(m_asked.Statement(), m_editing) : std::nullopt) {
         LeaveRows(rows->shape, rows->stamp);
         return;
     }
-    Engine().WithFirstRow(m_sql, m_editing, [&](const ReadyQuery& query, bool atRow) {
+    Engine().WithFirstRow(m_asked.Statement(), m_editing, [&](const ReadyQuery& query, bool atRow) {
         const auto& shape = query.lease.Shape();
         if (atRow && shape->isWholeTable) {
             LeaveRows(shape, std::nullopt);
@@ -57,7 +49,7 @@ void RecordsetState::OpenRows() {
 
 /// Takes the rows that are kept of the file; false where there are none.
 bool RecordsetState::TakeKeptRows(Amount amount) {
-    auto kept = Engine().Answer(m_sql, m_question, m_editing, amount);
+    auto kept = Engine().Answer(m_asked, m_editing, amount);
     if (!kept)
         return false;
     TakeRows(std::move(kept->shape), std::move(kept->rows), kept->stamp);
@@ -89,7 +81,7 @@ void RecordsetState::LeaveRows(std::shared_ptr<const QueryShape> shape,
 void RecordsetState::ReadRows() {
     if (TakeKeptRows(Amount::Any))
         return;
-    Engine().WithFirstRow(m_sql, m_editing, [&](const ReadyQuery& query, bool atRow) {
+    Engine().WithFirstRow(m_asked.Statement(), m_editing, [&](const ReadyQuery& query, bool atRow) {
         ReadRows(query, atRow, Amount::Any);
     });
 }
@@ -103,7 +95,7 @@ void RecordsetState::ReadRows(const ReadyQuery& query, bool atRow, Amount amount
     for (; atRow; atRow = Engine().NextRow(query)) {
         if (amount == Amount::Few && rows.Count() == FewRows) {
             LeaveRows(shape, stamp);
-            Engine().NoteLong(m_sql, m_editing, query);
+            Engine().NoteLong(m_asked.Statement(), m_editing, query);
             return;
         }
         const std::size_t before = rows.TextSize();
@@ -296,8 +288,10 @@ std::optional<std::string> RecordsetState::ReadText(int column) {
 std::optional<double> RecordsetState::ReadNumber(int column) {
     RequireRows();
     RequireColumn(column);
-    if (const double* real = RealIn(StoredRow(), column); real != nullptr)
-        return *real;
+    const auto index = static_cast<std::size_t>(column);
+    if (const Cell* const cells = StoredRow(); cells != nullptr)
+        if (const double* real = RealIn(cells[index], m_shape->columns[index]); real != nullptr)
+            return *real;
     const COleVariant value = Value(column);
     if (value.vt == VT_NULL)
         return std::nullopt;
@@ -305,13 +299,18 @@ std::optional<double> RecordsetState::ReadNumber(int column) {
 }
 
 void RecordsetState::ReadNumbers(int first, std::span<double> numbers) {
+    if (numbers.empty())
+        return;
     RequireRows();
+    RequireColumn(first);
+    RequireColumn(first + static_cast<int>(numbers.size()) - 1);
     const Cell* const cells = StoredRow();
-    for (double& number : numbers) {
-        const int column = first++;
-        RequireColumn(column);
-        const double* const real = RealIn(cells, column); // most are
-        number = real != nullptr ? *real : AsNumber(Value(column));
+    const ResultColumn* const columns = m_shape->columns.data();
+    for (auto column = static_cast<std::size_t>(first); double& number : numbers) {
+        const double* const real = // most are
+            cells != nullptr ? RealIn(cells[column], columns[column]) : nullptr;
+        number = real != nullptr ? *real : AsNumber(Value(static_cast<int>(column)));
+        ++column;
     }
 }
 

@@ -1,9 +1,9 @@
 // What a recordset holds while it is open: its rows, the current row, and the edit buffer.
 #pragma once
 
+#include "dataaccess/sqlite/AskedRows.h"
 #include "dataaccess/sqlite/RowsInUse.h"
 #include "dataaccess/sqlite/Session.h"
-#include "dataaccess/sqlite/TableQuestion.h"
 #include "platform/COleVariant.h"
 
 #include <cstdint>
@@ -12,6 +12,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace dbsection {
@@ -22,7 +23,15 @@ class Transaction;
 /// many: these when they are first asked for.
 class RecordsetState {
 public:
-    RecordsetState(std::shared_ptr<Session> session, std::string sql, Editing editing);
+    /// `asked`: a statement, or the rows of a name.
+    template <class Asked>
+    RecordsetState(std::shared_ptr<Session> session, Asked&& asked, Editing editing)
+        : m_session(std::move(session)),
+          m_asked(std::forward<Asked>(asked)),
+          m_editing(editing) {
+        OpenRows();
+        Visit(0);
+    }
     RecordsetState(const RecordsetState&) = delete;
     RecordsetState& operator=(const RecordsetState&) = delete;
 
@@ -72,7 +81,8 @@ private:
 
     /// Whether the statement asks for all rows and columns of one table, in no order.
     bool IsOfWholeTable() const {
-        return m_question && m_question->rows == TableQuestion::Rows::All;
+        const auto& question = m_asked.Question();
+        return question && question->rows == TableQuestion::Rows::All;
     }
 
     void OpenRows();
@@ -112,12 +122,11 @@ private:
     const Cell* StoredRow() {
         return m_edit == Edit::None && IsAtRow() ? &m_rows.At(m_position, 0) : nullptr;
     }
-    /// A number of the stored row that needs no variant; null where it does, or there is no row.
-    const double* RealIn(const Cell* cells, int column) const {
-        const auto index = static_cast<std::size_t>(column);
-        const bool isReal = cells != nullptr && cells[index].storage == Cell::Storage::Real &&
-                            m_shape->columns[index].type == SectionField::Double;
-        return isReal ? &cells[index].real : nullptr;
+    /// A number that needs no variant, or null.
+    static const double* RealIn(const Cell& cell, const ResultColumn& column) {
+        const bool isReal =
+            cell.storage == Cell::Storage::Real && column.type == SectionField::Double;
+        return isReal ? &cell.real : nullptr;
     }
     [[noreturn]] static void FailWithoutRow();
     [[noreturn]] static void FailWithoutColumn(int column);
@@ -140,8 +149,7 @@ private:
     void ReadBackAndCommit(std::int64_t id, Transaction& transaction);
 
     std::shared_ptr<Session> m_session;
-    const std::string m_sql;
-    const std::optional<TableQuestion> m_question; ///< that the statement asks
+    const AskedRows m_asked;
     const Editing m_editing;
     std::shared_ptr<const QueryShape> m_shape;
     RowsInUse m_rows;

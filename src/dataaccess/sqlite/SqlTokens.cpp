@@ -1,21 +1,9 @@
 #include "dataaccess/sqlite/SqlTokens.h"
 
 #include <algorithm>
-#include <array>
 
 namespace dbsection {
 namespace {
-
-/// By character: whether words are made of it.
-constexpr auto WordCharacters = [] {
-    std::array<bool, 256> isOne{};
-    for (unsigned c = 0; c < isOne.size(); ++c)
-        isOne[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
-                   c == '_' || c == '$' || c >= 0x80;
-    return isOne;
-}();
-
-bool IsWordCharacter(char c) { return WordCharacters[static_cast<unsigned char>(c)]; }
 
 /// Position behind blanks and comments. A comment that is not closed is left where it is.
 std::size_t SkipBlanks(std::string_view sql, std::size_t at) {

@@ -4,12 +4,24 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace dbsection {
+
+/// By character: whether words are made of it.
+inline constexpr auto WordCharacters = [] {
+    std::array<bool, 256> isOne{};
+    for (unsigned c = 0; c < isOne.size(); ++c)
+        isOne[c] = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+                   c == '_' || c == '$' || c >= 0x80;
+    return isOne;
+}();
+
+inline bool IsWordCharacter(char c) { return WordCharacters[static_cast<unsigned char>(c)]; }
 
 enum class TokenKind : std::uint8_t {
     Word, ///< keywords, names, numbers, and bytes such as x'00'

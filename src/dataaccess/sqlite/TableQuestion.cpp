@@ -1,7 +1,9 @@
 #include "dataaccess/sqlite/TableQuestion.h"
 
 #include "dataaccess/sqlite/SqlTokens.h"
+#include "platform/Text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <sqlcipher/sqlite3.h>
 #include <utility>
@@ -9,53 +11,79 @@
 namespace dbsection {
 namespace {
 
-/// Reads a statement from its beginning on; the first text that is not as expected ends it.
+/// Reads a statement from its beginning on; the first text that is not as expected, which a comment
+/// never is, ends it.
 class QuestionReader {
 public:
-    explicit QuestionReader(std::string_view sql) : m_sql(sql), m_next(NextToken(sql, 0)) {}
+    explicit QuestionReader(std::string_view sql) : m_rest(sql) {}
 
     std::optional<TableQuestion> Read() {
-        TableQuestion question;
-        if (!(Take("SELECT") && Take('*') && Take("FROM") && TakeName(question.table)))
-            return std::nullopt;
-        if (Take("WHERE") &&
-            !(TakeCondition(question) && (!Take("AND") || TakeSelection(question))))
-            return std::nullopt;
-        return m_next ? std::nullopt : std::optional(std::move(question));
+        std::optional<TableQuestion> question(std::in_place);
+        if (!(Take("SELECT") && Take('*') && Take("FROM") && TakeName(question->table) &&
+              (!Take("WHERE") ||
+               (TakeCondition(*question) && (!Take("AND") || TakeSelection(*question)))) &&
+              IsAtEnd()))
+            question.reset();
+        return question;
     }
 
 private:
-    bool Advance(bool isAsExpected) {
-        if (isAsExpected)
-            m_next = NextToken(m_sql, m_next->End());
-        return isAsExpected;
+    /// Passes over blanks; whether nothing else is left.
+    bool IsAtEnd() {
+        while (!m_rest.empty() && IsBlank(m_rest.front()))
+            m_rest.remove_prefix(1);
+        return m_rest.empty();
     }
-    bool Take(std::string_view word) { return Advance(m_next && m_next->Is(word)); }
-    bool Take(char symbol) { return Advance(m_next && m_next->IsSymbol(symbol)); }
 
-    /// Takes what stands in quotes, unless it contains one.
-    bool TakeQuoted(TokenKind kind, std::string_view& inside) {
-        if (!m_next || m_next->kind != kind)
+    /// Takes that many characters where they are a word, or the end of one.
+    bool TakeWordOf(std::size_t size) {
+        const bool isWhole = size == m_rest.size() || !IsWordCharacter(m_rest[size]);
+        if (isWhole)
+            m_rest.remove_prefix(size);
+        return isWhole;
+    }
+
+    /// `word` is given in capitals.
+    bool Take(std::string_view word) {
+        return !IsAtEnd() && m_rest.size() >= word.size() &&
+               std::ranges::equal(m_rest.substr(0, word.size()), word, {}, ToUpper) &&
+               TakeWordOf(word.size());
+    }
+
+    bool IsNext(char symbol) { return !IsAtEnd() && m_rest.front() == symbol; }
+    bool Take(char symbol) {
+        const bool isNext = IsNext(symbol);
+        if (isNext)
+            m_rest.remove_prefix(1);
+        return isNext;
+    }
+
+    /// Takes what stands up to `close`, unless it contains that, which is then doubled.
+    bool TakeUpTo(char close, std::string_view& inside) {
+        const std::size_t end = m_rest.find(close);
+        if (end == std::string_view::npos || m_rest.substr(end + 1).starts_with(close))
             return false;
-        const char close = m_next->text.back();
-        inside = m_next->text.substr(1, m_next->text.size() - 2);
-        return Advance(inside.find(close) == std::string_view::npos);
+        inside = m_rest.substr(0, end);
+        m_rest.remove_prefix(end + 1);
+        return true;
     }
 
     /// A name without quotes may be a keyword.
-    bool TakeName(std::string_view& name) { return TakeQuoted(TokenKind::QuotedName, name); }
-    bool TakeText(std::string_view& text) { return TakeQuoted(TokenKind::Literal, text); }
+    bool TakeName(std::string_view& name) {
+        return Take('[')   ? TakeUpTo(']', name)
+               : Take('"') ? TakeUpTo('"', name)
+                           : Take('`') && TakeUpTo('`', name);
+    }
+    bool TakeText(std::string_view& text) { return Take('\'') && TakeUpTo('\'', text); }
 
     bool TakeNumber(std::int64_t& number) {
         const bool isNegative = Take('-');
-        if (!m_next || m_next->kind != TokenKind::Word)
+        if (IsAtEnd() || !IsDigit(m_rest.front()))
             return false;
-        const char* end = m_next->text.data() + m_next->text.size();
-        const auto [last, error] = std::from_chars(m_next->text.data(), end, number);
-        if (error != std::errc() || last != end)
-            return false;
+        const char* const begin = m_rest.data();
+        const auto [last, error] = std::from_chars(begin, begin + m_rest.size(), number);
         number = isNegative ? -number : number;
-        return Advance(true);
+        return error == std::errc() && TakeWordOf(static_cast<std::size_t>(last - begin));
     }
 
     bool TakeCondition(TableQuestion& question) {
@@ -70,11 +98,9 @@ private:
         }
         if (!(TakeName(question.column) && Take('=')))
             return false;
-        question.rows = Rows::OfText;
-        if (TakeText(question.text))
-            return true;
-        question.rows = Rows::OfNumber;
-        return TakeNumber(question.number);
+        question.rows = IsNext('\'') ? Rows::OfText : Rows::OfNumber;
+        return question.rows == Rows::OfText ? TakeText(question.text)
+                                             : TakeNumber(question.number);
     }
 
     bool TakeSelection(TableQuestion& question) {
@@ -87,8 +113,7 @@ private:
         return Take(')');
     }
 
-    std::string_view m_sql;
-    std::optional<Token> m_next;
+    std::string_view m_rest;
 };
 
 } // namespace
@@ -96,6 +121,13 @@ private:
 bool HasAsciiCapitals() {
     static const bool hasThem = sqlite3_compileoption_used("ENABLE_ICU") == 0;
     return hasThem;
+}
+
+TableQuestion TableQuestion::Of(std::string_view table, const NameQuestion& question) {
+    const Rows rows = question.match == NameMatch::Exactly      ? Rows::OfText
+                      : question.match == NameMatch::InCapitals ? Rows::OfTextInCapitals
+                                                                : Rows::OfTextInAnyCase;
+    return {.rows = rows, .table = table, .column = question.column, .text = question.name};
 }
 
 std::optional<TableQuestion> TableQuestion::Parse(std::string_view sql) {

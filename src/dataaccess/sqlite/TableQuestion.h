@@ -1,6 +1,8 @@
 // The statements that ask one table for rows by a name or an identifier, told by their text.
 #pragma once
 
+#include "dataaccess/NameSearch.h"
+
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -20,6 +22,9 @@ struct TableQuestion {
 
     /// Nothing where the statement is not of that form, or may not be.
     static std::optional<TableQuestion> Parse(std::string_view sql);
+
+    /// The question of a name.
+    static TableQuestion Of(std::string_view table, const NameQuestion& question);
 
     Rows rows = Rows::All;
     std::string_view table{};
