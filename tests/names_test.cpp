@@ -166,6 +166,18 @@ TEST_F(NamesTest, OnlyTablesWithTheColumnAreAsked) {
     EXPECT_EQ(Facade::GetExceptionType(), 0);
 }
 
+TEST_F(NamesTest, ANameThatIsNullIsNoSectionsAlsoWhereRowsAreKept) {
+    MakeAmerican();
+    LetSettle();
+    CString table;
+    for (int time = 0; time < 3; ++time) {
+        CUIntArray types;
+        EXPECT_EQ(Facade::GetSectionTypeFromVessaName(1, nullptr, types), 0);
+        EXPECT_EQ(Facade::GetTableNameFromSection(1, nullptr, table), 0);
+        EXPECT_EQ(Facade::GetSectionTypeFromVessaName(1, "vw1", types), 1);
+    }
+}
+
 TEST_F(NamesTest, NoLookUpTakesANameWithAQuote) {
     MakeAmerican();
     {

@@ -4,6 +4,8 @@
 #include "dataaccess/Guard.h"
 #include "platform/Text.h"
 
+#include <cstring>
+
 namespace dbsection {
 
 namespace {
@@ -38,12 +40,12 @@ std::string StatementFor(const RowsOfName& rows) {
                    rows.restriction});
 }
 
-bool IsSearchable(const CString& name) {
-    if (name.Find('\'') < 0)
+bool IsSearchable(const char* name) {
+    if (name == nullptr || std::strchr(name, '\'') == nullptr)
         return true;
     return Guarded({"openRecordset()", "Failed to open Recordset."}, [&]() -> int {
                throw new CSectionException(SectionError::BadStatement,
-                                           "The name " + name +
+                                           "The name " + CString(name) +
                                                " contains a quote; leave the quote out.");
            }) == 1;
 }

@@ -16,6 +16,12 @@ namespace dbsection {
 enum class NameMatch { Exactly, InCapitals, InAnyCase };
 
 struct NameQuestion {
+    /// A host's name may be null, and is empty then.
+    NameQuestion(const char* searchedColumn, NameMatch howAlike, const char* wantedName)
+        : column(searchedColumn),
+          match(howAlike),
+          name(wantedName == nullptr ? "" : wantedName) {}
+
     const char* column;
     NameMatch match;
     const char* name;
@@ -36,7 +42,7 @@ std::string StatementFor(const RowsOfName& rows);
 
 /// Whether a name can stand between quotes in a statement, where a quote in it would end the text.
 /// One that cannot is reported as a statement that failed to open.
-bool IsSearchable(const CString& name);
+bool IsSearchable(const char* name);
 
 /// Opens a statement that holds `name` between quotes. A name that is not searchable counts as a
 /// failed open: the recordset that was there is closed.

@@ -6,11 +6,10 @@
 namespace dbsection {
 namespace {
 
-/// Whether the statement asks what the rows say: no text in it ends where it should not, and
-/// nothing else is asked.
+/// Whether the statement asks what the rows say: nothing else is asked, and the table's name does
+/// not end before its end; a searchable name does not, either.
 bool IsPlain(const RowsOfName& rows) {
-    return rows.restriction.empty() && rows.table.find(']') == std::string_view::npos &&
-           std::string_view(rows.question.name).find('\'') == std::string_view::npos;
+    return rows.restriction.empty() && rows.table.find(']') == std::string_view::npos;
 }
 
 } // namespace
@@ -25,9 +24,8 @@ AskedRows::AskedRows(const RowsOfName& rows)
       m_column(rows.question.column),
       m_name(rows.question.name),
       m_match(rows.question.match),
-      m_question(m_statement
-                     ? TableQuestion::Parse(*m_statement)
-                     : TableQuestion::Of(m_table, {m_column.c_str(), m_match, m_name.c_str()})) {}
+      m_question(m_statement ? TableQuestion::Parse(*m_statement)
+                             : TableQuestion::Of(m_table, m_column, m_match, m_name)) {}
 
 const std::string& AskedRows::Statement() const {
     if (!m_statement)

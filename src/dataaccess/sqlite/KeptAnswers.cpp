@@ -26,7 +26,8 @@ std::string KeyOf(const std::string& sql, Editing editing) {
 /// Appends a table where it has rows of a name; false where that is not told.
 bool AppendRows(const KeptTable& table, const NameQuestion& question,
                 std::vector<NameRows>& found) {
-    const auto count = table.Count(TableQuestion::Of(table.Name(), question));
+    const auto count = table.Count(
+        TableQuestion::Of(table.Name(), question.column, question.match, question.name));
     if (count.value_or(0) > 0)
         found.push_back({CString(table.Name()), *count});
     return count.has_value();

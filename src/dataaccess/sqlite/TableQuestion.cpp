@@ -123,11 +123,12 @@ bool HasAsciiCapitals() {
     return hasThem;
 }
 
-TableQuestion TableQuestion::Of(std::string_view table, const NameQuestion& question) {
-    const Rows rows = question.match == NameMatch::Exactly      ? Rows::OfText
-                      : question.match == NameMatch::InCapitals ? Rows::OfTextInCapitals
-                                                                : Rows::OfTextInAnyCase;
-    return {.rows = rows, .table = table, .column = question.column, .text = question.name};
+TableQuestion TableQuestion::Of(std::string_view table, std::string_view column, NameMatch match,
+                                std::string_view name) {
+    const Rows rows = match == NameMatch::Exactly      ? Rows::OfText
+                      : match == NameMatch::InCapitals ? Rows::OfTextInCapitals
+                                                       : Rows::OfTextInAnyCase;
+    return {.rows = rows, .table = table, .column = column, .text = name};
 }
 
 std::optional<TableQuestion> TableQuestion::Parse(std::string_view sql) {

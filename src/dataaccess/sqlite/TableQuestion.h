@@ -24,7 +24,8 @@ struct TableQuestion {
     static std::optional<TableQuestion> Parse(std::string_view sql);
 
     /// The question of a name.
-    static TableQuestion Of(std::string_view table, const NameQuestion& question);
+    static TableQuestion Of(std::string_view table, std::string_view column, NameMatch match,
+                            std::string_view name);
 
     Rows rows = Rows::All;
     std::string_view table{};
