@@ -67,11 +67,23 @@ int KeptTable::FindId(std::int64_t id) const {
 }
 
 const TextIndex& KeptTable::Index(int column) const {
+    const ColumnIndex* last = m_lastIndex.load(std::memory_order_acquire);
+    if (const TextIndex* known = FindIndex(last, column))
+        return *known;
     const std::lock_guard lock(m_guard);
-    const auto place = m_indexes.find(column);
-    return place != m_indexes.end()
-               ? place->second
-               : m_indexes.try_emplace(column, *m_readOnly.rows, column).first->second;
+    last = m_lastIndex.load(std::memory_order_relaxed);
+    if (const TextIndex* known = FindIndex(last, column)) // made by another thread meanwhile
+        return *known;
+    m_indexes.push_front({{*m_readOnly.rows, column}, column, last});
+    m_lastIndex.store(&m_indexes.front(), std::memory_order_release);
+    return m_indexes.front().index;
+}
+
+const TextIndex* KeptTable::FindIndex(const ColumnIndex* last, int column) {
+    for (; last != nullptr; last = last->before)
+        if (last->column == column)
+            return &last->index;
+    return nullptr;
 }
 
 /// Whether its values are the identifiers of the rows.

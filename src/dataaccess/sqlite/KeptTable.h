@@ -5,7 +5,8 @@
 #include "dataaccess/sqlite/Statement.h"
 #include "dataaccess/sqlite/TableQuestion.h"
 
-#include <map>
+#include <atomic>
+#include <forward_list>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -86,19 +87,27 @@ private:
         int count = 0;
     };
 
+    struct ColumnIndex {
+        TextIndex index;
+        int column;
+        const ColumnIndex* before; ///< the one that was made before it
+    };
+
     int FindColumn(std::string_view name) const;
     int FindId(std::int64_t id) const;
     bool IsRecordId(int column) const;
     bool IsSelected(const TableQuestion& question, int row) const;
     std::optional<FoundRows> Search(const TableQuestion& question) const;
     const TextIndex& Index(int column) const;
+    static const TextIndex* FindIndex(const ColumnIndex* last, int column);
 
     std::string m_name;
     KeptResult m_readOnly;
     KeptResult m_editable;
-    bool m_hasIds; ///< identifiers, and in their order
-    mutable std::mutex m_guard;
-    mutable std::map<int, TextIndex> m_indexes; ///< by column
+    bool m_hasIds;                                    ///< identifiers, and in their order
+    mutable std::mutex m_guard;                       ///< of the list, which only grows
+    mutable std::forward_list<ColumnIndex> m_indexes; ///< of the columns that were searched
+    mutable std::atomic<const ColumnIndex*> m_lastIndex = nullptr; ///< readers need no lock
 };
 
 } // namespace dbsection
