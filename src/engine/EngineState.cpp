@@ -83,19 +83,18 @@ std::optional<Factors> ReadFactors(const Conversion& conversion) {
 }
 
 /// The factors of a table as they were when a database had that stamp; they are kept as long as
-/// nothing changes, since the engine asks for one section after the other.
-std::optional<Factors> FindFactors(const Conversion& conversion, const CSectionDataStamp& stamp) {
+/// nothing changes, since the engine asks for one section after the other. Null when the units
+/// cannot be read; valid until the next call.
+const Factors* FindFactors(const Conversion& conversion, const CSectionDataStamp& stamp) {
     static std::map<Conversion, Factors> kept;
     static CSectionDataStamp keptStamp;
     if (keptStamp != stamp)
         kept.clear();
     keptStamp = stamp;
     if (const auto place = kept.find(conversion); place != kept.end())
-        return place->second;
+        return &place->second;
     const auto factors = ReadFactors(conversion);
-    if (factors)
-        kept.emplace(conversion, *factors);
-    return factors;
+    return factors ? &kept.emplace(conversion, *factors).first->second : nullptr;
 }
 
 } // namespace
@@ -109,8 +108,11 @@ bool EngineSlot::ConvertTo(int lengthUnit, int forceUnit, int first) {
                                 lengthUnit, forceUnit,
                                 first,      std::min(BookkeepingColumns + valueCount, Columns)};
     const auto stamp = rows == nullptr ? std::nullopt : rows->GetDataStamp();
-    const auto columns = stamp ? FindFactors(conversion, *stamp) : ReadFactors(conversion);
-    if (!columns)
+    const auto unkept = stamp ? std::nullopt : ReadFactors(conversion);
+    const Factors* const columns = stamp    ? FindFactors(conversion, *stamp)
+                                   : unkept ? &*unkept
+                                            : nullptr;
+    if (columns == nullptr)
         return false;
     std::copy(columns->begin() + BookkeepingColumns, columns->end(),
               factors.begin() + BookkeepingColumns);

@@ -37,6 +37,31 @@ int RefuseToLeaveTransaction() {
     });
 }
 
+/// Opens a catalogue, unless `*ppDb` has it open. Returns 1, or 0 where it cannot be opened.
+int Open(int index, CSectionDatabase** ppDb) {
+    const CString& path = dbsection::DatabaseFile(index);
+    if (path.IsEmpty())
+        return 0;
+    const int held = ppDb == &gblSectionDatabase ? dbsection::CatalogueInTransaction() : 0;
+    if (held != 0 && held != index)
+        return RefuseToLeaveTransaction();
+    int result = 1;
+    if (held == 0 &&
+        (index != SectionDBInterface::m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen())) {
+        const CString file = path; // a host that is told of a failure may change the settings
+        SectionDBInterface::CloseSectionDatabase(ppDb);
+        result = openDatabase(ppDb, file, 1, 0, 0, SectionDBInterface::m_szPassword, nullptr);
+    }
+    SectionDBInterface::m_nCountry = index;
+    SectionDBInterface::InitSectionDBInterface();
+    return result == 1 ? 1 : 0;
+}
+
+/// The library-wide database, on a catalogue; null where that cannot be opened.
+CSectionDatabase* LibraryWide(int index) {
+    return Open(index, &gblSectionDatabase) == 1 ? gblSectionDatabase : nullptr;
+}
+
 } // namespace
 
 void SectionDBInterface::InitSectionDBInterface() {
@@ -75,23 +100,7 @@ void SectionDBInterface::CloseGblSectionDBObject(int flag) {
 }
 
 int SectionDBInterface::OpenSectionDatabase(int index, CSectionDatabase** ppDb) {
-    return PublicCall("OpenSectionDatabase()", [&] {
-        const CString& path = dbsection::DatabaseFile(index);
-        if (path.IsEmpty())
-            return 0;
-        const int held = ppDb == &gblSectionDatabase ? dbsection::CatalogueInTransaction() : 0;
-        if (held != 0 && held != index)
-            return RefuseToLeaveTransaction();
-        int result = 1;
-        if (held == 0 && (index != m_nCountry || *ppDb == nullptr || !(*ppDb)->IsOpen())) {
-            const CString file = path; // a host that is told of a failure may change the settings
-            CloseSectionDatabase(ppDb);
-            result = openDatabase(ppDb, file, 1, 0, 0, m_szPassword, nullptr);
-        }
-        m_nCountry = index;
-        InitSectionDBInterface();
-        return result == 1 ? 1 : 0;
-    });
+    return PublicCall("OpenSectionDatabase()", [&] { return Open(index, ppDb); });
 }
 
 void SectionDBInterface::CloseSectionDatabase(CSectionDatabase** ppDb) {
@@ -99,9 +108,7 @@ void SectionDBInterface::CloseSectionDatabase(CSectionDatabase** ppDb) {
 }
 
 CSectionDatabase* SectionDBInterface::GetDatabasePtr(int index) {
-    return PublicCall("GetDatabasePtr()", [&] {
-        return OpenSectionDatabase(index, &gblSectionDatabase) == 1 ? gblSectionDatabase : nullptr;
-    });
+    return PublicCall("GetDatabasePtr()", [&] { return LibraryWide(index); });
 }
 
 SectionDBBase* SectionDBInterface::AttachedCatalogue(int index, CSectionDatabase* db) {
@@ -115,7 +122,7 @@ SectionDBBase* SectionDBInterface::AttachedCatalogue(int index, CSectionDatabase
 }
 
 SectionDBBase* SectionDBInterface::OpenCatalogue(int index) {
-    return AttachedCatalogue(index, GetDatabasePtr(index));
+    return AttachedCatalogue(index, LibraryWide(index));
 }
 
 SectionDBBase* SectionDBInterface::OpenCatalogue(int index, int workingType) {

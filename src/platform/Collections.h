@@ -50,9 +50,12 @@ public:
     void SetAtGrow(int index, T value) {
         if (index < 0)
             dbsection::ThrowInvalidArgument();
-        if (index >= GetSize())
-            SetSize(index + 1);
-        SetAt(index, std::move(value));
+        if (index > GetSize())
+            SetSize(index);
+        if (index == GetSize())
+            Add(std::move(value));
+        else
+            SetAt(index, std::move(value));
     }
 
     const T& operator[](int index) const { return GetAt(index); }

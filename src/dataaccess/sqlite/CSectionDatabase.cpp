@@ -107,6 +107,10 @@ CSectionDatabase& CSectionDatabase::operator=(const CSectionDatabase& other) {
 CSectionDatabase::~CSectionDatabase() = default;
 
 void CSectionDatabase::ReferTo(const CSectionDatabase& other) {
+    const bool refersToIt = m_reference->session != nullptr && m_reference->keeper == nullptr &&
+                            m_reference->session == other.m_reference->session;
+    if (refersToIt) // its name and workspace are the session's
+        return;
     *this = other;
     m_reference->keeper.reset();
 }
