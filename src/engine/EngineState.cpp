@@ -130,7 +130,7 @@ void EngineSlot::ReadValues(float* values, int first) const {
                              static_cast<double>(factors[static_cast<std::size_t>(first) + i]));
 }
 
-void EngineSlot::ReadFirst(float* values, int first) {
+void EngineSlot::ReadFirst(float* values, int first) const {
     if (rows != nullptr && count > 0)
         ReadValues(values, first);
     RequireMemory();

@@ -51,7 +51,7 @@ struct EngineSlot {
     void ReadValues(float* values, int first = BookkeepingColumns) const;
 
     /// Reads the values of the first row, if any, which is current since the query was run.
-    void ReadFirst(float* values, int first = BookkeepingColumns);
+    void ReadFirst(float* values, int first = BookkeepingColumns) const;
 
 private:
     void Count();
